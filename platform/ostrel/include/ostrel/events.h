@@ -1,0 +1,83 @@
+/*
+ * Named events and periodic timers of the store.
+ *
+ * An event has a name of at most 31 characters and carries a payload of at most 256 bytes. A thread attaches to the
+ * events that it wants; each attachment has its own queue. A timer is an event that the store's server raises
+ * periodically; a period that was missed is not made up for. Event ids are positive, belong to this process and stay
+ * the same for a name to the end of the process, also when another store takes the old one's place.
+ */
+#ifndef OSTREL_EVENTS_H
+#define OSTREL_EVENTS_H
+
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Results that callers tell apart. */
+#define OSTREL_EVENT_QUIET (-253)    /* event_wait: nothing came within a second */
+#define OSTREL_EVENT_EXISTS (-256)   /* event_create_timer: there is an event of that name */
+#define OSTREL_EVENT_ATTACHED (-261) /* the calling thread is attached to it already */
+#define OSTREL_EVENT_NO_STORE (-250)
+#define OSTREL_EVENT_UNKNOWN (-251)
+#define OSTREL_EVENT_FULL (-252)
+#define OSTREL_EVENT_INVALID (-254)
+
+/*
+ * Looks for a timer of that period. 0: there is one, `name` (32 bytes) and *eid are filled; else *eid stays as it was.
+ */
+short int find_ms_timer(int interval_ms, char* name, int* eid);
+
+/*
+ * Makes a timer event. *(int*)interval is its period in milliseconds, from 10 to 3600000. The numbers between name and
+ * interval are the depth of its queue, and three that are passed as 0, 1 and 0 and mean nothing here. 0: *eid is its
+ * id.
+ */
+short int event_create_timer(char* name, unsigned short depth, unsigned short reserved0, unsigned short reserved1,
+                             unsigned char reserved2, void* interval, int* eid);
+
+/* Makes a plain event. 0: made, or there already; *eid (may be null) is its id. */
+short int ostrel_event_create(const char* name, int* eid);
+
+/*
+ * Attaches the calling thread to an event, with a queue of `max_queued` (1 to 256; what is outside is taken as the
+ * nearer end). A full queue drops its oldest entry. 0, or OSTREL_EVENT_ATTACHED: *eid is the id. A thread that ends is
+ * detached from all.
+ */
+short int event_attach(const char* name, unsigned short max_queued, int* eid);
+
+/* Detaches the calling thread. */
+short int event_detach(int eid);
+
+/*
+ * Blocks the calling thread until an event comes that it is attached to: 0, *eid is the event and `buffer` holds the
+ * first `size` bytes of the payload, filled up with zeros. OSTREL_EVENT_QUIET after a second without one, also with
+ * no store, so that the caller can look up.
+ */
+short int event_wait(void* buffer, size_t size, int* eid);
+
+/* Raises an event, with `size` bytes of payload (null and 0 for none). */
+short int event_set(int eid, void* data, size_t size);
+short int event_set_name(char* name, void* data, size_t size);
+
+/* The id of an existing event. */
+short int event_get_id(char* name, int* eid);
+
+/* One event as ostrel_event_info() tells it. */
+typedef struct ostrel_event_info_t {
+    char name[32];
+    int period_ms;             /* 0 for a plain event */
+    int attached;              /* threads */
+    unsigned long long raised; /* times */
+    unsigned long long dropped;
+} ostrel_event_info_t;
+
+/* The event at position `index` (from 0). 0, or non-zero beyond the last one. Positions may shift between calls. */
+short int ostrel_event_info(int index, ostrel_event_info_t* info);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

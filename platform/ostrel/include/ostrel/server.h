@@ -1,0 +1,80 @@
+/*
+ * Serving a store: for the one process that keeps it.
+ *
+ * The server makes the store or adopts the one that a dead server left: values, slots and clients' pointers stay. It
+ * fills it in a reconfiguration: begin, put every variable that shall exist, commit. It beats at least twice a second.
+ * The functions of one server are called from one thread. Timers run on a thread of the server's own.
+ */
+#ifndef OSTREL_SERVER_H
+#define OSTREL_SERVER_H
+
+#include <stddef.h>
+#include <sys/types.h>
+
+#include <ostrel/records.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef struct ostrel_server ostrel_server;
+
+typedef struct ostrel_server_options {
+    const char* name;      /* of the store; null makes a private store of this process, which then uses it itself */
+    const char* cell_file; /* shown to clients; may be null */
+    const char* log_file;  /* log_error() of every client writes there; may be null */
+    int mode;              /* access to the shared memory, 0600 where 0 */
+    gid_t group;           /* its group, where group_given is 1 */
+    int group_given;
+} ostrel_server_options;
+
+/* Null on failure; `message` then says why in one line, for instance that another server (pid) keeps the store. */
+ostrel_server* ostrel_server_open(const ostrel_server_options* options, char* message, size_t message_size);
+
+/* Ends the store cleanly: clients keep what they have linked, the name is free again. Frees `server`. */
+void ostrel_server_close(ostrel_server* server);
+
+/* 1 when the store was left by a dead server and adopted. */
+int ostrel_server_adopted(const ostrel_server* server);
+
+/* Shows that the server is alive and scanning. */
+void ostrel_server_beat(ostrel_server* server);
+
+/* Starts a reconfiguration of one area, or of all with -1, and announces it. Variables not put again until commit go.
+ */
+void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area);
+
+/*
+ * Puts a variable. A name that the section has, active or retired, keeps its slot and its values; a new one gets a
+ * free slot, and a retired name's slot only where no other is free. Returns the record, with label, shm_id and index
+ * set, `*created` 1 where the other fields are zero and for the caller to fill. Null where `label` is no name (an
+ * identifier; one with a point at its end for a kind with members), stands already, or the section is full: `message`
+ * says which.
+ */
+void* ostrel_server_put(ostrel_server* server, SM_AREA_ID area, SM_VARI_TYPE kind, const char* label, int* created,
+                        char* message, size_t message_size);
+
+/*
+ * Puts an array with `dimensions` (1 to 3) sizes, 1 to 2500 each. `*elements` is the first of its element records,
+ * in row-major order. An array that stays with another shape gets new elements.
+ */
+void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const char* label, int dimensions,
+                              const unsigned short* sizes, void** elements, int* created, char* message,
+                              size_t message_size);
+
+/* Puts an alias for a full name that is put too, before or after. Null as above; a dangling alias fails in commit. */
+ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias, const char* target, int primary,
+                                        char* message, size_t message_size);
+
+/* Limits that get_limit_info() tells; NUM_LIMIT_TYPES entries each. */
+void ostrel_server_set_limits(ostrel_server* server, const char* label, const double* limits, const short int* exists,
+                              const short int* display);
+
+/* Makes the names known, retires what was not put, counts the reconfiguration and announces its end. */
+void ostrel_server_commit(ostrel_server* server);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
