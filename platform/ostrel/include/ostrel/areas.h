@@ -25,6 +25,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+#pragma GCC visibility push(default)
 
 /* The kind of a variable, and so the record that its handle leads to. */
 typedef enum _sm_vari_type {
@@ -169,6 +170,7 @@ const ostrel_section* ostrel_section_of(SM_AREA_ID area, SM_VARI_TYPE kind);
 /* Records that the store in use has room for in that section; 0 without a store or without such a section. */
 int ostrel_section_capacity(SM_AREA_ID area, SM_VARI_TYPE kind);
 
+#pragma GCC visibility pop
 #ifdef __cplusplus
 }
 #endif

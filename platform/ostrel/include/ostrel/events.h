@@ -14,6 +14,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+#pragma GCC visibility push(default)
 
 /* Results that callers tell apart. */
 #define OSTREL_EVENT_QUIET (-253)    /* event_wait: nothing came within a second */
@@ -76,6 +77,7 @@ typedef struct ostrel_event_info_t {
 /* The event at position `index` (from 0). 0, or non-zero beyond the last one. Positions may shift between calls. */
 short int ostrel_event_info(int index, ostrel_event_info_t* info);
 
+#pragma GCC visibility pop
 #ifdef __cplusplus
 }
 #endif

@@ -7,6 +7,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+#pragma GCC visibility push(default)
 
 /*
  * Writes one line: time, program, pid, source file and line, status, and the text that `format` gives. `level` is
@@ -15,6 +16,7 @@ extern "C" {
 void log_error(const char* file, int line, int level, int status, const char* format, ...)
     __attribute__((format(printf, 5, 6)));
 
+#pragma GCC visibility pop
 #ifdef __cplusplus
 }
 #endif

@@ -16,6 +16,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+#pragma GCC visibility push(default)
 
 typedef struct ostrel_server ostrel_server;
 
@@ -73,6 +74,7 @@ void ostrel_server_set_limits(ostrel_server* server, const char* label, const do
 /* Makes the names known, retires what was not put, counts the reconfiguration and announces its end. */
 void ostrel_server_commit(ostrel_server* server);
 
+#pragma GCC visibility pop
 #ifdef __cplusplus
 }
 #endif

@@ -17,6 +17,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+#pragma GCC visibility push(default)
 
 /* ---- Looking up ------------------------------------------------------------------------------------------------- */
 
@@ -142,6 +143,7 @@ typedef struct ostrel_store_status {
 /* Looks at the store, attaching to it where that has become possible. Returns `found`. */
 int ostrel_store_get_status(ostrel_store_status* status);
 
+#pragma GCC visibility pop
 #ifdef __cplusplus
 }
 #endif

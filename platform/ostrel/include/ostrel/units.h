@@ -9,6 +9,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+#pragma GCC visibility push(default)
 
 typedef char UNITS_NAME[16];
 
@@ -34,6 +35,7 @@ short int units_keyword_to_code(char* keyword, int* code);
 short int LV_get_units(char* units, short int* count, char (*keywords)[16]);
 short int LV_get_units2(char* units, short int* count, UNITS_NAME* keywords);
 
+#pragma GCC visibility pop
 #ifdef __cplusplus
 }
 #endif
