@@ -1,14 +1,38 @@
-// The memory of the events as the store sees it: bytes that lie in a shared object of their own.
-#pragma once
+/*
+ * The event memory of a store, as the server that keeps the store sees it.
+ */
+#ifndef OSTREL_EVENTMEMORY_H
+#define OSTREL_EVENTMEMORY_H
 
 #include <cstddef>
+#include <memory>
 
-namespace ostrel {
-
-// Bytes that the events of one store need.
+/* Bytes that the events of one store need. Most of them are never touched: keep them sparse. */
 size_t eventMemorySize();
 
-// Makes zeroed memory of that size ready for use, before any other process can see it.
+/* Makes zeroed memory of that size ready. Called once, by the server that makes the store, before clients see it. */
 void formatEventMemory(void* memory);
 
-}  // namespace ostrel
+/*
+ * Detaches the threads of processes that died, gives their places free. For the server's periodic look; a server that
+ * adopts a store calls it at once too.
+ */
+void reclaimDeadThreads(void* memory);
+
+/*
+ * Raises the timer events found in the memory, from a thread of its own, as long as it lives. Timers that clients make
+ * later are found within 20 ms. The memory stays mapped until the destructor has returned.
+ */
+class TimerService {
+public:
+    explicit TimerService(void* memory);
+    ~TimerService();
+    TimerService(const TimerService&) = delete;
+    TimerService& operator=(const TimerService&) = delete;
+
+private:
+    class Loop;
+    std::unique_ptr<Loop> m_loop;
+};
+
+#endif
