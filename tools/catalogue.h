@@ -1,0 +1,27 @@
+/*
+ * All variables of the store, read from its sections.
+ */
+#pragma once
+
+#include <ostrel/areas.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "variable.h"
+
+struct CatalogueEntry {
+    const ostrel_section* section;
+    Variable variable;
+    std::vector<std::string> aliases;  // of the variable itself, not of its members or elements
+};
+
+// In the order of the sections. A variable that comes or goes meanwhile may be missing or stand there once more.
+std::vector<CatalogueEntry> catalogue();
+
+// Other names by the full name that each stands for.
+std::multimap<std::string, std::string> aliases();
+
+// Every name that can be asked for, aliases included, members and elements not.
+std::vector<std::string> knownNames();

@@ -1,0 +1,26 @@
+/*
+ * The events of the store, as they are at one moment.
+ */
+#pragma once
+
+#include <ostrel/events.h>
+
+#include <string>
+#include <vector>
+
+#include "fieldtext.h"
+
+inline std::vector<ostrel_event_info_t> eventList() {
+    std::vector<ostrel_event_info_t> events;
+    ostrel_event_info_t info{};
+    for (int i = 0; ostrel_event_info(i, &info) == 0; ++i)
+        events.push_back(info);
+    return events;
+}
+
+inline std::vector<std::string> eventNames() {
+    std::vector<std::string> names;
+    for (const auto& event : eventList())
+        names.push_back(fieldText(event.name));
+    return names;
+}

@@ -1,0 +1,11 @@
+/*
+ * How a command of `ostrel` fails: with one line for people, "culprit: what is wrong; what would be right". The program
+ * name is put before it where it is printed.
+ */
+#pragma once
+
+#include <stdexcept>
+
+class Failure : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};

@@ -1,0 +1,25 @@
+/*
+ * What a variable holds: its value for machines, the text that an operator would see, and the units.
+ */
+#pragma once
+
+#include <string>
+
+#include "json.h"
+#include "variable.h"
+
+struct Reading {
+    Json value;  // a number, true or false, a text; null for a whole variable
+    std::string text;
+    std::string units;
+};
+
+// Reads it, in its own units where `units` is empty. Throws Failure where it cannot be converted to them.
+Reading read(const Variable& variable, const std::string& units = {});
+
+// What the variable's two states are called; empty for a kind that is not logical.
+struct StateNames {
+    std::string whenTrue;
+    std::string whenFalse;
+};
+StateNames stateNames(const Variable& variable);

@@ -1,0 +1,12 @@
+/*
+ * Reaching the store that a command works with.
+ */
+#pragma once
+
+#include <ostrel/store.h>
+
+#include <string>
+
+// Chooses the store of that name (empty: OSTREL_STORE, else "cell"). Throws Failure where it is not running. Tells on
+// standard error where its server has died, since the values then stand still.
+ostrel_store_status openStore(const std::string& name);
