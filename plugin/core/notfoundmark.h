@@ -1,0 +1,17 @@
+// The mark of a widget whose variable the store does not know.
+#ifndef OSTREL_CORE_NOTFOUNDMARK_H
+#define OSTREL_CORE_NOTFOUNDMARK_H
+
+#include <QLabel>
+#include <QString>
+
+// Gives the label the mark's picture: the one that the site installed where forms expect it, else the library's own.
+void preparePicture(QLabel* iconLabel);
+
+// Shows or hides the mark, and the words for it as tool tip of `tipOwner`, in place of the form's own.
+void showNotFoundMark(bool show, QLabel* iconLabel, QWidget* tipOwner, const QString& toolTip);
+
+// The tool tip alone.
+void showNotFoundToolTip(bool show, QWidget* tipOwner, const QString& toolTip);
+
+#endif

@@ -1,0 +1,20 @@
+// Texts in the store's records, which need no terminating zero when they fill their field.
+#ifndef OSTREL_CORE_RECORDTEXT_H
+#define OSTREL_CORE_RECORDTEXT_H
+
+#include <QString>
+#include <cstring>
+
+template <size_t size>
+QString recordText(const char (&field)[size]) {
+    return QString::fromUtf8(field, static_cast<int>(strnlen(field, size)));
+}
+
+// Copies a text of the GUI into a fixed field of this process, always terminated.
+template <size_t size>
+void copyText(char (&field)[size], const QByteArray& text) {
+    std::memset(field, 0, size);
+    std::strncpy(field, text.constData(), size - 1);
+}
+
+#endif

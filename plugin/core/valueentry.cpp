@@ -1,0 +1,68 @@
+#include "core/valueentry.h"
+
+#include <ostrel/store.h>
+#include <ostrel/units.h>
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QInputDialog>
+#include <QRegularExpression>
+
+#include "core/recordtext.h"
+
+namespace {
+
+constexpr int lowest = -2147483647;
+constexpr int highest = 2147483647;
+constexpr int standardDecimals = 6;
+
+QString title(const QString& name) {
+    return QCoreApplication::translate("ValueEntry", "Enter new value for %1").arg(name);
+}
+
+QString label(const QString& name, const QString& units) {
+    return QCoreApplication::translate("ValueEntry", "Enter a new value for %1 in the form of %2 units.")
+        .arg(name, units.toUpper());
+}
+
+QString unitsShown(const char* displayUnits, const QString& recordUnits) {
+    return *displayUnits ? QString::fromLatin1(displayUnits) : recordUnits;
+}
+
+}  // namespace
+
+int formatDecimals(const QString& format) {
+    const QString decimals = format.section(QLatin1Char('.'), 1, 1);
+    static const QRegularExpression letter(QStringLiteral("[A-Za-z]"));
+    bool ok = false;
+    const int number = decimals.split(letter).first().toInt(&ok);
+    return ok ? number : standardDecimals;
+}
+
+void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VARIABLE* record, int decimals) {
+    bool ok = false;
+    const QString units = unitsShown(displayUnits, recordText(record->units));
+    double value =
+        QInputDialog::getDouble(parent, title(name), label(name, units), record->value, lowest, highest, decimals, &ok);
+    if (!ok)
+        return;
+    if (*displayUnits && units_dbl_keyword_convrt(value, displayUnits, &value, record->units) != 0) {
+        qDebug("Error converting value");
+        return;
+    }
+    set_real_variable(record, value);
+}
+
+void enterInteger(QWidget* parent, const QString& name, char* displayUnits, INTEGER_VARIABLE* record,
+                  char* recordUnits) {
+    bool ok = false;
+    const QString units = unitsShown(displayUnits, recordText(record->units));
+    int value = QInputDialog::getInt(parent, title(name), label(name, units), record->value, lowest, highest, 1, &ok);
+    if (!ok)
+        return;
+    if (*displayUnits && units_lng_keyword_convrt(value, displayUnits, &value, recordUnits) != 0) {
+        qDebug("Error converting value");
+        return;
+    }
+    set_integer(record, value);
+}

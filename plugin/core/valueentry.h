@@ -1,0 +1,21 @@
+// Asking the operator for a new value, and writing it.
+#ifndef OSTREL_CORE_VALUEENTRY_H
+#define OSTREL_CORE_VALUEENTRY_H
+
+#include <ostrel/records.h>
+
+#include <QString>
+#include <QWidget>
+
+// Decimals that a record's format shows: the number behind its point, 6 where there is none.
+int formatDecimals(const QString& format);
+
+// Asks for a real value and writes it. A value is entered in `displayUnits` where these are not empty, and converted
+// to the record's own before the write; what cannot be converted is not written. The start value is the raw one.
+void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VARIABLE* record, int decimals);
+
+// The same for an integer; `recordUnits` is what a value in display units is converted to.
+void enterInteger(QWidget* parent, const QString& name, char* displayUnits, INTEGER_VARIABLE* record,
+                  char* recordUnits);
+
+#endif

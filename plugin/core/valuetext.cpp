@@ -1,0 +1,81 @@
+#include "core/valuetext.h"
+
+#include <QDebug>
+#include <QSet>
+#include <charconv>
+#include <cstring>
+
+namespace {
+
+bool isOneOf(char c, const char* set) {
+    return c != '\0' && std::strchr(set, c) != nullptr;
+}
+
+// True when `format` holds exactly one conversion, and that one of `conversions`. A double may carry the length
+// modifier l, which changes nothing.
+bool isOneConversion(const QByteArray& format, const char* conversions, bool allowLong) {
+    int found = 0;
+    for (const char* p = format.constData(); *p; ++p) {
+        if (*p != '%')
+            continue;
+        ++p;
+        if (*p == '%')
+            continue;
+        while (isOneOf(*p, "-+ #0"))
+            ++p;
+        while (isOneOf(*p, "0123456789"))
+            ++p;
+        if (*p == '.')
+            do
+                ++p;
+            while (isOneOf(*p, "0123456789"));
+        if (allowLong && *p == 'l')
+            ++p;
+        if (!isOneOf(*p, conversions))
+            return false;
+        ++found;
+    }
+    return found == 1;
+}
+
+QByteArray checkedFormat(const char* format, size_t size, const char* conversions, const char* standIn, bool allowLong,
+                         const QString& variable) {
+    const QByteArray text(format, static_cast<int>(strnlen(format, size)));
+    if (isOneConversion(text, conversions, allowLong))
+        return text;
+    static QSet<QString> reported;
+    if (!reported.contains(variable)) {
+        reported.insert(variable);
+        qDebug("%s: the display format \"%s\" does not fit the value; using \"%s\"", qPrintable(variable),
+               text.constData(), standIn);
+    }
+    return standIn;
+}
+
+}  // namespace
+
+QString valueText(const char* format, size_t size, double value, const QString& variable) {
+    const QByteArray checked = checkedFormat(format, size, "eEfFgGaA", "%g", true, variable);
+    return QString::asprintf(checked.constData(), value);
+}
+
+QString valueText(const char* format, size_t size, int value, const QString& variable) {
+    const QByteArray checked = checkedFormat(format, size, "diuxXo", "%d", false, variable);
+    return QString::asprintf(checked.constData(), value);
+}
+
+double leadingNumber(const QString& text) {
+    const QByteArray bytes = text.trimmed().toLatin1();
+    const char* begin = bytes.constData();
+    if (*begin == '+')
+        ++begin;
+    double number = 0.0;
+    std::from_chars(begin, bytes.constData() + bytes.size(), number);
+    return number;
+}
+
+void shortenNumber(QString& text) {
+    const float number = static_cast<float>(leadingNumber(text));
+    if (number != 0.0f)
+        text = QString::asprintf("%G", static_cast<double>(number));
+}

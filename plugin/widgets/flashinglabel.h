@@ -1,0 +1,22 @@
+// The label of the value widgets.
+#ifndef FLASHINGLABEL_H
+#define FLASHINGLABEL_H
+
+#include <QLabel>
+#include <QPalette>
+
+#include "widgets/labelstyle.h"
+
+class Q_DECL_EXPORT FlashingLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit FlashingLabel(QWidget* parent = nullptr);
+    ~FlashingLabel() override;
+
+private:
+    LabelStyle* myStyle;  // owned
+    QPalette myPalette;
+};
+
+#endif

@@ -1,0 +1,9 @@
+#include "widgets/labelstyle.h"
+
+#include <QPainter>
+
+void LabelStyle::drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& pal, bool enabled,
+                              const QString& text, QPalette::ColorRole) const {
+    painter->setPen(enabled ? pal.color(QPalette::Active, QPalette::Text) : QColor(0, 0, 0, 255));
+    painter->drawText(rect, flags, text);
+}

@@ -1,0 +1,248 @@
+#include "widgets/zel_value.h"
+
+#include <ostrel-display/uifilewriter.h>
+#include <ostrel/store.h>
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "core/names.h"
+#include "core/notfoundmark.h"
+#include "core/recordtext.h"
+#include "core/valueentry.h"
+#include "fabric/timermoderator.h"
+#include "ui_zel_value.h"
+
+ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
+    ui->setupUi(this);
+    preparePicture(ui->iconLabel);
+    _initFlag = false;
+    _unitsVis = true;
+    _smartTicks = false;
+    _updateRate = 1000;
+    _lastValue = -99999.0;
+    _oldName = notSet;
+    _height = ui->frame->height();
+    _width = ui->frame->width();
+    className.append(QStringLiteral("ZelValue"));
+    QPalette blackText = ui->value->palette();
+    blackText.setBrush(QPalette::Text, QBrush(Qt::black));
+    ui->value->setPalette(blackText);
+    flashOn = false;
+    _varType = static_cast<QT_OSTREL_FLAGS>(QT_OSTREL_ANY & ~QT_OSTREL_STRING);
+    if (!RemoteDisplay)
+        ui->value->installEventFilter(this);
+    limit_status = nullptr;
+    m_readOnly = false;
+    setFont(QApplication::font());
+    ui->iconLabel->hide();
+    iconShown = false;
+}
+
+ZelValue::~ZelValue() {
+    delete ui;
+}
+
+int ZelValue::isValidVarType(const QString& name) const {
+    return acceptVariable(name, {REAL_TYPE, INT_TYPE, LOGI_TYPE, STAT_TYPE, COMP_TYPE, PROP_TYPE, EMIS_TYPE,
+                                 REAL_ARRAY_TYPE, INT_ARRAY_TYPE, LOGI_ARRAY_TYPE});
+}
+
+void ZelValue::setName(const QString& name) {
+    const int validVarType = isValidVarType(name);
+    const QString name_used = validVarType == VariableRefused ? _name : name;
+    setIconShown(validVarType == VariableUnknown && name_used != notSet);
+
+    VAR_FIND_STATUS status = setupVariable(name_used);
+    if (status == VARIABLE_NOTFOUND) {
+        ui->value->setText(QStringLiteral("-"));
+        ui->units_label->setText(QString());
+        clearMem();
+        TimerModerator::releaseFromTimer(this, getSampleRate());
+    } else if (status == VARIABLE_FOUND && !unitsChanged && !ptrToOstrelVarChanged()) {
+        ui->name->setText(_name);
+    } else {
+        status = rebind(status);
+    }
+    updateUIName(status, name_used, false);
+    resize(size());
+    sample(true);
+    update();
+}
+
+VAR_FIND_STATUS ZelValue::rebind(VAR_FIND_STATUS status) {
+    if (status == VARIABLE_CHANGED) {
+        setUnits(QString());
+        TimerModerator::releaseFromTimer(this);
+    }
+    updateFirst_ = true;
+    switch (_mem.vari_type) {
+        case STRING_TYPE:
+            _checkLimit = false;
+            ui->units_label->setText(QString());
+            break;
+        case STRING_ARRAY_TYPE:
+            limit_status = nullptr;
+            _checkLimit = false;
+            status = VARIABLE_NOTFOUND;
+            break;
+        default: {
+            const RecordView view = viewRecord();
+            if (!view.known) {
+                status = VARIABLE_NOTFOUND;
+                break;
+            }
+            limit_status = view.limits;
+            _checkLimit = _mem.vari_type != LOGI_TYPE;
+            if (view.memberFormat)
+                copyText(formatString, QByteArray(view.memberFormat,
+                                                  static_cast<int>(strnlen(view.memberFormat, sizeof(formatString)))));
+            showNameAndUnits(view);
+            break;
+        }
+    }
+    unitsChanged = false;
+    TimerModerator::requestTimer(this, getSampleRate());
+    return status;
+}
+
+void ZelValue::showNameAndUnits(const RecordView& view) {
+    const bool hasUnits = _unitsVis && _mem.vari_type != LOGI_TYPE;
+    ui->units_label->setVisible(hasUnits);
+    if (hasUnits) {
+        const QString asked = getUnits();
+        const QString own = view.units ? recordText(*view.units).toUpper() : QString();
+        ui->units_label->setText(asked.isEmpty() || asked == notSet ? own : asked);
+    }
+    ui->name->setText(_name);
+    if (_mem.vari_type == LOGI_TYPE)
+        ui->units_label->setText(QString());
+}
+
+void ZelValue::ostrelTimerEvent(int interval) {
+    if (interval == getSampleRate() && !_pause && !_cfg_in_progress)
+        sample(false);
+    if (interval == flashInterval)
+        flash();
+}
+
+void ZelValue::sample(bool startup) {
+    if (_cfg_in_progress)
+        return;
+    if (updateFirst_ && _unitsVis)
+        ui->units_label->show();
+    // The units have a label of their own.
+    if (const QString* text = sampleReal(true)) {
+        const QString shown = text->trimmed();
+        if (shown != ui->value->text())
+            ui->value->setText(shown);
+    }
+    if (_ptr)
+        checkStatus(startup);
+}
+
+void ZelValue::sample() {
+    sample(false);
+}
+
+void ZelValue::setColor(const QColor& color) {
+    const QColor wanted = color.isValid() ? color : ui->value->palette().color(QPalette::Text);
+    if (wanted == _color)
+        return;
+    QPalette palette = ui->value->palette();
+    QColor readable = wanted;
+    if (wanted == palette.color(QPalette::Base))
+        readable = wanted == Qt::black ? Qt::white : Qt::black;
+    palette.setColor(QPalette::Text, readable);
+    _color = wanted;
+    ui->value->setPalette(palette);
+    writer->cacheProperty(className, objectName(), "color", wanted, _initFlag);
+}
+
+void ZelValue::setBColor(QColor color) {
+    _bcolor = color;
+    QPalette own = palette();
+    own.setColor(QPalette::Window, color);
+    setPalette(own);
+    ui->frame_bcolor->setPalette(own);
+    writer->cacheProperty(className, objectName(), "backColor", color, _initFlag);
+}
+
+void ZelValue::setMyFont(const QFont& font) {
+    setNameFont(font);
+}
+
+void ZelValue::setNameFont(const QFont& font) {
+    ui->name->setFont(font);
+    ui->units_label->setFont(font);
+    writer->cachePropertyFont(className, objectName(), "nameFont", font, _initFlag);
+}
+
+QFont ZelValue::getNameFont() const {
+    return ui->name->font();
+}
+
+void ZelValue::setValueFont(const QFont& font) {
+    ui->value->setFont(font);
+    writer->cachePropertyFont(className, objectName(), "valueFont", font, _initFlag);
+}
+
+QFont ZelValue::getValueFont() const {
+    return ui->value->font();
+}
+
+void ZelValue::setReadOnly(bool readOnly) {
+    ui->value->setReadOnly(readOnly);
+    m_readOnly = readOnly;
+    writer->cacheProperty(className, objectName(), "readOnly", readOnly, _initFlag);
+}
+
+void ZelValue::setToolTip(const QString& toolTip) {
+    _toolTip = toolTip;
+    ui->frame->setToolTip(toolTip);
+    if (iconShown)
+        showVarNotFoundToolTip(true);
+    writer->cacheProperty(className, objectName(), "toolTip", toolTip, _initFlag);
+}
+
+void ZelValue::showVarNotFoundToolTip(bool show) {
+    showNotFoundToolTip(show, ui->frame, _toolTip);
+}
+
+void ZelValue::setIconShown(bool show) {
+    showNotFoundMark(show, ui->iconLabel, ui->frame, _toolTip);
+    iconShown = show;
+}
+
+bool ZelValue::eventFilter(QObject* obj, QEvent* event) {
+    if (!RemoteDisplay && obj == ui->value && event->type() == QEvent::MouseButtonDblClick && !m_readOnly)
+        handleWriteValue(nullptr);
+    return QObject::eventFilter(obj, event);
+}
+
+bool ZelValue::allowsWriteAcess() {
+    return true;
+}
+
+void ZelValue::handleWriteValue(QObject*) {
+    if (RemoteDisplay)
+        return;
+    if (!_ptr) {
+        QMessageBox::information(this, tr("Error"), tr("Please select a variable first."));
+        return;
+    }
+    switch (_mem.vari_type) {
+        case REAL_TYPE:
+            enterReal(this, _name, _units, rptr, formatDecimals(recordText(rptr->display_format)));
+            break;
+        case INT_TYPE:
+            // Kept: the target units are those of the last real variable that the widget was bound to.
+            enterInteger(this, _name, _units, iptr, rptr ? rptr->units : iptr->units);
+            break;
+        case LOGI_TYPE:
+            set_logical_variable(lptr, !_llastValue, 0, nullptr);
+            break;
+        default:
+            break;
+    }
+}

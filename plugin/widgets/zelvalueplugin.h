@@ -1,0 +1,15 @@
+#ifndef ZELVALUEPLUGIN_H
+#define ZELVALUEPLUGIN_H
+
+#include "collection/widgetplugin.h"
+
+class Q_DECL_EXPORT ZelValuePlugin : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelValuePlugin(QObject* parent = nullptr);
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+#endif
