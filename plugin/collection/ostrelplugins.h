@@ -2,9 +2,9 @@
 #ifndef OSTRELPLUGINS_H
 #define OSTRELPLUGINS_H
 
-#include <QDesignerCustomWidgetCollectionInterface>
 #include <QList>
 #include <QObject>
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
 // Makes the plug-in objects and destroys them; the widgets that they build belong to whoever asked for them.
 class Q_DECL_EXPORT OstrelPlugins : public QObject, public QDesignerCustomWidgetCollectionInterface {

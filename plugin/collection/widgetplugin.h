@@ -2,8 +2,8 @@
 #ifndef WIDGETPLUGIN_H
 #define WIDGETPLUGIN_H
 
-#include <QDesignerCustomWidgetInterface>
 #include <QObject>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
 // Describes the widget that a plug-in builds. All texts are literals.
 struct WidgetDescription {

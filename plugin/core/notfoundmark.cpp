@@ -3,8 +3,7 @@
 #include <QPixmap>
 
 void preparePicture(QLabel* iconLabel) {
-    const QPixmap* picture = iconLabel->pixmap();
-    if (!picture || picture->isNull())
+    if (iconLabel->pixmap(Qt::ReturnByValue).isNull())
         iconLabel->setPixmap(QPixmap(QStringLiteral(":/marks/notfound.png")));
 }
 

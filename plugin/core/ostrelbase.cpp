@@ -100,11 +100,11 @@ void OstrelBase::set_custom_toolTip(QString& text) {
 
 void OstrelBase::handleWriteValue(QObject*) {}
 
-void OstrelBase::setDisplayAlias(const bool& display) {
-    _displayAlias = display;
+void OstrelBase::setDisplayAlias(const bool& shown) {
+    _displayAlias = shown;
     if (_ptr)
         setName(_name);
-    writer->cacheProperty(className, objectName(), "displayAlias", display, _initFlag);
+    writer->cacheProperty(className, objectName(), "displayAlias", shown, _initFlag);
 }
 
 void OstrelBase::setLockVariable(bool lock) {

@@ -104,7 +104,7 @@ public:
     // The record's status word, or -1 where there is none to tell.
     short getStatus() const;
     // Shows the alias of a variable, or its own name. A bound widget follows at once.
-    void setDisplayAlias(const bool& display);
+    void setDisplayAlias(const bool& shown);
     void setLockVariable(bool lock);
     // The label of the record that a handle leads to; "unsupported" for a kind without one.
     QString getNameFromShmem(SHARED_MEMORY* mem) const;

@@ -104,10 +104,10 @@ void OstrelBase::mouseMoveEvent(QMouseEvent* event) {
         return;
     if ((event->pos() - _dragStartPosition).manhattanLength() < QApplication::startDragDistance())
         return;
-    auto* data = new QMimeData;
-    data->setText(_name);
+    auto* text = new QMimeData;
+    text->setText(_name);
     auto* drag = new QDrag(this);
-    drag->setMimeData(data);
+    drag->setMimeData(text);
     drag->exec(Qt::CopyAction | Qt::MoveAction);
 }
 
