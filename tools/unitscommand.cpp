@@ -11,9 +11,9 @@
 
 namespace {
 
-// Codes are given from 1 on without great gaps; a site may add some of its own.
+// The platform numbers its own keywords below 10000; those of a site follow.
 std::vector<std::string> allKeywords() {
-    constexpr int lastCode = 4096;
+    constexpr int lastCode = 20000;
     std::vector<std::string> keywords;
     for (int code = 1; code <= lastCode; ++code) {
         UNITS_NAME keyword = "";
