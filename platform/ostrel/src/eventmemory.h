@@ -14,6 +14,12 @@ size_t eventMemorySize();
 void formatEventMemory(void* memory);
 
 /*
+ * Raises an event in that memory, whatever store the process itself uses: a server that replaces a store tells the
+ * clients of the old one. The results are those of event_set_name(). Formatting made the event "config".
+ */
+short int raiseEventIn(void* memory, const char* name, const void* data, size_t size);
+
+/*
  * Detaches the threads of processes that died, gives their places free. For the server's periodic look; a server that
  * adopts a store calls it at once too.
  */

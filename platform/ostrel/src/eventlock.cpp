@@ -1,0 +1,60 @@
+#include "eventlock.h"
+
+#include <linux/futex.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#include <cerrno>
+#include <climits>
+
+std::int64_t monotonicNow() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
+}
+
+timespec toTimespec(std::int64_t nanoseconds) {
+    return {nanoseconds / nanosecondsPerSecond, nanoseconds % nanosecondsPerSecond};
+}
+
+void sleepOnWord(FutexWord& word, std::uint32_t seen, std::int64_t deadline) {
+    const timespec until = toTimespec(deadline);
+    // FUTEX_WAIT_BITSET is the one that takes an absolute time: a signal in between does not make the sleep longer.
+    syscall(SYS_futex, &word, FUTEX_WAIT_BITSET, seen, &until, nullptr, FUTEX_BITSET_MATCH_ANY);
+}
+
+void wakeWord(FutexWord& word) {
+    syscall(SYS_futex, &word, FUTEX_WAKE, INT_MAX, nullptr, nullptr, 0);
+}
+
+bool isUsable(const EventLayout& memory) {
+    return memory.magic == eventMagic && memory.version == eventLayoutVersion &&
+           memory.layoutSize == sizeof(EventLayout) && memory.guard == eventGuard;
+}
+
+/* The dead owner may have raised events without waking the threads that sleep for them. */
+static void wakeAll(EventLayout& memory) {
+    for (ThreadPlace& place : memory.threads) {
+        if (place.used == 1) {
+            place.sleeping = 0;
+            place.wakeups.fetch_add(1, std::memory_order_relaxed);  // Read under the lock, or compared by the kernel.
+            wakeWord(place.wakeups);
+        }
+    }
+}
+
+EventLock::EventLock(EventLayout& memory, std::int64_t deadline) : m_memory(memory), m_held(false) {
+    if (!isUsable(memory))
+        return;
+    const timespec until = toTimespec(deadline);
+    const int result = pthread_mutex_clocklock(&memory.lock, CLOCK_MONOTONIC, &until);
+    if (result == EOWNERDEAD) {
+        pthread_mutex_consistent(&memory.lock);
+        wakeAll(memory);
+    }
+    m_held = result == 0 || result == EOWNERDEAD;
+}
+
+EventLock::~EventLock() {
+    if (m_held)
+        pthread_mutex_unlock(&m_memory.lock);
+}

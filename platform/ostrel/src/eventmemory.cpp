@@ -1,0 +1,36 @@
+#include "eventmemory.h"
+
+#include <ostrel/events.h>
+
+#include "eventlock.h"
+#include "eventtable.h"
+
+size_t eventMemorySize() {
+    return sizeof(EventLayout);
+}
+
+void formatEventMemory(void* memory) {
+    EventLayout& layout = *static_cast<EventLayout*>(memory);
+    pthread_mutexattr_t attributes;
+    pthread_mutexattr_init(&attributes);
+    pthread_mutexattr_setpshared(&attributes, PTHREAD_PROCESS_SHARED);
+    pthread_mutexattr_setrobust(&attributes, PTHREAD_MUTEX_ROBUST);
+    pthread_mutex_init(&layout.lock, &attributes);
+    pthread_mutexattr_destroy(&attributes);
+    layout.version = eventLayoutVersion;
+    layout.layoutSize = sizeof(EventLayout);
+    layout.guard = eventGuard;
+    addEvent(layout, configEventName, 0);
+    publish(layout.magic, eventMagic);
+}
+
+short int raiseEventIn(void* memory, const char* name, const void* data, size_t size) {
+    const auto eventName = toEventName(name);
+    if (!eventName || !isPayload(data, size))
+        return OSTREL_EVENT_INVALID;
+    return raiseEvent(*static_cast<EventLayout*>(memory), *eventName, data, size);
+}
+
+void reclaimDeadThreads(void* memory) {
+    releaseDeadPlaces(*static_cast<EventLayout*>(memory));
+}
