@@ -1,0 +1,70 @@
+/*
+ * All unit keywords of this process: the built-in table and what the site adds. It is filled before it is shared and
+ * constant from then on, so look-ups need no lock.
+ */
+#ifndef OSTREL_UNITSCATALOGUE_H
+#define OSTREL_UNITSCATALOGUE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+/* The characters of a keyword in upper case, filled up with zeros: compared and hashed in two words. */
+struct UnitKey {
+    uint64_t low = 0;
+    uint64_t high = 0;
+
+    bool operator==(const UnitKey&) const = default;
+};
+
+struct Unit {
+    std::string keyword;
+    UnitKey key;
+    int code;
+    std::size_t group;
+    std::size_t position;  // in its group
+    std::string expression;
+};
+
+class UnitsCatalogue {
+public:
+    /* The built-in keywords. */
+    UnitsCatalogue();
+
+    /*
+     * Adds a keyword, in upper case, to a group that is made where there is none of the name. Returns null, or why it
+     * cannot be: then nothing has changed.
+     */
+    const char* add(std::string_view keyword, int code, std::string_view group, std::string_view expression);
+
+    /* Null for what is no keyword, such as null. The empty text finds NONE. */
+    const Unit* find(const char* keyword) const;
+    const Unit* find(int code) const;
+
+    std::size_t groupCount() const { return groups_.size(); }
+    const std::vector<const Unit*>& group(std::size_t index) const { return groups_[index]; }
+
+    /* The first keyword of the group with that name; null for no such group. */
+    const Unit* firstOfGroup(std::string_view name) const;
+
+private:
+    struct Slot {
+        UnitKey key;
+        const Unit* unit = nullptr;
+    };
+
+    std::size_t slotOf(const UnitKey& key) const;
+    void grow();
+
+    std::deque<Unit> units_;
+    std::vector<std::vector<const Unit*>> groups_;
+    std::unordered_map<std::string, std::size_t> group_of_name_;
+    std::unordered_map<int, const Unit*> unit_of_code_;
+    std::vector<Slot> slots_;  // open addressing by key; a power of two, at most half full
+};
+
+#endif
