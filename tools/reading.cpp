@@ -3,6 +3,7 @@
 #include <ostrel/store.h>
 #include <ostrel/units.h>
 
+#include <algorithm>
 #include <concepts>
 #include <cstdio>
 #include <optional>
@@ -113,22 +114,21 @@ std::optional<std::string> words(const Variable& variable, const Record& record)
     return std::nullopt;
 }
 
-// Whether `format` is text around one conversion of `conversions`, without a star: what printf may be given.
+// Whether `format` is text around one conversion of `conversions`, with flags, width and precision at most: what printf
+// may be given.
 bool isSafeFormat(std::string_view format, std::string_view conversions) {
-    int found = 0;
-    for (size_t i = 0; i < format.size(); ++i) {
-        if (format[i] != '%')
-            continue;
-        if (i + 1 < format.size() && format[i + 1] == '%') {
-            ++i;
-            continue;
-        }
-        i = format.find_first_not_of("-+ #0123456789.", i + 1);
-        if (i == std::string_view::npos || conversions.find(format[i]) == std::string_view::npos)
-            return false;
-        ++found;
-    }
-    return found == 1;
+    const auto skip = [&](size_t at, std::string_view characters) {
+        return std::min(format.find_first_not_of(characters, at), format.size());
+    };
+    constexpr std::string_view digits = "0123456789";
+    const size_t percent = format.find('%');
+    if (percent == std::string_view::npos)
+        return false;
+    size_t at = skip(skip(percent + 1, "-+ #0"), digits);
+    if (at < format.size() && format[at] == '.')
+        at = skip(at + 1, digits);
+    return at < format.size() && conversions.find(format[at]) != std::string_view::npos &&
+           format.find('%', at) == std::string_view::npos;
 }
 
 template <class Value>

@@ -1,0 +1,75 @@
+#include <csignal>
+
+#include "toolstest.h"
+
+using Status = ToolsTest;
+
+TEST_F(Status, TellsTheStoreItsServerAndItsEvents) {
+    const QJsonObject status = json({"status"}).object();
+    EXPECT_EQ(status["store"].toString().toStdString(), store());
+    EXPECT_EQ(status["alive"], QJsonValue(true));
+    EXPECT_EQ(status["server_pid"].toInt(), cell().pid());
+    EXPECT_EQ(status["cell_file"].toString().toStdString(), TOOLS_CELL_FILE);
+    EXPECT_EQ(status["variables"].toInt(), 18);
+    EXPECT_GE(status["heartbeat_age_s"].toDouble(), 0);
+    QStringList names;
+    for (const QJsonValue& event : status["events"].toArray())
+        names << event.toObject()["name"].toString();
+    EXPECT_TRUE(names.contains("PURGE"));
+    EXPECT_TRUE(names.contains("config"));
+}
+
+TEST_F(Status, IsALineAFactForPeople) {
+    const Outcome outcome = ostrel({"status"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.lines()[0], "store            " + store());
+    EXPECT_EQ(outcome.lines()[1], "alive            yes");
+}
+
+TEST_F(Status, FailsWhenTheServerHasDied) {
+    cell().signal(SIGKILL);
+    cell().finish();
+    const Outcome outcome = ostrel({"status"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.lines()[1], "alive            no");
+    EXPECT_EQ(outcome.errors, "ostrel: store '" + store() +
+                                  "': its server has died and the values stand still; start ostrel-cell again to go on "
+                                  "with them\n");
+    EXPECT_EQ(ostrel({"get", "CYCLES"}).output, "CYCLES 42\n");
+    startCell();
+    EXPECT_EQ(ostrel({"status"}).status, 0);
+}
+
+TEST_F(Status, SaysWhatToDoWithoutAStore) {
+    const std::string name = freshStoreName();
+    for (const Arguments& words : {Arguments{"status"},
+                                   {"list"},
+                                   {"get", "A"},
+                                   {"set", "A", "1"},
+                                   {"watch", "A"},
+                                   {"info", "A"},
+                                   {"event", "raise", "A"},
+                                   {"event", "wait", "A"}}) {
+        Arguments all{OSTREL_PROGRAM, "--store", name};
+        all.insert(all.end(), words.begin(), words.end());
+        const Outcome outcome = run(all);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.errors, "ostrel: no store named '" + name +
+                                      "' is running; start one with ostrel-cell FILE.toml --store " + name + "\n");
+    }
+}
+
+TEST_F(Status, TakesTheStoreFromTheEnvironment) {
+    setenv("OSTREL_STORE", store().c_str(), 1);
+    const Outcome outcome = run({OSTREL_PROGRAM, "get", "CYCLES"});
+    unsetenv("OSTREL_STORE");
+    EXPECT_EQ(outcome.output, "CYCLES 42\n");
+}
+
+TEST_F(Status, ForgetsAStoreThatEndedCleanly) {
+    cell().signal(SIGTERM);
+    EXPECT_EQ(cell().finish().status, 0);
+    EXPECT_EQ(ostrel({"get", "CYCLES"}).status, 1);
+    startCell();
+}
