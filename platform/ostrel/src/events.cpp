@@ -3,18 +3,13 @@
 #include <cstring>
 #include <new>
 
-#include "attachment.h"
 #include "eventlock.h"
 #include "eventregistry.h"
+#include "eventsinuse.h"
 #include "eventtable.h"
 #include "eventthread.h"
 
 namespace {
-
-EventLayout* memoryInUse() {
-    const Attachment* store = attachment();
-    return store ? static_cast<EventLayout*>(store->eventMemory()) : nullptr;
-}
 
 /* Runs an operation for a C caller: no exception gets out. */
 template <class Operation>
@@ -30,7 +25,7 @@ short int answer(Operation operation) noexcept {
 template <class Operation>
 short int answerLocked(Operation operation) noexcept {
     return answer([&]() -> short int {
-        EventLayout* memory = memoryInUse();
+        EventLayout* memory = eventsInUse().memory;
         if (!memory)
             return OSTREL_EVENT_NO_STORE;
         const EventLock lock(*memory);
@@ -39,7 +34,7 @@ short int answerLocked(Operation operation) noexcept {
 }
 
 short int raise(const EventName& name, const void* data, std::size_t size) {
-    EventLayout* memory = memoryInUse();
+    EventLayout* memory = eventsInUse().memory;
     return memory ? raiseEvent(*memory, name, data, size) : static_cast<short int>(OSTREL_EVENT_NO_STORE);
 }
 
@@ -123,7 +118,7 @@ short int event_set(int eid, void* data, size_t size) {
         return OSTREL_EVENT_INVALID;
     const auto name = nameOfEvent(eid);
     if (!name)
-        return memoryInUse() ? OSTREL_EVENT_UNKNOWN : OSTREL_EVENT_NO_STORE;
+        return eventsInUse().memory ? OSTREL_EVENT_UNKNOWN : OSTREL_EVENT_NO_STORE;
     return raise(*name, data, size);
 }
 

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "attachment.h"
 #include "eventlock.h"
 #include "eventowner.h"
 #include "eventregistry.h"
+#include "eventsinuse.h"
 #include "eventtable.h"
 
 namespace {
@@ -78,7 +78,7 @@ short int ThreadEvents::attachLocked(const EventName& name, unsigned depth, int&
 short int ThreadEvents::detach(int id) {
     const auto found = std::ranges::find(m_attached, id, &Attached::id);
     if (found == m_attached.end())
-        return attachment() ? OSTREL_EVENT_UNKNOWN : OSTREL_EVENT_NO_STORE;
+        return eventsInUse().memory ? OSTREL_EVENT_UNKNOWN : OSTREL_EVENT_NO_STORE;
     if (m_memory && found->event >= 0) {
         const EventLock lock(*m_memory);
         if (lock.held() && ownsPlace(*m_memory, m_place, m_identity))
@@ -172,14 +172,13 @@ bool ThreadEvents::takeAnnouncement(void* buffer, std::size_t size, int& id) {
 }
 
 short int ThreadEvents::moveToStoreInUse() {
-    const Attachment* store = attachment();
-    auto* memory = store ? static_cast<EventLayout*>(store->eventMemory()) : nullptr;
-    if (!memory)
+    const EventsInUse inUse = eventsInUse();
+    if (!inUse.memory)
         return OSTREL_EVENT_NO_STORE;
-    if (memory == m_memory && store->instance() == m_instance)
+    if (inUse.memory == m_memory && inUse.instance == m_instance)
         return 0;
     leave();
-    return enter(*memory, store->instance());
+    return enter(*inUse.memory, inUse.instance);
 }
 
 short int ThreadEvents::enter(EventLayout& memory, std::uint64_t instance) {
