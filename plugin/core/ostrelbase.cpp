@@ -12,6 +12,7 @@
 
 OstrelBase::OstrelBase(QWidget* parent) : QWidget(parent) {
     qRegisterMetaType<size_t>("size_t");
+    TimerModerator::forgetFormerOwner(this);
     ensureFormWriter();
     _group = notSet;
     _backupName = notSet;

@@ -1,0 +1,25 @@
+// A thin frame for widgets of logical variables.
+#ifndef OSTREL_LOGICAL_BASE_H
+#define OSTREL_LOGICAL_BASE_H
+
+#include "core/ostrelbase.h"
+
+// A subclass supplies setName() and sample(), which do nothing here.
+class Q_DECL_EXPORT ostrel_logical_base : public OstrelBase {
+    Q_OBJECT
+
+public:
+    explicit ostrel_logical_base(QWidget* parent = nullptr);
+
+    void setName(const QString& name) override;
+
+public Q_SLOTS:
+    void ostrelTimerEvent(int interval) override;
+    virtual void sample();
+
+protected:
+    LOGICAL_VARIABLE* lptr = nullptr;
+    QString svalue;
+};
+
+#endif

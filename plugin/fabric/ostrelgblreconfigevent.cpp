@@ -1,0 +1,116 @@
+#include "fabric/ostrelgblreconfigevent.h"
+
+#include <ostrel/events.h>
+#include <ostrel/log.h>
+
+#include <cstring>
+
+#include "core/glostrelbase.h"
+#include "core/ostrelbase.h"
+#include "fabric/hostflags.h"
+#include "fabric/ostrelvariabledatainput.h"
+
+namespace {
+
+constexpr int allAreas = -1;
+constexpr unsigned int startState = 1;
+constexpr unsigned int endState = 0;
+
+// Where the log says that this failure happened: the same in every release, so that filters of the log go on working.
+constexpr const char* logFile = "ostrelgblreconfigevent.cpp";
+constexpr int logLine = 66;
+
+}  // namespace
+
+OstrelGblConfigEvent::OstrelGblConfigEvent(SM_AREA_ID memcode, QObject* parent)
+    : OstrelEvent("config", sizeof(GLOBAL_CONFIG_EVENT), 1, parent),
+      mem_handles{},
+      Config_going_on{},
+      Some_config(0),
+      Shmem_link_needed(0),
+      mem_code(memcode) {
+    report(memcode);
+}
+
+// The thread reads what the GUI thread sets here.
+void OstrelGblConfigEvent::report(SM_AREA_ID memcode) {
+    for (int area = 0; area < MAX_NUM_SHRD_MEM; ++area)
+        if (memcode == allAreas || memcode == area)
+            std::atomic_ref<short int>(mem_handles[area]).store(1);
+}
+
+bool OstrelGblConfigEvent::reports(int memcode) const {
+    if (memcode == allAreas)
+        return true;
+    if (memcode < 0 || memcode >= MAX_NUM_SHRD_MEM)
+        return false;
+    return std::atomic_ref<short int>(mem_handles[memcode]).load() == 1;
+}
+
+void OstrelGblConfigEvent::subscribe(QObject* plugin) {
+    connect(this, SIGNAL(gblConfigEvent(short, short)), plugin, SLOT(globalConfigEvent(short, short)));
+    plugins->append(plugin);
+}
+
+void OstrelGblConfigEvent::addCallGRC(OstrelBase* plugin, SM_AREA_ID memcode) {
+    addCallGRC(static_cast<QWidget*>(plugin), memcode);
+}
+
+void OstrelGblConfigEvent::addCallGRC(QWidget* plugin, SM_AREA_ID memcode) {
+    if (!plugin)
+        return;
+    report(memcode);
+    report(ALIAS_MEM);
+    subscribe(plugin);
+}
+
+void OstrelGblConfigEvent::addCallGRC(GLOstrelBase* plugin, SM_AREA_ID memcode) {
+    if (!plugin)
+        return;
+    report(memcode);
+    subscribe(plugin);
+}
+
+void OstrelGblConfigEvent::addCallGRC(OstrelVariableDataInput* plugin, SM_AREA_ID memcode) {
+    if (!plugin)
+        return;
+    report(memcode);
+    report(ALIAS_MEM);
+    if (!hasPlugin(plugin))
+        subscribe(plugin);
+}
+
+void OstrelGblConfigEvent::execute() {
+    while (!isRunning() || !storeIsReady())
+        msleep(100);
+    attachToEvent();
+    int count = 0;
+    while (!closeShop) {
+        int inEID = -1;
+        status = event_wait(eventBuffer, eventBufferSize, &inEID);
+        if (status == 0) {
+            if (inEID == eventId && !formIsBeingDesigned()) {
+                GLOBAL_CONFIG_EVENT event;
+                std::memcpy(&event, eventBuffer, sizeof(event));
+                passOn(event);
+            }
+            count = 0;
+        } else if (count <= 5) {
+            // One pause in a run of failures keeps a broken event service from taking the processor.
+            if (++count == 5)
+                msleep(100);
+        } else {
+            if (status != OSTREL_EVENT_QUIET)
+                log_error(logFile, logLine, 1, status, "received %i while waiting for event", status);
+            count = 0;
+        }
+    }
+}
+
+void OstrelGblConfigEvent::passOn(const GLOBAL_CONFIG_EVENT& event) {
+    const auto area = static_cast<short>(event.memcode);
+    if (event.new_state == startState && reports(area))
+        Q_EMIT gblConfigEvent(1, area);
+    else if (event.new_state == endState)
+        Q_EMIT gblConfigEvent(0, area);
+}

@@ -1,0 +1,6 @@
+#include "fabric/signalslotsingleton.h"
+
+SignalSlotSingleton& SignalSlotSingleton::getInstance() {
+    static SignalSlotSingleton instance;
+    return instance;
+}

@@ -1,0 +1,16 @@
+#ifndef TIMERWIDGETPLUGIN_H
+#define TIMERWIDGETPLUGIN_H
+
+#include "collection/widgetplugin.h"
+
+// Stands in no collection: a form has no use for a moderator of its own.
+class Q_DECL_EXPORT TimerWidgetPlugin : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit TimerWidgetPlugin(QObject* parent = nullptr);
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+#endif
