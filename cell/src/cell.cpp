@@ -1,0 +1,111 @@
+// The plain C face of the library.
+#include <ostrelcell/cell.h>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <string>
+
+#include "cellfile.h"
+#include "embedding.h"
+#include "servedcell.h"
+
+struct ostrel_cell {
+    std::unique_ptr<ostrelcell::ServedCell> served;
+};
+
+namespace {
+
+void tell(const std::string& text, char* message, size_t message_size) {
+    if (message == nullptr || message_size == 0)
+        return;
+    const size_t length = std::min(text.size(), message_size - 1);
+    std::memcpy(message, text.data(), length);
+    message[length] = '\0';
+}
+
+void summarise(const ostrelcell::CellModel& model, bool adopted, ostrel_cell_summary* summary) {
+    *summary = {};
+    tell(model.name, summary->name, sizeof summary->name);
+    summary->variables = static_cast<int>(model.variables.size());
+    summary->aliases = static_cast<int>(model.aliases.size());
+    summary->scan_ms = model.scan_ms;
+    summary->adopted = adopted ? 1 : 0;
+}
+
+// Nothing is thrown across the border: what fails here is memory, or the file system under our feet.
+template <typename Result, typename Work>
+Result guarded(Result on_failure, char* message, size_t message_size, Work work) {
+    try {
+        return work();
+    } catch (const std::exception& error) {
+        tell(error.what(), message, message_size);
+    }
+    return on_failure;
+}
+
+}  // namespace
+
+#define OSTREL_CELL_PUBLIC extern "C" __attribute__((visibility("default")))
+
+OSTREL_CELL_PUBLIC int ostrel_cell_check(const char* cell_file, ostrel_cell_summary* summary, char* message,
+                                         size_t message_size) {
+    if (cell_file == nullptr)
+        return 1;
+    return guarded(1, message, message_size, [&] {
+        ostrelcell::CellModel model;
+        ostrelcell::Diagnostics diagnostics(cell_file);
+        ostrelcell::read_cell_file(cell_file, model, diagnostics);
+        tell(diagnostics.text(), message, message_size);
+        if (diagnostics.empty() && summary != nullptr)
+            summarise(model, false, summary);
+        return diagnostics.empty() ? 0 : 1;
+    });
+}
+
+OSTREL_CELL_PUBLIC ostrel_cell* ostrel_cell_open(const char* cell_file, const char* store_name, char* message,
+                                                 size_t message_size) {
+    if (cell_file == nullptr)
+        return nullptr;
+    return guarded(static_cast<ostrel_cell*>(nullptr), message, message_size, [&]() -> ostrel_cell* {
+        std::string reasons;
+        auto served = ostrelcell::ServedCell::open(cell_file, store_name, reasons);
+        tell(reasons, message, message_size);
+        return served ? new ostrel_cell{std::move(served)} : nullptr;
+    });
+}
+
+OSTREL_CELL_PUBLIC void ostrel_cell_get_summary(const ostrel_cell* cell, ostrel_cell_summary* summary) {
+    summarise(cell->served->model(), cell->served->adopted(), summary);
+}
+
+OSTREL_CELL_PUBLIC long long ostrel_cell_step(ostrel_cell* cell) {
+    constexpr long long retry_ns = 100'000'000;
+    return guarded(retry_ns, nullptr, 0, [&] { return static_cast<long long>(cell->served->step()); });
+}
+
+OSTREL_CELL_PUBLIC int ostrel_cell_reload(ostrel_cell* cell, char* message, size_t message_size) {
+    return guarded(1, message, message_size, [&] {
+        std::string reasons;
+        std::string remarks;
+        const bool good = cell->served->reload(reasons, remarks);
+        tell(good ? remarks : reasons, message, message_size);
+        return good ? 0 : 1;
+    });
+}
+
+OSTREL_CELL_PUBLIC void ostrel_cell_close(ostrel_cell* cell) {
+    delete cell;
+}
+
+OSTREL_CELL_PUBLIC int ostrel_cell_embed(const char* cell_file, char* message, size_t message_size) {
+    if (cell_file == nullptr)
+        return 1;
+    return guarded(1, message, message_size, [&] {
+        std::string reasons;
+        const bool good = ostrelcell::embed_cell(cell_file, reasons);
+        tell(reasons, message, message_size);
+        return good ? 0 : 1;
+    });
+}

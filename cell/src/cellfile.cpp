@@ -1,0 +1,224 @@
+#include "cellfile.h"
+
+#include <grp.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "cellcheck.h"
+#include "names.h"
+#include "nearestname.h"
+#include "tablereader.h"
+#include "variablekeys.h"
+
+namespace ostrelcell {
+
+namespace {
+
+struct NamedTable {
+    SM_VARI_TYPE kind;
+    std::string name;
+    int line;
+    const toml::node* node;
+};
+
+// The same cell gives the same noise at every start.
+std::uint64_t seed_of(const std::string& name) {
+    std::uint64_t hash = 1469598103934665603U;
+    for (char c : name)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    return hash;
+}
+
+int read_mode(TableReader& reader) {
+    const auto text = reader.text("mode", 79);
+    if (!text)
+        return 0600;
+    if (text->empty() || text->size() > 4 || text->find_first_not_of("01234567") != std::string::npos) {
+        reader.fault(reader.line("mode"), "mode must be octal digits in quotes, as in \"0660\"");
+        return 0600;
+    }
+    const int mode = std::stoi(*text, nullptr, 8);
+    if ((mode & 0600) != 0600 || (mode & ~0666) != 0)
+        reader.fault(reader.line("mode"), "mode must let the owner read and write, and nobody execute");
+    return mode;
+}
+
+void read_events(TableReader& reader, CellModel& model) {
+    const toml::node* node = reader.node("events");
+    if (node == nullptr)
+        return;
+    const toml::array* list = node->as_array();
+    if (list == nullptr) {
+        reader.fault(reader.line("events"), "events must be a list of names");
+        return;
+    }
+    for (const toml::node& item : *list) {
+        const auto name = text_in(item, "events", 31, reader);
+        if (name && name->empty())
+            reader.fault(line_of(item), "an event needs a name");
+        else if (name)
+            model.events.push_back(*name);
+    }
+}
+
+void read_group(TableReader& reader, CellModel& model) {
+    model.group = reader.text("group", 79).value_or("");
+    if (!model.group.empty() && getgrnam(model.group.c_str()) == nullptr)
+        reader.fault(reader.line("group"), "there is no group \"" + model.group + "\" on this machine");
+}
+
+void read_cell_table(const toml::table& table, CellModel& model, Diagnostics& diagnostics) {
+    TableReader reader(table, "cell", diagnostics);
+    model.name = reader.text("name", 63).value_or("");
+    if (model.name.empty() && !(table.contains("name") && !table.get("name")->is_string()))
+        reader.fault(reader.line("name"), "a cell needs a name");
+    model.scan_ms = reader.integer("scan_ms", 10, 1000).value_or(model.scan_ms);
+    model.log = reader.text("log", 4095).value_or("");
+    model.mode = read_mode(reader);
+    read_group(reader, model);
+    model.seed = seed_of(model.name) + static_cast<std::uint64_t>(reader.integer("seed").value_or(0));
+    model.latch_reset = reader.text("latch_reset", max_name_length).value_or("");
+    model.latch_reset_line = reader.line("latch_reset");
+    read_events(reader, model);
+    reader.report_unknown_keys();
+}
+
+void collect_variables(const toml::key& key, const toml::node& node, SM_VARI_TYPE kind, Diagnostics& diagnostics,
+                       std::vector<NamedTable>& found) {
+    const toml::table* table = node.as_table();
+    const std::string word(key.str());
+    if (table == nullptr) {
+        diagnostics.add(line_of(key), word + " must be a table of variables, as in [" + word + ".NAME]");
+        return;
+    }
+    for (const auto& [name, entry] : *table)
+        found.push_back({kind, std::string(name.str()), line_of(name), &entry});
+}
+
+void add_variable(const NamedTable& entry, CellModel& model, Diagnostics& diagnostics) {
+    const std::string subject = std::string(kind_word(entry.kind)) + "." + entry.name;
+    const std::string fault = name_fault(entry.name, has_members(entry.kind));
+    if (!fault.empty())
+        diagnostics.add(entry.line, subject + ": " + fault);
+    const toml::table* table = entry.node->as_table();
+    if (table == nullptr) {
+        diagnostics.add(entry.line, subject + " must be a table, as in [" + subject + "]");
+        return;
+    }
+    Variable variable;
+    variable.kind = entry.kind;
+    variable.name = entry.name;
+    variable.line = entry.line;
+    TableReader reader(*table, subject, diagnostics);
+    read_variable(reader, variable);
+    const auto place = model.variable_by_label.emplace(variable.label(), static_cast<int>(model.variables.size()));
+    if (!place.second) {
+        const Variable& first = model.variables[static_cast<std::size_t>(place.first->second)];
+        diagnostics.add(entry.line, subject + ": the name stands already in line " + std::to_string(first.line) +
+                                        " as " + kind_word(first.kind) + "." + first.name);
+        return;
+    }
+    model.variables.push_back(std::move(variable));
+}
+
+void read_alias(const toml::key& key, const toml::node& node, CellModel& model, Diagnostics& diagnostics) {
+    Alias alias;
+    alias.name = std::string(key.str());
+    alias.line = line_of(key);
+    const std::string subject = "alias." + alias.name;
+    const std::string fault = name_fault(alias.name, false);
+    if (!fault.empty())
+        diagnostics.add(alias.line, subject + ": " + fault);
+    if (const toml::table* table = node.as_table()) {
+        TableReader reader(*table, subject, diagnostics);
+        alias.target = reader.text("target", max_name_length).value_or("");
+        alias.primary = reader.boolean("primary").value_or(false);
+        if (!table->contains("target"))
+            diagnostics.add(alias.line, subject + ": an alias needs a target");
+        reader.report_unknown_keys();
+    } else if (const auto target = node.value_exact<std::string>()) {
+        alias.target = *target;
+    } else {
+        diagnostics.add(alias.line, subject + " is " + type_words(node) + "; it must be the name that it stands for");
+    }
+    if (!alias.target.empty())
+        model.aliases.push_back(std::move(alias));
+}
+
+void read_aliases(const toml::key& key, const toml::node& node, CellModel& model, Diagnostics& diagnostics) {
+    const toml::table* table = node.as_table();
+    if (table == nullptr) {
+        diagnostics.add(line_of(key), "alias must be a table, as in [alias]");
+        return;
+    }
+    for (const auto& [name, entry] : *table)
+        read_alias(name, entry, model, diagnostics);
+    std::stable_sort(model.aliases.begin(), model.aliases.end(),
+                     [](const Alias& a, const Alias& b) { return a.line < b.line; });
+    for (std::size_t index = 0; index < model.aliases.size(); ++index)
+        model.alias_by_name.emplace(model.aliases[index].name, static_cast<int>(index));
+}
+
+void read_document(const toml::table& document, CellModel& model, Diagnostics& diagnostics) {
+    std::vector<std::string> known = kind_words();
+    known.insert(known.end(), {"cell", "alias"});
+    std::vector<NamedTable> variables;
+    for (const auto& [key, node] : document) {
+        const std::string word(key.str());
+        if (word == "cell" && node.is_table())
+            read_cell_table(*node.as_table(), model, diagnostics);
+        else if (word == "alias")
+            read_aliases(key, node, model, diagnostics);
+        else if (const SM_VARI_TYPE kind = kind_of_word(word); kind != UNDEFINED_VAR_TYPE)
+            collect_variables(key, node, kind, diagnostics, variables);
+        else
+            diagnostics.add(line_of(key), word == "cell"
+                                              ? "cell must be a table, as in [cell]"
+                                              : "unknown table \"" + word + "\"" + did_you_mean(word, known));
+    }
+    if (!document.contains("cell"))
+        diagnostics.add(1, "there is no table [cell] with the name of the cell");
+    // The tables come by name; people are shown the variables in the order of the file.
+    std::stable_sort(variables.begin(), variables.end(),
+                     [](const NamedTable& a, const NamedTable& b) { return a.line < b.line; });
+    for (const NamedTable& entry : variables)
+        add_variable(entry, model, diagnostics);
+}
+
+}  // namespace
+
+void read_cell_text(const std::string& text, CellModel& model, Diagnostics& diagnostics) {
+    try {
+        const toml::table document = toml::parse(text);
+        read_document(document, model, diagnostics);
+        check_cell(model, diagnostics);
+    } catch (const toml::parse_error& error) {
+        diagnostics.add(static_cast<int>(error.source().begin.line), std::string(error.description()));
+    }
+}
+
+void read_cell_file(const std::string& file, CellModel& model, Diagnostics& diagnostics) {
+    model.file = file;
+    std::error_code failure;
+    if (std::filesystem::is_directory(file, failure)) {
+        diagnostics.add(0, "is a directory; name a cell file");
+        return;
+    }
+    errno = 0;
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    if (stream)
+        text << stream.rdbuf();
+    if (!stream && !text.tellp()) {
+        diagnostics.add(0, std::string("cannot be read: ") + std::strerror(errno));
+        return;
+    }
+    read_cell_text(text.str(), model, diagnostics);
+}
+
+}  // namespace ostrelcell

@@ -1,0 +1,160 @@
+// What a cell file says, checked and ready to be put into a store.
+#pragma once
+
+#include <ostrel/areas.h>
+#include <ostrel/records.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace ostrelcell {
+
+struct Expression {
+    std::string text;  // empty: the value has none and is left to clients
+    int line = 0;
+
+    bool given() const { return !text.empty(); }
+};
+
+struct Units {
+    std::string keyword;
+    int code = 0;
+};
+
+struct LimitRule {
+    bool exists = false;
+    double value = 0;
+    short status = 0;  // colour and blinking while it is violated
+};
+
+struct Limits {
+    std::array<LimitRule, NUM_LIMIT_TYPES> rules;
+    double deadband = 0;      // a limit stays violated until the value is this far back
+    short normal_status = 0;  // colour while none is violated
+
+    bool any() const;
+};
+
+// Which value of a logical is an alarm, and how each of its states looks.
+struct LogicalStates {
+    std::string true_text = "TRUE";
+    std::string false_text = "FALSE";
+    WHICH_STATE_IS_ALARM alarm = NO_ALARM;
+    short alarm_status = 0;
+    short true_status = 0;
+    short false_status = 0;
+
+    bool coloured() const { return alarm != NO_ALARM || true_status != 0 || false_status != 0; }
+};
+
+// One member of a composition, property or emission variable.
+struct Member {
+    int index = 0;
+    std::string name;
+    Units units;
+    double value = 0;
+    unsigned short decimals = 3;
+    Expression expr;
+};
+
+struct StatSettings {
+    std::string source;
+    int source_line = 0;
+    int interval_s = 10;
+    double confidence = 95;  // percent
+};
+
+struct ArrayShape {
+    std::vector<unsigned short> sizes;
+    std::vector<std::vector<std::string>> labels;  // per dimension; empty where it has none
+
+    std::size_t elements() const;
+    // The indexes of the element at `position` in row-major order.
+    std::vector<int> indexes(std::size_t position) const;
+};
+
+struct Variable {
+    SM_VARI_TYPE kind = UNDEFINED_VAR_TYPE;
+    std::string name;  // without the point that the label of a variable with members ends in
+    int line = 0;
+    const ostrel_section* section = nullptr;
+
+    Units units;
+    std::string format;
+    double value = 0;
+    std::string text;
+    Expression expr;
+    std::vector<std::string> texts;  // a string with an expression shows one of these
+    Limits limits;
+    double range_min = 0;
+    double range_max = 0;
+    std::string event;
+    std::string true_event;
+    std::string false_event;
+    LogicalStates states;
+
+    std::vector<Member> members;
+    STREAM_COMP_TYPE fluid = GAS_STREAM;
+    std::string composition;
+    int composition_line = 0;
+    StatSettings stat;
+
+    ArrayShape shape;
+    std::vector<double> values;
+    std::vector<std::string> element_texts;
+
+    std::string label() const;
+};
+
+struct Alias {
+    std::string name;
+    std::string target;
+    bool primary = false;
+    int line = 0;
+};
+
+// A full name resolved: a variable, and which of its members or elements (-1 for a scalar).
+struct ValueRef {
+    int variable = -1;
+    int part = -1;
+
+    bool operator==(const ValueRef&) const = default;
+};
+
+struct CellModel {
+    std::string file;
+    std::string name;
+    int scan_ms = 100;
+    std::string log;
+    int mode = 0600;
+    std::string group;
+    std::uint64_t seed = 0;
+    std::string latch_reset;  // the logical that clears all latches when it is set
+    int latch_reset_line = 0;
+    std::vector<std::string> events;
+    std::vector<Variable> variables;
+    std::vector<Alias> aliases;
+
+    std::unordered_map<std::string, int> variable_by_label;
+    std::unordered_map<std::string, int> alias_by_name;
+
+    // The full name of a value, as find_variable() takes it.
+    std::string full_name(ValueRef ref) const;
+};
+
+bool has_members(SM_VARI_TYPE kind);
+bool is_array(SM_VARI_TYPE kind);
+// Strings and arrays of strings have texts in the place of numbers.
+bool is_text(SM_VARI_TYPE kind);
+
+// The word for the kind in a cell file, such as "real_array"; and back, UNDEFINED_VAR_TYPE for no such word.
+const char* kind_word(SM_VARI_TYPE kind);
+SM_VARI_TYPE kind_of_word(const std::string& word);
+// All of them, in the order in which they are explained to people.
+const std::vector<std::string>& kind_words();
+
+}  // namespace ostrelcell

@@ -1,0 +1,251 @@
+#include "expression.h"
+
+#include <cctype>
+
+#include "functions.h"
+#include "nearestname.h"
+
+namespace ostrelcell {
+
+namespace {
+
+bool starts_name(char c) {
+    return std::isalpha(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+bool is_digit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool continues_name(char c) {
+    return starts_name(c) || is_digit(c);
+}
+
+class Translator {
+public:
+    Translator(const std::string& text, const ExpressionNames& names) : m_text(text), m_names(names) {}
+
+    std::string run();
+
+private:
+    struct Bracket {
+        const FunctionInfo* function;  // null for a plain bracket
+        int arguments;
+        bool empty;
+    };
+
+    const std::string& m_text;
+    const ExpressionNames& m_names;
+    std::size_t m_at = 0;
+    std::string m_result;
+    std::vector<Bracket> m_brackets;
+
+    char at(std::size_t position) const { return position < m_text.size() ? m_text[position] : '\0'; }
+    std::string take_while(bool (*wanted)(char));
+    void skip_blanks();
+    void element();
+    void number();
+    void word();
+    void name(std::string full_name);
+    void call(const std::string& function);
+    void named_call(const std::string& function);
+    std::string indexes();
+    void symbol();
+    void comma();
+    void close();
+    void used();
+};
+
+[[noreturn]] void fail(const std::string& reason) {
+    throw ExpressionError(reason);
+}
+
+std::string Translator::run() {
+    while (m_at < m_text.size())
+        element();
+    if (!m_brackets.empty())
+        fail("a bracket is not closed");
+    return m_result;
+}
+
+std::string Translator::take_while(bool (*wanted)(char)) {
+    const std::size_t start = m_at;
+    while (m_at < m_text.size() && wanted(m_text[m_at]))
+        ++m_at;
+    return m_text.substr(start, m_at - start);
+}
+
+void Translator::skip_blanks() {
+    while (std::isspace(static_cast<unsigned char>(at(m_at))) != 0)
+        ++m_at;
+}
+
+void Translator::used() {
+    if (!m_brackets.empty())
+        m_brackets.back().empty = false;
+}
+
+void Translator::element() {
+    const char c = m_text[m_at];
+    if (std::isspace(static_cast<unsigned char>(c)) != 0) {
+        skip_blanks();
+        m_result += ' ';
+    } else if (is_digit(c) || (c == '.' && is_digit(at(m_at + 1)))) {
+        number();
+    } else if (starts_name(c)) {
+        word();
+    } else {
+        symbol();
+    }
+}
+
+void Translator::number() {
+    used();
+    const std::size_t start = m_at;
+    m_result += take_while([](char c) { return is_digit(c) || c == '.'; });
+    const std::size_t sign = m_at + 1;
+    const bool exponent = (at(m_at) == 'e' || at(m_at) == 'E') &&
+                          (is_digit(at(sign)) || ((at(sign) == '+' || at(sign) == '-') && is_digit(at(sign + 1))));
+    if (exponent) {
+        m_result += m_text.substr(m_at, 2);
+        m_at += 2;
+        m_result += take_while(is_digit);
+    }
+    if (!starts_name(at(m_at)))
+        return;
+    take_while(continues_name);
+    fail("a number and a name stand together: \"" + m_text.substr(start, m_at - start) + "\"");
+}
+
+// `:1`, `:CYL1`, or with an index variable `:i`, as many as there are
+std::string Translator::indexes() {
+    std::string text;
+    while (at(m_at) == ':') {
+        ++m_at;
+        const std::string index = take_while(continues_name);
+        const int value = m_names.index_value(index);
+        text += ":" + (value >= 0 ? std::to_string(value) : index);
+    }
+    return text;
+}
+
+void Translator::word() {
+    used();
+    std::string text = take_while(continues_name);
+    const std::size_t end = m_at;
+    skip_blanks();
+    if (at(m_at) == '(') {
+        call(text);
+        return;
+    }
+    m_at = end;
+    if (at(m_at) == '.' && (starts_name(at(m_at + 1)) || is_digit(at(m_at + 1)))) {
+        ++m_at;
+        text += "." + take_while(continues_name);
+    } else if (m_names.is_array(text)) {
+        text += indexes();
+    }
+    name(text);
+}
+
+void Translator::name(std::string full_name) {
+    const int index = m_names.index_value(full_name);
+    if (index >= 0)
+        m_result += std::to_string(index);
+    else if (full_name == "t" || full_name == "dt")
+        m_result += full_name + "_";
+    else if (full_name == "pi")
+        m_result += "_pi";
+    else if (full_name == "true" || full_name == "false")
+        m_result += full_name == "true" ? "1" : "0";
+    else
+        m_result += m_names.identifier(full_name, NameUse::value);
+}
+
+// prev(NAME), alarm(NAME)
+void Translator::named_call(const std::string& function) {
+    skip_blanks();
+    std::string full_name = take_while([](char c) { return continues_name(c) || c == '.'; }) + indexes();
+    skip_blanks();
+    if (full_name.empty() || at(m_at) != ')')
+        fail(function + "() takes the name of a variable");
+    ++m_at;
+    m_result += m_names.identifier(full_name, function == "prev" ? NameUse::previous : NameUse::alarm);
+}
+
+void Translator::call(const std::string& function) {
+    const FunctionInfo* info = function_info(function);
+    if (info == nullptr)
+        fail("there is no function " + function + "()" + did_you_mean(function, function_names()));
+    ++m_at;
+    if (function == "prev" || function == "alarm") {
+        named_call(function);
+        return;
+    }
+    m_result += function + "(";
+    if (info->remembers)
+        m_result += std::to_string(m_names.new_state()) + ",";
+    m_brackets.push_back({info, 1, true});
+}
+
+void Translator::comma() {
+    if (m_brackets.empty() || m_brackets.back().function == nullptr)
+        fail("unexpected comma; decimals are written with a point");
+    ++m_brackets.back().arguments;
+}
+
+void Translator::close() {
+    if (m_brackets.empty())
+        fail("a bracket is closed that was not opened");
+    const Bracket bracket = m_brackets.back();
+    m_brackets.pop_back();
+    if (bracket.function == nullptr)
+        return;
+    const int count = bracket.empty ? 0 : bracket.arguments;
+    const FunctionInfo& info = *bracket.function;
+    if (std::string(info.name) == "table" && count % 2 == 0)
+        fail("table() takes x and pairs of numbers; one has no partner");
+    if (count >= info.least && (info.most < 0 || count <= info.most))
+        return;
+    const std::string wanted = info.most < 0 ? "at least " + std::to_string(info.least)
+                               : info.least == info.most
+                                   ? std::to_string(info.least)
+                                   : std::to_string(info.least) + " to " + std::to_string(info.most);
+    fail(std::string(info.name) + "() takes " + wanted + (wanted == "1" ? " argument" : " arguments") + ", not " +
+         std::to_string(count));
+}
+
+void Translator::symbol() {
+    static const std::string pairs[] = {"==", "!=", "<=", ">=", "&&", "||"};
+    const std::string two = m_text.substr(m_at, 2);
+    for (const std::string& pair : pairs) {
+        if (two == pair) {
+            used();
+            m_result += pair;
+            m_at += 2;
+            return;
+        }
+    }
+    const char c = m_text[m_at++];
+    if (c == ',')
+        comma();
+    else if (c == ')')
+        close();
+    else if (c == '=')
+        fail("a single \"=\"; equality is written \"==\"");
+    else if (std::string("+-*/^<>!?:(").find(c) == std::string::npos)
+        fail(std::string("unexpected character \"") + c + "\"");
+    else
+        used();
+    m_result += c;
+    if (c == '(')
+        m_brackets.push_back({nullptr, 1, true});
+}
+
+}  // namespace
+
+std::string translate_expression(const std::string& text, const ExpressionNames& names) {
+    return Translator(text, names).run();
+}
+
+}  // namespace ostrelcell

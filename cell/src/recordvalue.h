@@ -1,0 +1,45 @@
+// One number in a record of the store, whatever the kind of the record.
+#pragma once
+
+#include <ostrel/records.h>
+
+#include <ctime>
+
+#include "cellmodel.h"
+
+namespace ostrelcell {
+
+class RecordValue {
+public:
+    RecordValue() = default;
+    // `record` is the variable's record, or the element of an array. `member` selects one where there are some.
+    RecordValue(SM_VARI_TYPE kind, void* record, int member) : m_kind(kind), m_record(record), m_member(member) {}
+
+    double load() const;
+
+    // Stores with the book-keeping of a write, and returns what the record then holds: an integer is rounded, a logical
+    // is 0 or 1, what is no number is refused. A value that stays the same counts as sampled.
+    double store(double value, const timespec& now) const;
+
+    unsigned short limit_word() const;
+    void set_limit_word(unsigned short word) const;
+    short status() const;
+    void set_status(short status) const;
+    timespec sampled() const;
+
+    // 0 none, 1 alarm, 2 abort, 3 emergency.
+    int alarm_level() const;
+
+    SM_VARI_TYPE kind() const { return m_kind; }
+    void* record() const { return m_record; }
+
+private:
+    SM_VARI_TYPE m_kind = UNDEFINED_VAR_TYPE;
+    void* m_record = nullptr;
+    int m_member = -1;
+};
+
+// Program name and pid of the writer, into a record that keeps both.
+const char* writer_name();
+
+}  // namespace ostrelcell

@@ -1,0 +1,165 @@
+#include "servedcell.h"
+
+#include <grp.h>
+#include <ostrel/events.h>
+#include <ostrel/store.h>
+
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
+
+#include "cellfile.h"
+#include "diagnostics.h"
+
+namespace ostrelcell {
+
+namespace {
+
+// A server has to show twice a second that it lives, also where it scans less often.
+constexpr std::int64_t beat_ns = 400'000'000;
+
+std::int64_t steady_now() {
+    timespec time{};
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec;
+}
+
+std::int64_t period_of(const CellModel& model) {
+    return model.scan_ms * std::int64_t{1'000'000};
+}
+
+// A log file without a folder lies beside the cell file.
+std::string log_path(const CellModel& model) {
+    if (model.log.empty())
+        return "";
+    return (std::filesystem::absolute(model.file).parent_path() / model.log).lexically_normal().string();
+}
+
+void create_events(const CellModel& model) {
+    std::vector<std::string> names = model.events;
+    for (const Variable& variable : model.variables)
+        names.insert(names.end(), {variable.event, variable.true_event, variable.false_event});
+    for (const std::string& name : names)
+        if (!name.empty())
+            ostrel_event_create(name.c_str(), nullptr);
+}
+
+void remark(std::string& remarks, bool changed, const char* key) {
+    if (changed)
+        remarks += (remarks.empty() ? "" : "\n") + std::string(key) + " takes effect at the next start";
+}
+
+}  // namespace
+
+std::unique_ptr<ServedCell::Content> ServedCell::read(const std::string& file, std::string& reasons) {
+    auto content = std::make_unique<Content>();
+    content->model = std::make_unique<CellModel>();
+    Diagnostics diagnostics(file);
+    read_cell_file(file, *content->model, diagnostics);
+    if (!diagnostics.empty()) {
+        reasons = diagnostics.text();
+        return nullptr;
+    }
+    content->simulation = std::make_unique<Simulation>();
+    content->simulation->build(*content->model, diagnostics);
+    return content;
+}
+
+bool ServedCell::open_server(const char* store_name, std::string& reasons) {
+    const CellModel& model = *m_content->model;
+    const std::string file = std::filesystem::absolute(m_file).lexically_normal().string();
+    const std::string log = log_path(model);
+    ostrel_server_options options{};
+    options.name = store_name;
+    options.cell_file = file.c_str();
+    options.log_file = log.empty() ? nullptr : log.c_str();
+    options.mode = model.mode;
+    if (const group* entry = model.group.empty() ? nullptr : getgrnam(model.group.c_str())) {
+        options.group = entry->gr_gid;
+        options.group_given = 1;
+    }
+    char message[1024] = "";
+    m_server = ostrel_server_open(&options, message, sizeof message);
+    if (m_server == nullptr)
+        reasons = message;
+    return m_server != nullptr;
+}
+
+bool ServedCell::fill(Content& content, std::string& reasons) {
+    ostrel_server_begin(m_server, static_cast<SM_AREA_ID>(-1));
+    if (!content.contents.put(m_server, *content.model, reasons))
+        return false;
+    content.scan = std::make_unique<Scan>(*content.model, *content.simulation, content.contents);
+    return true;
+}
+
+std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char* store_name, std::string& reasons) {
+    std::unique_ptr<ServedCell> cell(new ServedCell);
+    cell->m_file = file;
+    cell->m_content = read(file, reasons);
+    if (!cell->m_content)
+        return nullptr;
+    // What this process does with the store itself, such as making events, has to go to the store that it serves.
+    if (store_name != nullptr)
+        ostrel_store_open(store_name, nullptr, nullptr, 0);
+    if (!cell->open_server(store_name, reasons) || !cell->fill(*cell->m_content, reasons))
+        return nullptr;
+    const std::int64_t now = steady_now();
+    cell->m_clock = std::make_unique<ScanClock>(period_of(cell->model()), now);
+    // Whoever sees the store sees it alive.
+    const ScanClock::Tick first = cell->m_clock->take(now);
+    cell->m_content->scan->run(first.t, first.dt);
+    ostrel_server_commit(cell->m_server);
+    create_events(cell->model());
+    cell->beat(now);
+    return cell;
+}
+
+ServedCell::~ServedCell() {
+    if (m_server != nullptr)
+        ostrel_server_close(m_server);
+}
+
+void ServedCell::beat(std::int64_t now) {
+    ostrel_server_beat(m_server);
+    m_last_beat = now;
+}
+
+std::int64_t ServedCell::step() {
+    std::int64_t now = steady_now();
+    if (m_clock->due(now)) {
+        const ScanClock::Tick tick = m_clock->take(now);
+        m_content->scan->run(tick.t, tick.dt);
+        beat(now);
+        now = steady_now();
+    } else if (now - m_last_beat >= beat_ns) {
+        beat(now);
+    }
+    return std::max<std::int64_t>(0, std::min(m_clock->next(), m_last_beat + beat_ns) - now);
+}
+
+bool ServedCell::reload(std::string& reasons, std::string& remarks) {
+    std::unique_ptr<Content> content = read(m_file, reasons);
+    if (!content)
+        return false;
+    content->simulation->take_memory_of(*m_content->simulation);
+    if (!fill(*content, reasons)) {
+        // The store refused what the file says. What was served before it took once and takes again.
+        std::string ignored;
+        fill(*m_content, ignored);
+        ostrel_server_commit(m_server);
+        return false;
+    }
+    content->scan->take_memory_of(*m_content->scan);
+    content->scan->run(m_clock->t(), 0);
+    ostrel_server_commit(m_server);
+    remark(remarks, content->model->mode != model().mode, "mode");
+    remark(remarks, content->model->group != model().group, "group");
+    remark(remarks, content->model->log != model().log, "log");
+    m_content = std::move(content);
+    create_events(model());
+    m_clock->set_period(period_of(model()));
+    return true;
+}
+
+}  // namespace ostrelcell

@@ -1,0 +1,92 @@
+#include "storefill.h"
+
+#include "names.h"
+#include "recordfill.h"
+
+namespace ostrelcell {
+
+namespace {
+
+std::size_t element_size(SM_VARI_TYPE kind) {
+    switch (kind) {
+        case REAL_ARRAY_TYPE:
+            return sizeof(REAL_ARRAY_MEMBER);
+        case INT_ARRAY_TYPE:
+            return sizeof(INTEGER_ARRAY_MEMBER);
+        case LOGI_ARRAY_TYPE:
+            return sizeof(LOGICAL_ARRAY_MEMBER);
+        default:
+            return sizeof(STRING_ARRAY_MEMBER);
+    }
+}
+
+bool put_variable(ostrel_server* server, const Variable& variable, Placed& placed, std::string& reason) {
+    char message[256] = "";
+    int created = 0;
+    const std::string label = variable.label();
+    if (is_array(variable.kind))
+        placed.record =
+            ostrel_server_put_array(server, variable.kind, label.c_str(), static_cast<int>(variable.shape.sizes.size()),
+                                    variable.shape.sizes.data(), &placed.elements, &created, message, sizeof message);
+    else
+        placed.record = ostrel_server_put(server, variable.section->area, variable.kind, label.c_str(), &created,
+                                          message, sizeof message);
+    placed.created = created != 0;
+    if (placed.record == nullptr)
+        reason = std::string(kind_word(variable.kind)) + "." + variable.name + ": " + message;
+    return placed.record != nullptr;
+}
+
+void set_limits(ostrel_server* server, const Variable& variable) {
+    double limits[NUM_LIMIT_TYPES];
+    short exists[NUM_LIMIT_TYPES];
+    short display[NUM_LIMIT_TYPES];
+    for (std::size_t index = 0; index < NUM_LIMIT_TYPES; ++index) {
+        const LimitRule& rule = variable.limits.rules[index];
+        limits[index] = rule.value;
+        exists[index] = rule.exists ? 1 : 0;
+        display[index] = rule.status;
+    }
+    ostrel_server_set_limits(server, variable.label().c_str(), limits, exists, display);
+}
+
+bool put_alias(ostrel_server* server, const CellModel& model, const Alias& alias, std::string& reason) {
+    // The store knows no aliases of aliases. An index may be a label here; the store is told the number.
+    std::string why;
+    const auto ref = resolve_name(model, alias.target, why);
+    const std::string target = ref ? model.full_name(*ref) : alias.target;
+    char message[256] = "";
+    if (ostrel_server_put_alias(server, alias.name.c_str(), target.c_str(), alias.primary ? 1 : 0, message,
+                                sizeof message) != nullptr)
+        return true;
+    reason = "alias." + alias.name + ": " + message;
+    return false;
+}
+
+}  // namespace
+
+bool StoreContents::put(ostrel_server* server, const CellModel& model, std::string& reason) {
+    m_placed.assign(model.variables.size(), {});
+    for (std::size_t index = 0; index < model.variables.size(); ++index) {
+        const Variable& variable = model.variables[index];
+        if (!put_variable(server, variable, m_placed[index], reason))
+            return false;
+        fill_record(model, variable, m_placed[index]);
+        set_limits(server, variable);
+    }
+    for (const Alias& alias : model.aliases)
+        if (!put_alias(server, model, alias, reason))
+            return false;
+    return true;
+}
+
+RecordValue StoreContents::value(const CellModel& model, ValueRef ref) const {
+    const SM_VARI_TYPE kind = model.variables[static_cast<std::size_t>(ref.variable)].kind;
+    const Placed& place = placed(ref.variable);
+    if (!is_array(kind))
+        return {kind, place.record, ref.part};
+    char* element = static_cast<char*>(place.elements) + static_cast<std::size_t>(ref.part) * element_size(kind);
+    return {kind, element, -1};
+}
+
+}  // namespace ostrelcell

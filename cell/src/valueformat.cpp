@@ -1,0 +1,86 @@
+#include "valueformat.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace ostrelcell {
+
+namespace {
+
+constexpr std::size_t max_length = 7;  // a record keeps eight bytes
+
+const char* conversions(SM_VARI_TYPE kind) {
+    switch (kind) {
+        case INT_TYPE:
+        case INT_ARRAY_TYPE:
+            return "diuxXo";
+        case STRING_TYPE:
+        case STRING_ARRAY_TYPE:
+            return "s";
+        case LOGI_TYPE:
+        case LOGI_ARRAY_TYPE:
+            return "sd";
+        default:
+            return "eEfFgGaA";
+    }
+}
+
+bool contains(const char* set, char c) {
+    return c != '\0' && std::strchr(set, c) != nullptr;
+}
+
+std::size_t skip_digits(const std::string& text, std::size_t at) {
+    while (at < text.size() && contains("0123456789", text[at]))
+        ++at;
+    return at;
+}
+
+// The end of the conversion that starts at the percent sign `at`, as the position of its letter.
+std::size_t conversion_letter(const std::string& format, std::size_t at) {
+    ++at;
+    while (at < format.size() && contains("-+ #0", format[at]))
+        ++at;
+    at = skip_digits(format, at);
+    if (at < format.size() && format[at] == '.')
+        at = skip_digits(format, at + 1);
+    return at;
+}
+
+}  // namespace
+
+std::string format_fault(SM_VARI_TYPE kind, const std::string& format) {
+    const std::string quoted = "format \"" + format + "\"";
+    if (format.size() > max_length)
+        return quoted + " is longer than 7 characters";
+    const std::size_t percent = format.find('%');
+    if (percent == std::string::npos)
+        return quoted + " has no conversion; write \"" + default_format(kind) + "\" for instance";
+    const std::size_t letter = conversion_letter(format, percent);
+    if (letter >= format.size() || !contains(conversions(kind), format[letter]))
+        return quoted + " does not fit the kind; its conversion must be one of \"" + conversions(kind) + "\"";
+    if (format.find('%', letter) != std::string::npos)
+        return quoted + " has more than one conversion";
+    return "";
+}
+
+const char* default_format(SM_VARI_TYPE kind) {
+    switch (kind) {
+        case INT_TYPE:
+        case INT_ARRAY_TYPE:
+            return "%d";
+        case STRING_TYPE:
+        case STRING_ARRAY_TYPE:
+        case LOGI_TYPE:
+        case LOGI_ARRAY_TYPE:
+            return "%s";
+        default:
+            return "%.2f";
+    }
+}
+
+unsigned short format_decimals(const std::string& format) {
+    const std::size_t point = format.find('.');
+    return point == std::string::npos ? 0 : static_cast<unsigned short>(std::atoi(format.c_str() + point + 1));
+}
+
+}  // namespace ostrelcell
