@@ -67,6 +67,15 @@ std::string shortest(double value) {
 
 }  // namespace
 
+Json::Json() = default;
+Json::~Json() = default;
+Json::Json(const Json&) = default;
+Json::Json(Json&&) noexcept = default;
+Json& Json::operator=(const Json&) = default;
+Json& Json::operator=(Json&&) noexcept = default;
+Json::Json(Array value) : m_value(std::move(value)) {}
+Json::Json(Object value) : m_value(std::move(value)) {}
+
 void Json::appendTo(std::string& text) const {
     if (const auto* flag = std::get_if<bool>(&m_value)) {
         text += *flag ? "true" : "false";

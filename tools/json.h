@@ -15,7 +15,13 @@ public:
     using Array = std::vector<Json>;
     using Object = std::vector<std::pair<std::string, Json>>;  // in the order in which it was filled
 
-    Json() = default;
+    Json();
+    ~Json();
+    Json(const Json&);
+    Json(Json&&) noexcept;
+    Json& operator=(const Json&);
+    Json& operator=(Json&&) noexcept;
+
     Json(bool value) : m_value(value) {}
     Json(double value) : m_value(value) {}
     template <std::integral Integer>
@@ -23,8 +29,8 @@ public:
     Json(std::string value) : m_value(std::move(value)) {}
     Json(std::string_view value) : m_value(std::string(value)) {}
     Json(const char* value) : m_value(std::string(value)) {}
-    Json(Array value) : m_value(std::move(value)) {}
-    Json(Object value) : m_value(std::move(value)) {}
+    Json(Array value);
+    Json(Object value);
 
     const Array* array() const { return std::get_if<Array>(&m_value); }
     const Object* object() const { return std::get_if<Object>(&m_value); }
