@@ -97,6 +97,7 @@ static_assert(sizeof(NameMeaning) == 16);
 
 inline constexpr uint8_t kIsName = 1;   // a variable's own name
 inline constexpr uint8_t kIsAlias = 2;  // another name; neither bit: known only as target of an alias or for its limits
+inline constexpr uint8_t kIsMember = 4;  // stands for one member, not for the variable with all of them
 
 struct NameEntry {
     uint64_t meaning[2];

@@ -1,0 +1,22 @@
+/*
+ * Who this process is, for log lines and the book-keeping of writes.
+ */
+#ifndef OSTREL_PROCESSIDENTITY_H
+#define OSTREL_PROCESSIDENTITY_H
+
+#include <sys/types.h>
+
+#include <cstdint>
+
+struct ProcessIdentity {
+    pid_t pid;
+    char name[24];  // the program's, filled up with zeros
+};
+
+/* Without a system call each time; right in a forked child too. */
+ProcessIdentity processIdentity();
+
+/* When the process started, in the system's ticks (field 22 of /proc/PID/stat); 0 where there is no such process. */
+uint64_t processStart(pid_t pid);
+
+#endif
