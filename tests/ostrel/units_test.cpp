@@ -97,16 +97,16 @@ protected:
 class SiteFile {
 public:
     explicit SiteFile(const std::string& lines)
-        : path_(testing::TempDir() + "ostrel-units-" + std::to_string(getpid()) + ".txt") {
-        std::ofstream(path_) << lines;
-        setenv("OSTREL_UNITS", path_.c_str(), 1);
+        : m_path(testing::TempDir() + "ostrel-units-" + std::to_string(getpid()) + ".txt") {
+        std::ofstream(m_path) << lines;
+        setenv("OSTREL_UNITS", m_path.c_str(), 1);
     }
-    ~SiteFile() { std::remove(path_.c_str()); }
+    ~SiteFile() { std::remove(m_path.c_str()); }
     SiteFile(const SiteFile&) = delete;
     SiteFile& operator=(const SiteFile&) = delete;
 
 private:
-    std::string path_;
+    std::string m_path;
 };
 
 }  // namespace

@@ -58,36 +58,36 @@ const char* UnitsCatalogue::add(std::string_view keyword, int code, std::string_
     if (find(code)) {
         return "this code belongs to another keyword; choose another one";
     }
-    unit.group = group_of_name_.try_emplace(upperCase(group), groups_.size()).first->second;
-    if (unit.group == groups_.size()) {
-        groups_.emplace_back();
+    unit.group = m_group_of_name.try_emplace(upperCase(group), m_groups.size()).first->second;
+    if (unit.group == m_groups.size()) {
+        m_groups.emplace_back();
     }
-    unit.position = groups_[unit.group].size();
-    units_.push_back(std::move(unit));
-    const Unit* added = &units_.back();
-    groups_[added->group].push_back(added);
-    unit_of_code_[code] = added;
-    if (units_.size() * 2 > slots_.size()) {
+    unit.position = m_groups[unit.group].size();
+    m_units.push_back(std::move(unit));
+    const Unit* added = &m_units.back();
+    m_groups[added->group].push_back(added);
+    m_unit_of_code[code] = added;
+    if (m_units.size() * 2 > m_slots.size()) {
         grow();
     } else {
-        slots_[slotOf(added->key)] = {added->key, added};
+        m_slots[slotOf(added->key)] = {added->key, added};
     }
     return nullptr;
 }
 
 void UnitsCatalogue::grow() {
-    slots_.assign(slots_.empty() ? 64 : slots_.size() * 2, Slot{});
-    for (const Unit& unit : units_) {
-        slots_[slotOf(unit.key)] = {unit.key, &unit};
+    m_slots.assign(m_slots.empty() ? 64 : m_slots.size() * 2, Slot{});
+    for (const Unit& unit : m_units) {
+        m_slots[slotOf(unit.key)] = {unit.key, &unit};
     }
 }
 
 /* Where the key stands, or the free slot where it would. */
 std::size_t UnitsCatalogue::slotOf(const UnitKey& key) const {
-    const std::size_t mask = slots_.size() - 1;
+    const std::size_t mask = m_slots.size() - 1;
     const uint64_t mixed = (key.low ^ (key.high * 0x9e3779b97f4a7c15U)) * 0xff51afd7ed558ccdU;
     std::size_t slot = (mixed >> 32) & mask;
-    while (slots_[slot].unit && slots_[slot].key != key) {
+    while (m_slots[slot].unit && m_slots[slot].key != key) {
         slot = (slot + 1) & mask;
     }
     return slot;
@@ -95,21 +95,21 @@ std::size_t UnitsCatalogue::slotOf(const UnitKey& key) const {
 
 const Unit* UnitsCatalogue::find(const char* keyword) const {
     UnitKey key;
-    if (!keyword || slots_.empty() || !keyOf(keyword, key)) {
+    if (!keyword || m_slots.empty() || !keyOf(keyword, key)) {
         return nullptr;
     }
     if (key == UnitKey{}) {
-        return &units_.front();  // NONE, the first of the table
+        return &m_units.front();  // NONE, the first of the table
     }
-    return slots_[slotOf(key)].unit;
+    return m_slots[slotOf(key)].unit;
 }
 
 const Unit* UnitsCatalogue::find(int code) const {
-    const auto found = unit_of_code_.find(code);
-    return found == unit_of_code_.end() ? nullptr : found->second;
+    const auto found = m_unit_of_code.find(code);
+    return found == m_unit_of_code.end() ? nullptr : found->second;
 }
 
 const Unit* UnitsCatalogue::firstOfGroup(std::string_view name) const {
-    const auto found = group_of_name_.find(upperCase(name));
-    return found == group_of_name_.end() ? nullptr : groups_[found->second].front();
+    const auto found = m_group_of_name.find(upperCase(name));
+    return found == m_group_of_name.end() ? nullptr : m_groups[found->second].front();
 }

@@ -45,8 +45,8 @@ public:
     const Unit* find(const char* keyword) const;
     const Unit* find(int code) const;
 
-    std::size_t groupCount() const { return groups_.size(); }
-    const std::vector<const Unit*>& group(std::size_t index) const { return groups_[index]; }
+    std::size_t groupCount() const { return m_groups.size(); }
+    const std::vector<const Unit*>& group(std::size_t index) const { return m_groups[index]; }
 
     /* The first keyword of the group with that name; null for no such group. */
     const Unit* firstOfGroup(std::string_view name) const;
@@ -60,11 +60,11 @@ private:
     std::size_t slotOf(const UnitKey& key) const;
     void grow();
 
-    std::deque<Unit> units_;
-    std::vector<std::vector<const Unit*>> groups_;
-    std::unordered_map<std::string, std::size_t> group_of_name_;
-    std::unordered_map<int, const Unit*> unit_of_code_;
-    std::vector<Slot> slots_;  // open addressing by key; a power of two, at most half full
+    std::deque<Unit> m_units;
+    std::vector<std::vector<const Unit*>> m_groups;
+    std::unordered_map<std::string, std::size_t> m_group_of_name;
+    std::unordered_map<int, const Unit*> m_unit_of_code;
+    std::vector<Slot> m_slots;  // open addressing by key; a power of two, at most half full
 };
 
 #endif

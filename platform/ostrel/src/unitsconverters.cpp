@@ -40,17 +40,17 @@ UnitsConverter converterOf(ConverterPtr curve) {
 UnitsConverters::UnitsConverters(const UnitsCatalogue& catalogue) {
     for (std::size_t group = 0; group < catalogue.groupCount(); ++group) {
         const std::size_t side = catalogue.group(group).size();
-        grids_.push_back({side, std::vector<std::atomic<const UnitsConverter*>>(side * side)});
+        m_grids.push_back({side, std::vector<std::atomic<const UnitsConverter*>>(side * side)});
     }
 }
 
 const UnitsConverter& UnitsConverters::make(const Unit& from, const Unit& to,
                                             std::atomic<const UnitsConverter*>& cell) {
-    std::lock_guard lock(mutex_);
+    std::lock_guard lock(m_mutex);
     if (const UnitsConverter* made = cell.load(std::memory_order_relaxed)) {
         return *made;  // by another thread; the lock ordered it before us
     }
-    made_.push_back(converterOf(makeConverter(from.expression, to.expression)));
-    cell.store(&made_.back(), std::memory_order_release);
-    return made_.back();
+    m_made.push_back(converterOf(makeConverter(from.expression, to.expression)));
+    cell.store(&m_made.back(), std::memory_order_release);
+    return m_made.back();
 }

@@ -32,7 +32,7 @@ public:
 
     /* Both units must be of one group. The result is constant and stays good. */
     const UnitsConverter& between(const Unit& from, const Unit& to) {
-        Grid& grid = grids_[from.group];
+        Grid& grid = m_grids[from.group];
         std::atomic<const UnitsConverter*>& cell = grid.cells[from.position * grid.side + to.position];
         // acquire: the converter was filled in by the thread that stored its address
         const UnitsConverter* known = cell.load(std::memory_order_acquire);
@@ -48,9 +48,9 @@ private:
 
     const UnitsConverter& make(const Unit& from, const Unit& to, std::atomic<const UnitsConverter*>& cell);
 
-    std::vector<Grid> grids_;  // by group
-    std::mutex mutex_;
-    std::deque<UnitsConverter> made_;  // under the mutex; each is constant once it stands in a cell
+    std::vector<Grid> m_grids;  // by group
+    std::mutex m_mutex;
+    std::deque<UnitsConverter> m_made;  // under the mutex; each is constant once it stands in a cell
 };
 
 #endif
