@@ -77,8 +77,8 @@ double valueAt(int i, int step) {
     ostrel_server_begin(server, static_cast<SM_AREA_ID>(-1));
     for (int i = 0; i < count; ++i) {
         int created = 0;
-        auto* record = static_cast<REAL_VARIABLE*>(ostrel_server_put(server, GU_REAL_MEM, REAL_TYPE, variableName(i),
-                                                                     &created, message, sizeof(message)));
+        auto* record = static_cast<REAL_VARIABLE*>(
+            ostrel_server_put(server, GU_REAL_MEM, REAL_TYPE, variableName(i), &created, message, sizeof(message)));
         std::strcpy(record->units, "RPM");
         std::strcpy(record->display_format, "%8.2f");
         record->value = valueAt(i, 0);
@@ -210,9 +210,9 @@ Result medianOf(const std::vector<Result>& runs) {
 Result measure(const QString& program, const QString& kind, int count, bool changing, int seconds) {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(program, {QStringLiteral("--window"), kind, QString::number(count),
-                            changing ? QStringLiteral("changing") : QStringLiteral("steady"),
-                            QString::number(seconds)});
+    process.start(program,
+                  {QStringLiteral("--window"), kind, QString::number(count),
+                   changing ? QStringLiteral("changing") : QStringLiteral("steady"), QString::number(seconds)});
     process.waitForFinished(-1);
     const QList<QByteArray> fields = process.readAllStandardOutput().simplified().split(' ');
     return {fields.value(0).toDouble(), fields.value(1).toDouble(), fields.value(2).toDouble()};

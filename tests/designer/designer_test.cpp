@@ -1,0 +1,154 @@
+// The widget collection as a display builder meets it, with no store running.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+#include <QThread>
+#include <functional>
+
+namespace {
+
+constexpr int limit = 60000;
+
+class Designer : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(m_folder.isValid());
+        ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("plugins/designer")));
+        install(QStringLiteral(PLUGIN_LIBRARY));
+        install(QStringLiteral(WITNESS_LIBRARY));
+        write(QStringLiteral("blank.ui"),
+              "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\"><property "
+              "name=\"geometry\"><rect><x>0</x><y>0</y><width>400</width><height>300</height></rect></property>"
+              "</widget></ui>");
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_PLUGIN_PATH"), path(QStringLiteral("plugins")));
+        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config")));
+        environment.insert(QStringLiteral("OSTREL_WITNESS"), path(QStringLiteral("witness.txt")));
+        environment.insert(QStringLiteral("OSTREL_STORE"),
+                           QStringLiteral("designer-%1").arg(QCoreApplication::applicationPid()));
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        m_designer.setProcessEnvironment(environment);
+        m_designer.setProcessChannelMode(QProcess::MergedChannels);
+    }
+
+    void TearDown() override {
+        m_designer.kill();
+        m_designer.waitForFinished();
+        if (HasFailure())
+            printf("designer said:\n%s\nwitness said:\n%s\n", m_designer.readAll().constData(),
+                   witness().join('\n').toUtf8().constData());
+    }
+
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    void install(const QString& library) {
+        const QString link = path(QStringLiteral("plugins/designer/") + QFileInfo(library).fileName());
+        ASSERT_TRUE(QFile::link(library, link));
+    }
+
+    void write(const QString& name, const char* text) {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    void open(const QString& form) {
+        m_designer.start(QStringLiteral(DESIGNER), {path(form)});
+        ASSERT_TRUE(m_designer.waitForStarted());
+    }
+
+    QStringList witness() const {
+        QFile file(path(QStringLiteral("witness.txt")));
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    }
+
+    // The rest of the line that begins with `key`.
+    QString told(const QString& key) const {
+        for (const QString& line : witness())
+            if (line.startsWith(key + QLatin1Char(' ')))
+                return line.mid(key.size() + 1);
+        return QString();
+    }
+
+    bool comesTrue(const std::function<bool()>& condition) const {
+        QElapsedTimer timer;
+        timer.start();
+        while (!condition()) {
+            if (timer.elapsed() > limit)
+                return false;
+            QThread::msleep(50);
+        }
+        return true;
+    }
+
+    void mouse(const QStringList& command) {
+        ASSERT_EQ(QProcess::execute(QStringLiteral("xdotool"), command), 0) << qPrintable(command.join(' '));
+    }
+
+    void drag(const QString& from, const QString& to) {
+        const QStringList start = from.split(' ');
+        const QStringList end = to.split(' ');
+        mouse({"mousemove", start[0], start[1], "mousedown", "1"});
+        // A drag begins with a move of some pixels, and a drop wants to be announced by moves over its target.
+        for (int step = 1; step <= 20; ++step) {
+            const auto between = [&](int i) {
+                return QString::number(start[i].toInt() + (end[i].toInt() - start[i].toInt()) * step / 20);
+            };
+            mouse({"mousemove", between(0), between(1), "sleep", "0.02"});
+        }
+        mouse({"mousemove", QString::number(end[0].toInt() + 2), end[1], "sleep", "0.2", "mouseup", "1"});
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QProcess m_designer;
+};
+
+TEST_F(Designer, OffersTheWidgetsInItsPalette) {
+    open(QStringLiteral("blank.ui"));
+    EXPECT_TRUE(comesTrue([this] { return told(QStringLiteral("palette")).contains(QLatin1String("ZelValue")); }));
+}
+
+TEST_F(Designer, LetsAZelValueBeDraggedOntoAForm) {
+    open(QStringLiteral("blank.ui"));
+    ASSERT_TRUE(comesTrue(
+        [this] { return !told(QStringLiteral("entry")).isEmpty() && !told(QStringLiteral("form")).isEmpty(); }));
+    // The palette scrolls while its groups open and close: its entry must have come to rest.
+    QString rested;
+    ASSERT_TRUE(comesTrue([&] {
+        const QString before = rested;
+        rested = told(QStringLiteral("entry")) + told(QStringLiteral("form"));
+        QThread::msleep(400);
+        return rested == before;
+    }));
+    drag(told(QStringLiteral("entry")), told(QStringLiteral("form")));
+    EXPECT_TRUE(comesTrue([this] { return told(QStringLiteral("placed")).startsWith(QLatin1String("ZelValue")); }));
+}
+
+TEST_F(Designer, ShowsAFormWithAZelValueAsTheRealWidget) {
+    write(QStringLiteral("value.ui"),
+          "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\"><widget class=\"ZelValue\" "
+          "name=\"speed\"><property name=\"name\"><string>ENGINE_SPEED</string></property></widget></widget>"
+          "<customwidgets><customwidget><class>ZelValue</class><extends>QWidget</extends><header>zel_value.h</header>"
+          "</customwidget></customwidgets></ui>");
+    open(QStringLiteral("value.ui"));
+    EXPECT_TRUE(comesTrue([this] { return told(QStringLiteral("placed")) == QLatin1String("ZelValue speed"); }));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,88 @@
+#include "designerwitness.h"
+
+#include <QAbstractItemView>
+#include <QDesignerFormEditorInterface>
+#include <QDesignerFormWindowInterface>
+#include <QDesignerFormWindowManagerInterface>
+#include <QDesignerWidgetBoxInterface>
+#include <QIcon>
+#include <QSaveFile>
+#include <QTextStream>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QWidget>
+
+namespace {
+
+QString position(QWidget* widget, QPoint inside) {
+    const QPoint point = widget->mapToGlobal(inside);
+    return QStringLiteral("%1 %2").arg(point.x()).arg(point.y());
+}
+
+}  // namespace
+
+QIcon DesignerWitness::icon() const {
+    return QIcon();
+}
+
+QWidget* DesignerWitness::createWidget(QWidget* parent) {
+    return new QWidget(parent);
+}
+
+void DesignerWitness::initialize(QDesignerFormEditorInterface* core) {
+    m_core = core;
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &DesignerWitness::report);
+    timer->start(200);
+}
+
+QStringList DesignerWitness::paletteEntries() const {
+    QStringList entries;
+    const QDesignerWidgetBoxInterface* box = m_core->widgetBox();
+    for (int i = 0; box && i < box->categoryCount(); ++i) {
+        const auto category = box->category(i);
+        for (int j = 0; category.name() == QLatin1String("Ostrel") && j < category.widgetCount(); ++j)
+            entries.append(category.widget(j).name());
+    }
+    return entries;
+}
+
+// The widget box is a tree whose groups hold a list view each.
+QString DesignerWitness::paletteEntryPosition() const {
+    QWidget* box = m_core->widgetBox();
+    auto* tree = box ? box->findChild<QTreeWidget*>() : nullptr;
+    for (int i = 0; tree && i < tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* group = tree->topLevelItem(i);
+        group->setExpanded(group->text(0) == QLatin1String("Ostrel"));
+        auto* list =
+            group->childCount() > 0 ? qobject_cast<QAbstractItemView*>(tree->itemWidget(group->child(0), 0)) : nullptr;
+        if (!list || !group->isExpanded())
+            continue;
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+            const QModelIndex index = list->model()->index(row, 0);
+            if (index.data().toString() == QLatin1String("ZelValue"))
+                return position(list->viewport(), list->visualRect(index).center());
+        }
+    }
+    return QString();
+}
+
+void DesignerWitness::report() {
+    QDesignerFormWindowInterface* form = m_core->formWindowManager()->activeFormWindow();
+    if (!form && m_core->formWindowManager()->formWindowCount() > 0)
+        form = m_core->formWindowManager()->formWindow(0);
+    if (!form || !form->mainContainer())
+        return;
+    QSaveFile file(qEnvironmentVariable("OSTREL_WITNESS"));
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    QTextStream out(&file);
+    out << "palette " << paletteEntries().join(QLatin1Char(' ')) << "\n";
+    out << "entry " << paletteEntryPosition() << "\n";
+    out << "form " << position(form->mainContainer(), form->mainContainer()->rect().center()) << "\n";
+    for (QWidget* child : form->mainContainer()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (form->isManaged(child))
+            out << "placed " << child->metaObject()->className() << " " << child->objectName() << "\n";
+    out.flush();
+    file.commit();
+}

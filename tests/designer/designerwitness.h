@@ -1,0 +1,38 @@
+// A plug-in of the tests that looks at Qt Designer from inside and writes down what it sees.
+#ifndef DESIGNERWITNESS_H
+#define DESIGNERWITNESS_H
+
+#include <QObject>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
+
+class QDesignerFormEditorInterface;
+
+// Once a form is open it writes to the file in OSTREL_WITNESS, again and again: the widget box's entries of the group
+// "Ostrel", where on the screen the entry ZelValue and the form lie, and the class of each widget on the form.
+class DesignerWitness : public QObject, public QDesignerCustomWidgetInterface {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QDesignerCustomWidgetInterface")
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    bool isContainer() const override { return false; }
+    bool isInitialized() const override { return m_core != nullptr; }
+    QIcon icon() const override;
+    QString domXml() const override { return QString(); }
+    QString group() const override { return QStringLiteral("Witness"); }
+    QString includeFile() const override { return QStringLiteral("witness.h"); }
+    QString name() const override { return QStringLiteral("DesignerWitness"); }
+    QString toolTip() const override { return QString(); }
+    QString whatsThis() const override { return QString(); }
+    QWidget* createWidget(QWidget* parent) override;
+    void initialize(QDesignerFormEditorInterface* core) override;
+
+private:
+    void report();
+    QStringList paletteEntries() const;
+    QString paletteEntryPosition() const;
+
+    QDesignerFormEditorInterface* m_core = nullptr;
+};
+
+#endif
