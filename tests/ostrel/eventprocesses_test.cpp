@@ -1,0 +1,255 @@
+/* Events between processes, some of which are killed. On a stand-in for the store. */
+#include <gtest/gtest.h>
+#include <ostrel/events.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <random>
+#include <thread>
+
+#include "eventlock.h"
+#include "eventmemory.h"
+#include "eventowner.h"
+#include "eventstore.h"
+#include "eventtable.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+short int attach(const char* name, unsigned short depth = 10) {
+    int eid = 0;
+    return event_attach(name, depth, &eid);
+}
+
+class EventProcesses : public testing::Test {
+protected:
+    EventProcesses() { store.use(); }
+
+    EventStore store;
+};
+
+TEST_F(EventProcesses, deliverWholePayloadsInOrder) {
+    eventId("there");
+    eventId("back");
+    attach("back", 10);
+    constexpr int rounds = 2000;
+    Child echo([] {
+        attach("there", 10);
+        raise("back", "ready");
+        for (int round = 0; round < rounds; ++round) {
+            const Received received = receive();
+            if (received.eid == 0 || raise("back", received.payload) != 0)
+                return 1;
+        }
+        return 0;
+    });
+    ASSERT_EQ(receiveUntil("ready"), Texts{"ready"});
+    for (int round = 0; round < rounds; ++round) {
+        const std::string sent(payloadCapacity, static_cast<char>('a' + round % 26));
+        ASSERT_EQ(raise("there", sent), 0);
+        ASSERT_EQ(receive().payload, sent);
+    }
+    EXPECT_EQ(echo.result(), 0);
+}
+
+TEST_F(EventProcesses, allGetWhatOneRaises) {
+    eventId("all");
+    std::vector<std::unique_ptr<Child>> children;
+    for (int number = 0; number < 8; ++number) {
+        children.push_back(std::make_unique<Child>([] {
+            attach("all", 256);
+            Texts expected;
+            for (int message = 0; message < 200; ++message)
+                expected.push_back(std::to_string(message));
+            return receiveUntil("199") == expected ? 0 : 1;
+        }));
+    }
+    ASSERT_TRUE(comes([] { return attached("all") == 8; }));
+    for (int message = 0; message < 200; ++message)
+        raise("all", std::to_string(message));
+    for (const auto& child : children)
+        EXPECT_EQ(child->result(), 0);
+}
+
+TEST_F(EventProcesses, aForkedChildLeavesItsParentAttached) {
+    eventId("some");
+    attach("some");
+    Child child([] {
+        int eid = 0;
+        const short int result = event_attach("some", 1, &eid);  // Not -261: it is another thread.
+        return result == 0 && event_detach(eid) == 0 ? 0 : 1;
+    });
+    EXPECT_EQ(child.result(), 0);
+    EXPECT_EQ(attached("some"), 1);
+    raise("some", "still here");
+    EXPECT_EQ(receiveUntil("still here"), Texts{"still here"});
+}
+
+TEST_F(EventProcesses, aKilledOneIsReclaimed) {
+    eventId("some");
+    Child child([] {
+        attach("some");
+        receive();
+        return 0;
+    });
+    ASSERT_TRUE(comes([] { return attached("some") == 1; }));
+    reclaimDeadThreads(&store.layout());
+    EXPECT_EQ(attached("some"), 1) << "it lives";
+    child.signal(SIGSTOP);
+    reclaimDeadThreads(&store.layout());
+    EXPECT_EQ(attached("some"), 1) << "it is stopped, not dead";
+    child.signal(SIGKILL);
+    // Before the parent has fetched its status, when it is a zombie.
+    EXPECT_TRUE(comes([&] {
+        reclaimDeadThreads(&store.layout());
+        return attached("some") == 0;
+    }));
+}
+
+TEST_F(EventProcesses, aPlaceIsFreeWhenItsNumbersWereGivenToAnother) {
+    ThreadIdentity self = currentThread();
+    EXPECT_FALSE(isGone(self));
+    ASSERT_GT(self.started, 0U);
+    ++self.started;
+    EXPECT_TRUE(isGone(self));
+}
+
+TEST_F(EventProcesses, attachingToAFullTableReclaimsTheDead) {
+    eventId("some");
+    auto& waiting = shared<std::atomic<int>>();
+    Child child([&] {
+        std::vector<std::thread> threads;
+        for (int number = 0; number < 256; ++number) {
+            threads.emplace_back([&] {
+                attach("some");
+                ++waiting;
+                pause();
+            });
+        }
+        pause();
+        return 0;
+    });
+    ASSERT_TRUE(comes([&] { return waiting == 256; }));
+    EXPECT_EQ(attach("some"), OSTREL_EVENT_FULL);
+    child.kill();
+    EXPECT_EQ(attach("some"), 0);
+    EXPECT_EQ(attached("some"), 1);
+}
+
+TEST_F(EventProcesses, oneKilledWithTheLockHoldsNobodyUp) {
+    eventId("some");
+    attach("some");
+    auto& isHolding = shared<std::atomic<bool>>();
+    for (int round = 0; round < 20; ++round) {
+        isHolding = false;
+        Child child([&] {
+            const EventLock lock(store.layout());
+            isHolding = lock.held();
+            pause();
+            return 0;
+        });
+        ASSERT_TRUE(comes([&] { return isHolding.load(); }));
+        child.kill();
+        const std::string text = "round " + std::to_string(round);
+        ASSERT_EQ(raise("some", text), 0);
+        ASSERT_EQ(receiveUntil(text), Texts{text});
+    }
+}
+
+TEST_F(EventProcesses, oneStoppedWithTheLockMakesTheOthersFailAndNotHang) {
+    eventId("some");
+    attach("some");
+    auto& isHolding = shared<std::atomic<bool>>();
+    Child child([&] {
+        const EventLock lock(store.layout());
+        isHolding = true;
+        raise(SIGSTOP);
+        return 0;
+    });
+    ASSERT_TRUE(comes([&] { return isHolding.load(); }));
+    EXPECT_EQ(raise("some"), OSTREL_EVENT_NO_STORE);
+    int eid = 0;
+    EXPECT_EQ(event_wait(nullptr, 0, &eid), OSTREL_EVENT_QUIET);
+    EXPECT_TRUE(comes([&] {
+        child.signal(SIGCONT);
+        return raise("some", "on") == 0;
+    }));
+    EXPECT_EQ(receiveUntil("on"), Texts{"on"});
+}
+
+/* A raiser that died after it took the message in and before it woke anyone. */
+TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
+    const int some = eventId("some");
+    const int index = findEvent(store.layout(), *toEventName("some"));
+    auto& isHolding = shared<std::atomic<bool>>();
+    Child receiver([] {
+        attach("some");
+        return receiveUntil("left behind") == Texts{"left behind"} ? 0 : 1;
+    });
+    ASSERT_TRUE(comes([&] { return store.layout().threads[0].sleeping == 1; }));
+    Child raiser([&] {
+        const EventLock lock(store.layout());
+        putMessage(store.layout(), index, "left behind", sizeof "left behind");
+        isHolding = true;
+        pause();
+        return 0;
+    });
+    ASSERT_TRUE(comes([&] { return isHolding.load(); }));
+    raiser.kill();
+    int eid = 0;
+    std::array<char, 32> name{"some"};
+    EXPECT_EQ(event_get_id(name.data(), &eid), 0);
+    EXPECT_EQ(eid, some);
+    EXPECT_EQ(receiver.result(), 0);
+}
+
+/* Raises and receives as fast as it goes, to be killed at any point. */
+int makeLoad(unsigned seed) {
+    std::mt19937 random(seed);
+    for (;;) {
+        int eid = 0;
+        attach("load", 256);
+        for (int turn = 0; turn < 20; ++turn) {
+            raise("load", std::string(1 + random() % payloadCapacity, 'x'));
+            event_wait(nullptr, 0, &eid);
+        }
+        event_detach(eid);
+    }
+}
+
+TEST_F(EventProcesses, killsAtRandomUnderLoadSpareTheOthers) {
+    eventId("load");
+    eventId("there");
+    eventId("back");
+    Child echo([] {
+        attach("there", 256);
+        for (;;)
+            raise("back", receive().payload.c_str());
+        return 0;
+    });
+    ASSERT_TRUE(comes([] { return attached("there") == 1; }));
+    attach("back", 256);
+    std::mt19937 random(20260101);
+    std::vector<std::unique_ptr<Child>> load(3);
+    for (int kill = 0; kill < 200; ++kill) {
+        std::unique_ptr<Child>& next = load[random() % load.size()];
+        next = std::make_unique<Child>([kill] { return makeLoad(static_cast<unsigned>(kill)); });
+        const std::uint64_t before = raised("load");
+        ASSERT_TRUE(comes([before] { return raised("load") != before; })) << "after kill " << kill;
+        const std::string text = "message " + std::to_string(kill);
+        ASSERT_EQ(raise("there", text), 0) << "after kill " << kill;
+        ASSERT_EQ(receiveUntil(text), Texts{text}) << "after kill " << kill;
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 2000));  // To kill anywhere in the loop.
+        next->signal(SIGKILL);
+    }
+    load.clear();
+    EXPECT_TRUE(comes([this] {
+        reclaimDeadThreads(&store.layout());
+        return attached("load") == 0;
+    }));
+    EXPECT_EQ(attached("there"), 1);
+    EXPECT_EQ(attached("back"), 1);
+}
+
+}  // namespace
