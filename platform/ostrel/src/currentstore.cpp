@@ -173,6 +173,8 @@ void chooseStore(const char* name, const char* cellFile) {
     const std::lock_guard lock(c.mutex);
     c.name = name ? std::optional<std::string>(name) : std::nullopt;
     c.cellFile = cellFile ? std::optional<std::string>(cellFile) : std::nullopt;
+    // The caller embeds the cell itself, and hears of a failure.
+    c.embeddingTried = c.embeddingTried || cellFile;
 }
 
 std::string storeName() {

@@ -77,8 +77,9 @@ typedef struct _registered_name {
 OSTREL_SIZE(REGISTERED_NAME, 50);
 
 /*
- * The record of SYS_ATTR_MEM: how many records each section of the other areas has room for. Walk a section by its
- * count and look at `active`; a slot that holds no variable has active 0.
+ * The record of SYS_ATTR_MEM: how many slots of the sections that can grow are in use or were. Walk a section by its
+ * count and look at `active`; a slot that holds no variable has active 0. Slots behind the count have never been
+ * touched. A section that has no count here has as many slots as its row of ostrel_sections() says.
  */
 typedef struct _system_attributes {
     short int max_num_gu_real;

@@ -47,7 +47,9 @@ void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area);
 
 /*
  * Puts a variable. A name that the section has, active or retired, keeps its slot and its values; a new one gets a
- * free slot, and a retired name's slot only where no other is free. Returns the record, with label, shm_id and index
+ * free slot, a retired name's slot only where no other is free, and the slot of a name that was not put again yet only
+ * where the section is full of names that stand. The area must have been begun. Returns the record, with label, shm_id
+ * and index
  * set, `*created` 1 where the other fields are zero and for the caller to fill. Null where `label` is no name (an
  * identifier; one with a point at its end for a kind with members), stands already, or the section is full: `message`
  * says which.
@@ -57,7 +59,8 @@ void* ostrel_server_put(ostrel_server* server, SM_AREA_ID area, SM_VARI_TYPE kin
 
 /*
  * Puts an array with `dimensions` (1 to 3) sizes, 1 to 2500 each. `*elements` is the first of its element records,
- * in row-major order. An array that stays with another shape gets new elements.
+ * in row-major order. An array that stays with another shape gets new elements; *created is 1 then too, and the record
+ * is as a new one's.
  */
 void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const char* label, int dimensions,
                               const unsigned short* sizes, void** elements, int* created, char* message,
@@ -67,7 +70,10 @@ void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const ch
 ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias, const char* target, int primary,
                                         char* message, size_t message_size);
 
-/* Limits that get_limit_info() tells; NUM_LIMIT_TYPES entries each. */
+/*
+ * Limits that get_limit_info() tells, of a full name; NUM_LIMIT_TYPES entries each. In a reconfiguration they are known
+ * with its end, otherwise at once. A begin forgets the limits of the variables in its area.
+ */
 void ostrel_server_set_limits(ostrel_server* server, const char* label, const double* limits, const short int* exists,
                               const short int* display);
 

@@ -56,7 +56,10 @@ INTEGER_ARRAY_MEMBER* get_integer_array_adr(INTEGER_ARRAY_VARIABLE* array, SHARE
 STRING_ARRAY_MEMBER* get_string_array_adr(STRING_ARRAY_VARIABLE* array, SHARED_MEMORY* mem);
 LOGICAL_ARRAY_MEMBER* get_logical_array_adr(LOGICAL_ARRAY_VARIABLE* array, SHARED_MEMORY* mem);
 
-/* The printf format of a member, one conversion for a double, at most 7 characters. Never null. */
+/*
+ * The printf format of a member, one conversion for a double, at most 7 characters: its display_resolution is the
+ * number of decimals up to 9, what lies above asks for "%g". Never null.
+ */
 char* get_stat_format(STAT_VARIABLE* var, STAT_MEMBER_TYPE member);
 char* get_comp_format(COMP_VARIABLE* var, COMPOSITION_MEMBER_TYPE member);
 char* get_prop_format(PROP_VARIABLE* var, PROPERTY_MEMBER_TYPE member);
@@ -64,7 +67,8 @@ char* get_emis_format(EMIS_VARIABLE* var, EMISSION_MEMBER_TYPE member);
 
 /*
  * Limits of the variable `label`, in its own units: `limits`, `exists` and `display` have NUM_LIMIT_TYPES entries each,
- * indexed by LIMIT_ARRAY_INDEXES. 0: all of them and *status are filled. Any of the pointers may be null.
+ * indexed by LIMIT_ARRAY_INDEXES. 0: all of them and *status are filled, with `exists` 0 for a limit that the variable
+ * has not. Any of the pointers but `label` may be null.
  */
 short int get_limit_info(char* label, LIMIT_STATUS* status, double* limits, short int* exists, short int* display);
 
@@ -75,7 +79,8 @@ const char* ostrel_member_name(SM_VARI_TYPE kind, int member);
 
 /*
  * A private block of the store by name, at least `size` bytes, zeroed when new. "reconfig_data" is the store's
- * RECONFIG_DATA. Without a store the block is memory of this process. Never null for a size up to 1 MiB.
+ * RECONFIG_DATA; its address stays the same and always shows the store in use, also one that comes later, with another
+ * count. Without a store a block is memory of this process. Never null for a name and a size up to 1 MiB.
  */
 void* get_private_shrd_mem(char* name, size_t size);
 
