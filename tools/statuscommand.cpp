@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstdio>
 
 #include "commands.h"
@@ -14,11 +15,16 @@ Json eventJson(const ostrel_event_info_t& event) {
                         {"dropped", event.dropped}};
 }
 
+// The instance is a text: it has more digits than a number in JSON keeps.
 Json::Object storeJson(const ostrel_store_status& store) {
-    return {{"store", fieldText(store.name)},           {"alive", store.alive != 0},
-            {"server_pid", store.server_pid},           {"cell_file", fieldText(store.cell_file)},
-            {"heartbeat_age_s", store.heartbeat_age_s}, {"instance", store.instance},
-            {"generation", store.generation},           {"variables", store.variables}};
+    return {{"store", fieldText(store.name)},
+            {"alive", store.alive != 0},
+            {"server_pid", store.server_pid},
+            {"cell_file", fieldText(store.cell_file)},
+            {"heartbeat_age_s", std::round(store.heartbeat_age_s * 1000) / 1000},
+            {"instance", std::to_string(store.instance)},
+            {"generation", store.generation},
+            {"variables", store.variables}};
 }
 
 }  // namespace

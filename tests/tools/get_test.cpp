@@ -12,7 +12,7 @@ TEST_F(Get, ShowsEveryKind) {
     EXPECT_EQ(value("PUMP_ON"), "PUMP_ON STOPPED");
     EXPECT_EQ(value("DOOR"), "DOOR TRUE");
     EXPECT_EQ(value("TEST_NAME"), "TEST_NAME cold start");
-    EXPECT_EQ(value("CYL_TEMP:2"), "CYL_TEMP:2 403 C");
+    EXPECT_EQ(value("CYL_TEMP:2"), "CYL_TEMP:2 403 DEGC");
     EXPECT_EQ(value("COUNTS:1:2"), "COUNTS:1:2 6");
     EXPECT_EQ(value("VALVES:1"), "VALVES:1 SHUT");
     EXPECT_EQ(value("STEPS:1"), "STEPS:1 ramp");
@@ -20,8 +20,8 @@ TEST_F(Get, ShowsEveryKind) {
 
 TEST_F(Get, TakesAliasesOfVariablesAndElementsAndLabelsOfElements) {
     EXPECT_EQ(value("SPEED"), "SPEED 1500.2 rpm");
-    EXPECT_EQ(value("HOTTEST"), "HOTTEST 404 C");
-    EXPECT_EQ(value("CYL_TEMP:second"), "CYL_TEMP:second 402 C");
+    EXPECT_EQ(value("HOTTEST"), "HOTTEST 404 DEGC");
+    EXPECT_EQ(value("CYL_TEMP:second"), "CYL_TEMP:second 402 DEGC");
 }
 
 TEST_F(Get, FollowsTheStatisticsOfAMember) {
@@ -43,8 +43,8 @@ TEST_F(Get, ShowsAllMembersWithAndWithoutThePoint) {
 }
 
 TEST_F(Get, ConvertsUnits) {
-    const Outcome outcome = ostrel({"get", "OIL_TEMP", "--units", "F"});
-    EXPECT_EQ(outcome.output, "OIL_TEMP 194.0 F\n");
+    const Outcome outcome = ostrel({"get", "OIL_TEMP", "--units", "DEGF"});
+    EXPECT_EQ(outcome.output, "OIL_TEMP 194.0 DEGF\n");
 }
 
 TEST_F(Get, TellsMachinesTheFullValue) {

@@ -47,7 +47,7 @@ TEST_F(List, IsATableForPeople) {
     const auto lines = ostrel({"list", "OIL*"}).lines();
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[0], "NAME          KIND  VALUE  UNITS  SECTION             ALIASES");
-    EXPECT_EQ(lines[1], "OIL_TEMP      real  90.0   C      General Use (real)");
+    EXPECT_EQ(lines[1], "OIL_TEMP      real  90.0   DEGC   General Use (real)");
     EXPECT_EQ(lines[2], "OIL_PRESSURE  real  3.50   bar    General Use (real)");
 }
 

@@ -7,7 +7,7 @@ TEST_F(Set, WritesEveryKindAndShowsWhatItHoldsThen) {
     EXPECT_EQ(ostrel({"set", "CYCLES", "-7"}).output, "CYCLES -7\n");
     EXPECT_EQ(ostrel({"set", "PUMP_ON", "RUNNING"}).output, "PUMP_ON RUNNING\n");
     EXPECT_EQ(ostrel({"set", "TEST_NAME", "hot start"}).output, "TEST_NAME hot start\n");
-    EXPECT_EQ(ostrel({"set", "CYL_TEMP:1", "500"}).output, "CYL_TEMP:1 500 C\n");
+    EXPECT_EQ(ostrel({"set", "CYL_TEMP:1", "500"}).output, "CYL_TEMP:1 500 DEGC\n");
     EXPECT_EQ(ostrel({"set", "COUNTS:1:2", "66"}).output, "COUNTS:1:2 66\n");
     EXPECT_EQ(ostrel({"set", "VALVES:1", "OPEN"}).output, "VALVES:1 OPEN\n");
     EXPECT_EQ(ostrel({"set", "STEPS:0", "cool down"}).output, "STEPS:0 cool down\n");
@@ -16,8 +16,8 @@ TEST_F(Set, WritesEveryKindAndShowsWhatItHoldsThen) {
     EXPECT_EQ(value("CYCLES"), "CYCLES -7");
     EXPECT_EQ(value("PUMP_ON"), "PUMP_ON RUNNING");
     EXPECT_EQ(value("TEST_NAME"), "TEST_NAME hot start");
-    EXPECT_EQ(value("CYL_TEMP:1"), "CYL_TEMP:1 500 C");
-    EXPECT_EQ(value("CYL_TEMP:0"), "CYL_TEMP:0 401 C");
+    EXPECT_EQ(value("CYL_TEMP:1"), "CYL_TEMP:1 500 DEGC");
+    EXPECT_EQ(value("CYL_TEMP:0"), "CYL_TEMP:0 401 DEGC");
     EXPECT_EQ(value("COUNTS:1:2"), "COUNTS:1:2 66");
     EXPECT_EQ(value("VALVES:0"), "VALVES:0 SHUT");
     EXPECT_EQ(value("VALVES:1"), "VALVES:1 OPEN");
@@ -28,7 +28,7 @@ TEST_F(Set, TakesAliases) {
     ostrel({"set", "SPEED", "2000"});
     EXPECT_EQ(value("ENGINE_SPEED"), "ENGINE_SPEED 2000.0 rpm");
     ostrel({"set", "HOTTEST", "999"});
-    EXPECT_EQ(value("CYL_TEMP:3"), "CYL_TEMP:3 999 C");
+    EXPECT_EQ(value("CYL_TEMP:3"), "CYL_TEMP:3 999 DEGC");
 }
 
 TEST_F(Set, TakesEveryWordForAState) {
@@ -43,10 +43,10 @@ TEST_F(Set, TakesEveryWordForAState) {
 }
 
 TEST_F(Set, ConvertsFromTheUnitsGiven) {
-    EXPECT_EQ(ostrel({"set", "OIL_TEMP", "212", "F"}).output, "OIL_TEMP 100.0 C\n");
-    EXPECT_EQ(ostrel({"set", "CYL_TEMP:0", "32", "F"}).output, "CYL_TEMP:0 0 C\n");
+    EXPECT_EQ(ostrel({"set", "OIL_TEMP", "212", "DEGF"}).output, "OIL_TEMP 100.0 DEGC\n");
+    EXPECT_EQ(ostrel({"set", "CYL_TEMP:0", "32", "DEGF"}).output, "CYL_TEMP:0 0 DEGC\n");
     EXPECT_EQ(ostrel({"set", "FAN_SPEED", "25", "Hz"}).output, "FAN_SPEED 1500 rpm\n");
-    EXPECT_EQ(ostrel({"set", "OIL_TEMP", "-12.5", "C"}).output, "OIL_TEMP -12.5 C\n");
+    EXPECT_EQ(ostrel({"set", "OIL_TEMP", "-12.5", "degc"}).output, "OIL_TEMP -12.5 DEGC\n");
 }
 
 TEST_F(Set, KeepsTheBooksOfAWrite) {

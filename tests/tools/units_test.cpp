@@ -22,25 +22,25 @@ bool contains(const std::vector<std::string>& lines, const std::string& line) {
 
 TEST(Units, ListsWhatAKeywordConvertsTo) {
     const auto lines = units({"bar"}).lines();
-    EXPECT_TRUE(contains(lines, "bar"));
-    EXPECT_TRUE(contains(lines, "kPa"));
-    EXPECT_FALSE(contains(lines, "rpm"));
+    EXPECT_TRUE(contains(lines, "BAR"));
+    EXPECT_TRUE(contains(lines, "KPA"));
+    EXPECT_FALSE(contains(lines, "RPM"));
 }
 
 TEST(Units, ListsAllKeywordsWithoutOne) {
     const auto lines = units({}).lines();
-    EXPECT_TRUE(contains(lines, "bar"));
-    EXPECT_TRUE(contains(lines, "rpm"));
+    EXPECT_TRUE(contains(lines, "BAR"));
+    EXPECT_TRUE(contains(lines, "RPM"));
 }
 
 TEST(Units, TellsMachinesAList) {
     const Outcome outcome = units({"bar", "--json"});
     const auto list = QJsonDocument::fromJson(QByteArray::fromStdString(outcome.output)).array();
-    EXPECT_TRUE(list.contains("kPa"));
+    EXPECT_TRUE(list.contains("KPA"));
 }
 
 TEST(Units, NamesTheNearestOfAnUnknownKeyword) {
-    const Outcome outcome = units({"kPaa"});
+    const Outcome outcome = units({"KPAX"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(outcome.errors.starts_with("ostrel: kPaa: no such unit keyword; did you mean kPa")) << outcome.errors;
+    EXPECT_TRUE(outcome.errors.starts_with("ostrel: KPAX: no such unit keyword; did you mean KPA")) << outcome.errors;
 }

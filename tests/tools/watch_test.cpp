@@ -41,9 +41,9 @@ TEST_F(Watch, ShowsOnlyChangesWhereAskedTo) {
 }
 
 TEST_F(Watch, ConvertsUnits) {
-    const Outcome outcome = ostrel({"watch", "OIL_TEMP", "--units", "F", "--count", "1"});
+    const Outcome outcome = ostrel({"watch", "OIL_TEMP", "--units", "DEGF", "--count", "1"});
     ASSERT_EQ(outcome.lines().size(), 1U);
-    EXPECT_TRUE(outcome.lines()[0].ends_with(" OIL_TEMP 194.0 F")) << outcome.output;
+    EXPECT_TRUE(outcome.lines()[0].ends_with(" OIL_TEMP 194.0 DEGF")) << outcome.output;
 }
 
 TEST_F(Watch, EndsCleanlyWhenInterrupted) {
