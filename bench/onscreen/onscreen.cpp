@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

@@ -5,10 +5,8 @@
 #include <QLabel>
 #include <QString>
 
-// Gives the label the mark's picture: the one that the site installed where forms expect it, else the library's own.
-void preparePicture(QLabel* iconLabel);
-
-// Shows or hides the mark, and the words for it as tool tip of `tipOwner`, in place of the form's own.
+// Shows or hides the mark, and the words for it as tool tip of `tipOwner`, in place of the form's own. Its picture is
+// the one that the site installed where forms expect it, else the library's own.
 void showNotFoundMark(bool show, QLabel* iconLabel, QWidget* tipOwner, const QString& toolTip);
 
 // The tool tip alone.

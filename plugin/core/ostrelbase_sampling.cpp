@@ -256,16 +256,15 @@ QColor OstrelBase::getOstrelLimitColors(bool& blink) {
 
 void OstrelBase::checkStatus(bool startup) {
     bool blink = false;
-    QColor color = getOstrelLimitColors(blink);
-    const QColor textColor = palette().text().color();
+    const QColor color = getOstrelLimitColors(blink);
     if ((!_monitorLimit && !_checkLimit) || color == Qt::transparent) {
-        setColor(textColor);
+        setColor(palette().text().color());
     } else if (!blink) {
         if (_requestedFlashTimer) {
             TimerModerator::releaseFromTimer(this, flashInterval);
             _requestedFlashTimer = false;
         }
-        setColor(color == Qt::black ? textColor : color);
+        setColor(color == Qt::black ? palette().text().color() : color);
     } else if (!TimerModerator::isRegistered(this, flashInterval)) {
         // The colour stays for flash() to handle.
         _requestedFlashTimer = TimerModerator::requestTimer(this, flashInterval);

@@ -15,7 +15,6 @@
 
 ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
     ui->setupUi(this);
-    preparePicture(ui->iconLabel);
     _initFlag = false;
     _unitsVis = true;
     _smartTicks = false;
