@@ -91,7 +91,9 @@ int serve(const Arguments& arguments) {
     ostrel_cell* cell =
         ostrel_cell_open(arguments.file.c_str(), arguments.store.c_str(), message.data(), message.size());
     if (cell == nullptr) {
-        std::fprintf(stderr, "%s\n", message.data());
+        // What is wrong in the file starts with its name; what is wrong with the store does not.
+        const bool of_file = std::string(message.data()).rfind(arguments.file + ":", 0) == 0;
+        std::fprintf(stderr, "%s%s\n", of_file ? "" : "ostrel-cell: ", message.data());
         return exit_failure;
     }
     ostrel_cell_summary summary{};

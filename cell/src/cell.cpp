@@ -55,8 +55,9 @@ OSTREL_CELL_PUBLIC int ostrel_cell_check(const char* cell_file, ostrel_cell_summ
         return 1;
     return guarded(1, message, message_size, [&] {
         ostrelcell::CellModel model;
+        ostrelcell::Simulation simulation;
         ostrelcell::Diagnostics diagnostics(cell_file);
-        ostrelcell::read_cell_file(cell_file, model, diagnostics);
+        ostrelcell::read_cell_file(cell_file, model, simulation, diagnostics);
         tell(diagnostics.text(), message, message_size);
         if (diagnostics.empty() && summary != nullptr)
             summarise(model, false, summary);

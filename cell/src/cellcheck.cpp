@@ -6,7 +6,6 @@
 
 #include "names.h"
 #include "nearestname.h"
-#include "simulation.h"
 
 namespace ostrelcell {
 
@@ -128,8 +127,6 @@ void check_cell(const CellModel& model, Diagnostics& diagnostics) {
         check_composition(model, variable, diagnostics);
     }
     check_latch_reset(model, diagnostics);
-    Simulation simulation;
-    simulation.build(model, diagnostics);
 }
 
 }  // namespace ostrelcell

@@ -6,7 +6,7 @@
 
 namespace ostrelcell {
 
-// Names that stand twice, references to nothing, cycles, expressions, more variables than a section has room for.
+// Names that stand twice, references to nothing, cycles of aliases, more variables than a section has room for.
 void check_cell(const CellModel& model, Diagnostics& diagnostics);
 
 }  // namespace ostrelcell

@@ -192,17 +192,18 @@ void read_document(const toml::table& document, CellModel& model, Diagnostics& d
 
 }  // namespace
 
-void read_cell_text(const std::string& text, CellModel& model, Diagnostics& diagnostics) {
+void read_cell_text(const std::string& text, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
     try {
         const toml::table document = toml::parse(text);
         read_document(document, model, diagnostics);
         check_cell(model, diagnostics);
+        simulation.build(model, diagnostics);
     } catch (const toml::parse_error& error) {
         diagnostics.add(static_cast<int>(error.source().begin.line), std::string(error.description()));
     }
 }
 
-void read_cell_file(const std::string& file, CellModel& model, Diagnostics& diagnostics) {
+void read_cell_file(const std::string& file, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
     model.file = file;
     std::error_code failure;
     if (std::filesystem::is_directory(file, failure)) {
@@ -218,7 +219,7 @@ void read_cell_file(const std::string& file, CellModel& model, Diagnostics& diag
         diagnostics.add(0, std::string("cannot be read: ") + std::strerror(errno));
         return;
     }
-    read_cell_text(text.str(), model, diagnostics);
+    read_cell_text(text.str(), model, simulation, diagnostics);
 }
 
 }  // namespace ostrelcell

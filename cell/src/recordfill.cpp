@@ -157,7 +157,8 @@ void fill_stat(const CellModel& model, const Variable& variable, STAT_VARIABLE& 
         units_keyword_to_code(seconds.keyword.data(), &seconds.code);
         const StatUnits which = units_of_stat_member(index);
         fill_units(member, which == StatUnits::source ? units : which == StatUnits::seconds ? seconds : Units{});
-        member.display_resolution = which == StatUnits::source ? format_decimals(format) : 3;
+        const bool counts = index == NM || index == NR;
+        member.display_resolution = which == StatUnits::source ? format_decimals(format) : counts ? 0 : 3;
     }
     fill_writer(record);
 }

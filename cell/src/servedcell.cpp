@@ -54,14 +54,13 @@ void remark(std::string& remarks, bool changed, const char* key) {
 std::unique_ptr<ServedCell::Content> ServedCell::read(const std::string& file, std::string& reasons) {
     auto content = std::make_unique<Content>();
     content->model = std::make_unique<CellModel>();
+    content->simulation = std::make_unique<Simulation>();
     Diagnostics diagnostics(file);
-    read_cell_file(file, *content->model, diagnostics);
+    read_cell_file(file, *content->model, *content->simulation, diagnostics);
     if (!diagnostics.empty()) {
         reasons = diagnostics.text();
         return nullptr;
     }
-    content->simulation = std::make_unique<Simulation>();
-    content->simulation->build(*content->model, diagnostics);
     return content;
 }
 

@@ -29,6 +29,14 @@ std::uint64_t random_start(std::uint64_t seed, const std::string& key) {
     return seed ^ (std::hash<std::string>{}(key)*0x9E3779B97F4A7C15U);
 }
 
+std::string input_name(std::size_t number) {
+    return "i" + std::to_string(number);
+}
+
+std::string output_name(std::size_t number) {
+    return "o" + std::to_string(number);
+}
+
 std::string library_reason(const mu::Parser::exception_type& error, const std::string& text) {
     switch (error.GetCode()) {
         case mu::ecUNEXPECTED_EOF:
@@ -55,9 +63,10 @@ struct Simulation::Target {
     const Variable* variable;
     const Expression* expr;
     std::string subject;
-    std::vector<int> indexes;  // of the element of an array
-    std::string text;          // translated
-    std::vector<std::size_t> needs;
+    std::vector<int> indexes;         // of the element of an array
+    std::string text;                 // translated
+    std::vector<std::size_t> needs;   // targets that have to be evaluated before
+    std::vector<std::size_t> inputs;  // that it reads beside them
     int depth = -1;
 };
 
@@ -82,6 +91,7 @@ struct Simulation::Builder {
     Builder(Simulation& built, const CellModel& cell, Diagnostics& out)
         : simulation(built), model(cell), diagnostics(out) {}
 
+    void prepare(mu::Parser& parser);
     void collect();
     void add(ValueRef ref, const Expression& expr, std::vector<int> indexes);
     void translate_all();
@@ -102,10 +112,16 @@ void Simulation::Builder::add(ValueRef ref, const Expression& expr, std::vector<
     const Variable& variable = model.variables[static_cast<std::size_t>(ref.variable)];
     target_of.emplace(key_of(ref), targets.size());
     targets.push_back(
-        {ref, &variable, &expr, std::string(kind_word(variable.kind)) + "." + variable.name, indexes, "", {}, -1});
+        {ref, &variable, &expr, std::string(kind_word(variable.kind)) + "." + variable.name, indexes, "", {}, {}, -1});
     simulation.m_values.push_back(0);
     simulation.m_outputs.push_back({ref, &simulation.m_values.back()});
-    prototype.DefineVar("o" + std::to_string(targets.size() - 1), simulation.m_outputs.back().value);
+    prototype.DefineVar(output_name(targets.size() - 1), simulation.m_outputs.back().value);
+}
+
+void Simulation::Builder::prepare(mu::Parser& parser) {
+    define_functions(parser);
+    parser.DefineVar("t_", &simulation.m_t);
+    parser.DefineVar("dt_", &simulation.m_dt);
 }
 
 void Simulation::Builder::collect() {
@@ -158,14 +174,14 @@ int Simulation::Builder::index_value(const std::string& name) const {
 }
 
 std::string Simulation::Builder::input(ValueRef ref, bool alarm) {
-    const auto found = input_of.find({key_of(ref), alarm});
-    if (found != input_of.end())
-        return "i" + std::to_string(found->second);
-    const std::size_t number = simulation.m_inputs.size();
+    const auto [place, fresh] = input_of.emplace(std::pair(key_of(ref), alarm), simulation.m_inputs.size());
+    const std::size_t number = place->second;
+    targets[current].inputs.push_back(number);
+    const std::string name = input_name(number);
+    if (!fresh)
+        return name;
     simulation.m_values.push_back(0);
     simulation.m_inputs.push_back({ref, alarm, &simulation.m_values.back()});
-    input_of[{key_of(ref), alarm}] = number;
-    const std::string name = "i" + std::to_string(number);
     prototype.DefineVar(name, simulation.m_inputs.back().value);
     return name;
 }
@@ -188,7 +204,7 @@ std::string Simulation::Builder::identifier(const std::string& full_name, NameUs
     if (use == NameUse::previous || target == target_of.end() || target->second == current)
         return input(*ref, false);
     targets[current].needs.push_back(target->second);
-    return "o" + std::to_string(target->second);
+    return output_name(target->second);
 }
 
 void Simulation::Builder::translate(Target& target) {
@@ -258,12 +274,13 @@ void Simulation::Builder::finish_batch(std::string& text, Batch& batch) {
     if (batch.outputs.empty())
         return;
     batch.parser = std::make_unique<mu::Parser>();
-    define_functions(*batch.parser);
-    batch.parser->DefineVar("t_", &simulation.m_t);
-    batch.parser->DefineVar("dt_", &simulation.m_dt);
-    prototype.SetExpr(text);
-    for (const auto& [name, value] : prototype.GetUsedVar())
-        batch.parser->DefineVar(name, value);
+    prepare(*batch.parser);
+    for (std::size_t output : batch.outputs) {
+        for (std::size_t need : targets[output].needs)
+            batch.parser->DefineVar(output_name(need), simulation.m_outputs[need].value);
+        for (std::size_t input : targets[output].inputs)
+            batch.parser->DefineVar(input_name(input), simulation.m_inputs[input].value);
+    }
     batch.parser->SetExpr(text);
     int count = 0;
     batch.parser->Eval(count);
@@ -297,9 +314,7 @@ Simulation::~Simulation() = default;
 void Simulation::build(const CellModel& model, Diagnostics& diagnostics) {
     const int before = diagnostics.count();
     Builder builder(*this, model, diagnostics);
-    define_functions(builder.prototype);
-    builder.prototype.DefineVar("t_", &m_t);
-    builder.prototype.DefineVar("dt_", &m_dt);
+    builder.prepare(builder.prototype);
     builder.collect();
     builder.translate_all();
     std::vector<std::size_t> path;
