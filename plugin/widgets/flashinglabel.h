@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPalette>
 
-#include "widgets/labelstyle.h"
+#include "labelstyle.h"
 
 class Q_DECL_EXPORT FlashingLabel : public QLabel {
     Q_OBJECT
