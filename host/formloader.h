@@ -1,0 +1,37 @@
+// From a form file to its widgets.
+#ifndef OSTREL_HOST_FORMLOADER_H
+#define OSTREL_HOST_FORMLOADER_H
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QUiLoader>
+#include <memory>
+
+class QDesignerCustomWidgetInterface;
+
+struct LoadedForm {
+    std::unique_ptr<QWidget> widget;
+    QHash<QString, QString> units;  // object name to the units that the form asks for
+};
+
+// Builds the widgets of the plug-in library that the display is linked with, and those that Qt knows.
+class FormLoader : public QUiLoader {
+    Q_OBJECT
+
+public:
+    FormLoader();
+
+    // The classes that a form may use.
+    QSet<QString> knownClasses() const;
+
+    // Throws Failure, with a line for each fault, when the file is no form that can be built.
+    LoadedForm loadForm(const QString& path);
+
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override;
+
+private:
+    QHash<QString, QDesignerCustomWidgetInterface*> m_collection;
+};
+
+#endif

@@ -1,0 +1,49 @@
+#include "screen.h"
+
+#include <QtGlobal>
+#include <cstdio>
+#include <cstdlib>
+
+#include "failure.h"
+
+namespace {
+
+constexpr const char* whatToDo = "start it on a desktop, set DISPLAY, or ask for --screenshot";
+
+QtMessageHandler formerHandler = nullptr;
+
+void onMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtFatalMsg) {
+        const QByteArray display = qgetenv(qEnvironmentVariableIsSet("DISPLAY") ? "DISPLAY" : "WAYLAND_DISPLAY");
+        std::fprintf(stderr, "ostrel-display: display '%s': cannot be opened; %s\n", display.constData(), whatToDo);
+        std::_Exit(EXIT_FAILURE);
+    }
+    // Its complaints about the display are summed up above.
+    if (type != QtWarningMsg && formerHandler)
+        formerHandler(type, context, text);
+}
+
+bool isSet(const char* variable) {
+    return !qEnvironmentVariableIsEmpty(variable);
+}
+
+}  // namespace
+
+void chooseScreen(bool screenshot) {
+    if (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"))
+        return;
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (screenshot && (platform.isEmpty() || platform == "xcb" || platform == "wayland"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    else if (platform.isEmpty() || platform == "xcb" || platform == "wayland")
+        throw Failure(QStringLiteral("no display: neither DISPLAY nor WAYLAND_DISPLAY is set; ") +
+                      QLatin1String(whatToDo));
+}
+
+ScreenFailureGuard::ScreenFailureGuard() {
+    formerHandler = qInstallMessageHandler(onMessage);
+}
+
+ScreenFailureGuard::~ScreenFailureGuard() {
+    qInstallMessageHandler(formerHandler);
+}
