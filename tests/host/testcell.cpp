@@ -4,6 +4,9 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QThread>
 #include <csignal>
 
@@ -95,4 +98,16 @@ bool TestCell::hasEnded() {
 
 bool TestCell::set(const QString& variable, const QString& value) {
     return run({QStringLiteral("--store"), m_store, QStringLiteral("set"), variable, value}) == 0;
+}
+
+bool TestCell::isAttached(const QString& event) {
+    QProcess status;
+    status.start(QStringLiteral(OSTREL_PROGRAM),
+                 {QStringLiteral("--store"), m_store, QStringLiteral("--json"), QStringLiteral("status")});
+    status.waitForFinished(patience);
+    const auto events = QJsonDocument::fromJson(status.readAllStandardOutput())[QLatin1String("events")].toArray();
+    for (const QJsonValue& each : events)
+        if (each[QLatin1String("name")] == event)
+            return each[QLatin1String("attached")].toInt() > 0;
+    return false;
 }

@@ -27,6 +27,8 @@ public:
     bool hasEnded();
     // By the command line, as a person would.
     bool set(const QString& variable, const QString& value);
+    // True when a thread of some program waits for that event of the store.
+    bool isAttached(const QString& event);
 
 private:
     QTemporaryDir m_folder;
