@@ -16,6 +16,10 @@ constexpr WidgetDescription description{
 
 TimerWidgetPlugin::TimerWidgetPlugin(QObject* parent) : WidgetPlugin(description, parent) {}
 
+QString TimerWidgetPlugin::domXml() const {
+    return QStringLiteral("<widget class=\"TimerModerator\" name=\"timerModerator\">\n</widget>\n");
+}
+
 QWidget* TimerWidgetPlugin::createWidget(QWidget* parent) {
     return new TimerModerator(parent);
 }

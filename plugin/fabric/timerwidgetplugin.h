@@ -10,6 +10,7 @@ class Q_DECL_EXPORT TimerWidgetPlugin : public WidgetPlugin {
 
 public:
     explicit TimerWidgetPlugin(QObject* parent = nullptr);
+    QString domXml() const override;
     QWidget* createWidget(QWidget* parent) override;
 };
 
