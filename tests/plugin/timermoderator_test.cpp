@@ -153,14 +153,14 @@ void TimerModeratorTest::releasingFromAllPeriodsPassesOverTheNextEntry() {
     Probe widget;
     for (int period : {first, second, third})
         TimerModerator::requestTimer(&widget, period);
+    for (int period : {first, second, third})
+        QTRY_VERIFY(isWaiting(period));
     TimerModerator::releaseFromTimer(&widget);
     QVERIFY(!TimerModerator::isRegistered(&widget, first));
     QVERIFY(TimerModerator::isRegistered(&widget, second));
     QVERIFY(!TimerModerator::isRegistered(&widget, third));
     TimerModerator::releaseFromTimer(&widget);
     QCOMPARE(timerCount(), 0);
-    for (int period : {first, second, third})
-        QTRY_VERIFY(isWaiting(period));
 }
 
 void TimerModeratorTest::anEndedPeriodGetsANewThread() {
@@ -189,9 +189,9 @@ void TimerModeratorTest::aWidgetWithOpenGlIsServedLikeTheOthers() {
     TimerModerator::releaseFromTimer(&widget, period);
     QVERIFY(!TimerModerator::isRegistered(&widget, period));
     TimerModerator::requestTimer(&widget, period);
+    QTRY_VERIFY(isWaiting(period, 2));
     TimerModerator::releaseFromTimer(&widget);
     QCOMPARE(timerCount(), 0);
-    QTRY_VERIFY(isWaiting(period, 2));
 }
 
 void TimerModeratorTest::aWidgetAtAnOldAddressStartsUnsubscribed() {
@@ -325,18 +325,19 @@ void TimerModeratorTest::theSampleRateIsTheKeyOfTheTimer() {
     const int second = newPeriod();
     widget.setSampleRate(first);
     QVERIFY(TimerModerator::isRegistered(&widget, first));
+    QTRY_VERIFY(isWaiting(first));
     widget.setSampleRate(second);
     QVERIFY(!TimerModerator::isRegistered(&widget, first));
     QVERIFY(TimerModerator::isRegistered(&widget, second));
     QCOMPARE(widget.getSampleRate(), second);
+    QTRY_VERIFY(isWaiting(second));
+    // The same rate once more ends the thread and begins another.
     widget.setSampleRate(second);
     QVERIFY(TimerModerator::isRegistered(&widget, second));
+    QTRY_VERIFY(isWaiting(second, 2));
     QCOMPARE(platform().calls({"cacheProperty"}),
              QStringList({QStringLiteral("cacheProperty Probe probe sampleRate %1 loading").arg(first),
                           QStringLiteral("cacheProperty Probe probe sampleRate %1 loading").arg(second)}));
-    // The second change to the same rate ended the thread and began another.
-    QTRY_VERIFY(isWaiting(first));
-    QTRY_VERIFY(isWaiting(second, 2));
 }
 
 void TimerModeratorTest::anExistingTimerIsJoined() {
