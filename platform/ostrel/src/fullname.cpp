@@ -94,6 +94,6 @@ std::string canonicalName(const Attachment& store, const KnownNames& names, std:
         return std::string(name);
     std::string canonical(name.substr(0, name.find(':')));
     for (int i = 0; i < shape->dimensions; ++i)
-        canonical += ":" + std::to_string(at[i]);
+        canonical.append(":").append(std::to_string(at[i]));
     return canonical;
 }
