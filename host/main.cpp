@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <clocale>
 #include <cstdio>
+#include <memory>
 
 #include "display.h"
 #include "failure.h"

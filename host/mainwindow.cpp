@@ -71,9 +71,12 @@ QLabel* MainWindow::addField(const char* name) {
 }
 
 void MainWindow::takePlace(const Options& options) {
-    const QRect available = screen()->availableGeometry();
-    resize(options.geometry ? QSize(options.geometry->width, options.geometry->height)
-                            : sizeHint().boundedTo(available.size()));
+    QSize size = sizeHint();
+    if (options.geometry)
+        size = QSize(options.geometry->width, options.geometry->height);
+    else if (options.screenshot.empty())  // a picture may be larger than the screen
+        size = size.boundedTo(screen()->availableSize());
+    resize(size);
     if (options.geometry && options.geometry->x)
         move(*options.geometry->x, *options.geometry->y);
 }

@@ -11,16 +11,22 @@ namespace {
 constexpr const char* whatToDo = "start it on a desktop, set DISPLAY, or ask for --screenshot";
 
 QtMessageHandler formerHandler = nullptr;
+bool opening = false;
+
+[[noreturn]] void endWithoutDisplay() {
+    const QByteArray display = qgetenv(qEnvironmentVariableIsSet("DISPLAY") ? "DISPLAY" : "WAYLAND_DISPLAY");
+    std::fprintf(stderr, "ostrel-display: display '%s': cannot be opened; %s\n", display.constData(), whatToDo);
+    std::_Exit(EXIT_FAILURE);
+}
 
 void onMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (type == QtFatalMsg) {
-        const QByteArray display = qgetenv(qEnvironmentVariableIsSet("DISPLAY") ? "DISPLAY" : "WAYLAND_DISPLAY");
-        std::fprintf(stderr, "ostrel-display: display '%s': cannot be opened; %s\n", display.constData(), whatToDo);
-        std::_Exit(EXIT_FAILURE);
-    }
-    // Its complaints about the display are summed up above.
-    if (type != QtWarningMsg && formerHandler)
-        formerHandler(type, context, text);
+    if (opening && type == QtFatalMsg)
+        endWithoutDisplay();
+    if (opening && type == QtWarningMsg)  // summed up by the line above, should it come to that
+        return;
+    if (text.contains(QLatin1String("propagateSizeHints")))  // said for each window that is rendered off-screen
+        return;
+    formerHandler(type, context, text);
 }
 
 bool isSet(const char* variable) {
@@ -41,9 +47,11 @@ void chooseScreen(bool screenshot) {
 }
 
 ScreenFailureGuard::ScreenFailureGuard() {
-    formerHandler = qInstallMessageHandler(onMessage);
+    if (!formerHandler)
+        formerHandler = qInstallMessageHandler(onMessage);
+    opening = true;
 }
 
 ScreenFailureGuard::~ScreenFailureGuard() {
-    qInstallMessageHandler(formerHandler);
+    opening = false;
 }
