@@ -56,6 +56,7 @@ void addGetAndSet(CLI::App& app, Arguments& a) {
     runs(get, a, inStore(a, [&a] { return getCommand(a.names, a.units, a.json); }));
 
     auto* set = app.add_subcommand("set", "Writes a value");
+    set->footer("Put -- before a VALUE that starts with a dash and is no number: ostrel set NAME -- -text");
     set->add_option("NAME", a.name, "Variable or array element")->required();
     set->add_option("VALUE", a.value, "Number, text, or state: its own words, 0, 1, false, true, off, on")->required();
     set->add_option("UNITS", a.units, "Units of VALUE; the variable's own where they are not given");

@@ -41,7 +41,8 @@ std::vector<std::string> nearest(const std::string& mistyped, const std::vector<
     std::sort(similar.begin(), similar.end());
     similar.erase(std::unique(similar.begin(), similar.end()), similar.end());
     std::vector<std::string> result;
-    for (size_t i = 0; i < similar.size() && i < 3; ++i)
+    // Beside a name that is almost right, one that is merely similar would only confuse.
+    for (size_t i = 0; i < similar.size() && i < 3 && similar[i].first <= similar[0].first + 1; ++i)
         result.push_back(similar[i].second);
     return result;
 }

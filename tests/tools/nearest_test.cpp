@@ -14,6 +14,10 @@ TEST(Nearest, NamesAtMostThreeTheNearestFirst) {
               (Names{"TEMP_", "TEMP_1A", "TEMP_2"}));
 }
 
+TEST(Nearest, LeavesOutWhatIsMuchFurtherOff) {
+    EXPECT_EQ(nearest("oil_temp", {"CYL_TEMP", "OIL_TEMP"}), Names{"OIL_TEMP"});
+}
+
 TEST(Nearest, IsSilentWhereNothingIsSimilar) {
     EXPECT_EQ(nearest("ABCDEF", {"UVWXYZ"}), Names{});
     EXPECT_EQ(nearest("", {"UVWXYZ"}), Names{});

@@ -49,6 +49,11 @@ TEST_F(Set, ConvertsFromTheUnitsGiven) {
     EXPECT_EQ(ostrel({"set", "OIL_TEMP", "-12.5", "degc"}).output, "OIL_TEMP -12.5 DEGC\n");
 }
 
+TEST_F(Set, TakesADashAfterTwoDashes) {
+    EXPECT_EQ(ostrel({"set", "TEST_NAME", "--", "--fast"}).output, "TEST_NAME --fast\n");
+    EXPECT_EQ(ostrel({"set", "RATIO", "-0.5"}).output, "RATIO -0.50\n");
+}
+
 TEST_F(Set, KeepsTheBooksOfAWrite) {
     const auto before = json({"info", "ENGINE_SPEED"})["record"].toObject();
     ostrel({"set", "ENGINE_SPEED", "1700"});
