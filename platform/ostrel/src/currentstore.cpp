@@ -173,6 +173,9 @@ void chooseStore(const char* name, const char* cellFile) {
     const std::lock_guard lock(c.mutex);
     c.name = name ? std::optional<std::string>(name) : std::nullopt;
     c.cellFile = cellFile ? std::optional<std::string>(cellFile) : std::nullopt;
+    const Attachment* current = c.current.load(std::memory_order_relaxed);
+    if (current && current->name() != chosenName(c))
+        c.current.store(nullptr, std::memory_order_release);
     // The caller embeds the cell itself, and hears of a failure.
     c.embeddingTried = c.embeddingTried || cellFile;
 }

@@ -46,11 +46,10 @@ void ostrel_server_beat(ostrel_server* server);
 void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area);
 
 /*
- * Puts a variable. A name that the section has, active or retired, keeps its slot and its values; a new one gets a
- * free slot, a retired name's slot only where no other is free, and the slot of a name that was not put again yet only
- * where the section is full of names that stand. The area must have been begun. Returns the record, with label, shm_id
- * and index
- * set, `*created` 1 where the other fields are zero and for the caller to fill. Null where `label` is no name (an
+ * Puts a variable into an area that was begun. A name that the section has, active or retired, keeps its slot and its
+ * values; a new one gets a free slot, a retired name's slot only where no other is free, and the slot of a name that
+ * was not put again yet only where the section is full of names that stand. Returns the record, with label, shm_id and
+ * index set, `*created` 1 where the other fields are zero and for the caller to fill. Null where `label` is no name (an
  * identifier; one with a point at its end for a kind with members), stands already, or the section is full: `message`
  * says which.
  */
@@ -66,7 +65,10 @@ void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const ch
                               const unsigned short* sizes, void** elements, int* created, char* message,
                               size_t message_size);
 
-/* Puts an alias for a full name that is put too, before or after. Null as above; a dangling alias fails in commit. */
+/*
+ * Puts an alias for a full name that is put too, before or after. Null as above. An alias that stands for nothing when
+ * commit comes is left out, with a line in the log.
+ */
 ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias, const char* target, int primary,
                                         char* message, size_t message_size);
 

@@ -1,0 +1,85 @@
+// The platform's log.
+#include <ostrel/log.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <thread>
+
+#include "storefixture.h"
+
+namespace {
+
+class Log : public StoreTest {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(server.tell("open " + store + " 600 " + path), "ok 0");
+        connect();
+    }
+    void TearDown() override {
+        StoreTest::TearDown();
+        std::filesystem::remove(path);
+    }
+
+    void connect() { ASSERT_EQ(ostrel_store_open(store.c_str(), nullptr, nullptr, 0), 0); }
+
+    std::vector<std::string> lines() const {
+        std::ifstream file(path);
+        std::vector<std::string> result;
+        for (std::string line; std::getline(file, line);)
+            result.push_back(line);
+        return result;
+    }
+
+    const std::string path = std::filesystem::temp_directory_path() / ("ostrel-" + store + ".log");
+};
+
+TEST_F(Log, ALineTellsWhenWhoAndWhere) {
+    testing::internal::CaptureStderr();
+    log_error("pump.cpp", 12, 1, -253, "pressure %d of %s", 7, "oil");
+    const std::string shown = testing::internal::GetCapturedStderr();
+    const std::regex form(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} \S+\[)" + std::to_string(getpid()) +
+                          R"(\] pump\.cpp:12 level 1 status -253: pressure 7 of oil\n)");
+    EXPECT_TRUE(std::regex_match(shown, form)) << shown;
+    ASSERT_EQ(lines().size(), 1u);
+    EXPECT_EQ(lines().front() + "\n", shown);
+}
+
+TEST_F(Log, LineBreaksBecomeBlanksAndLongLinesAreCut) {
+    testing::internal::CaptureStderr();
+    log_error("a.c", 1, 1, 0, "one\ntwo\rthree");
+    log_error("a.c", 2, 1, 0, "%s", std::string(5000, 'x').c_str());
+    log_error(nullptr, 3, 1, 0, "no file");
+    testing::internal::GetCapturedStderr();
+    ASSERT_EQ(lines().size(), 3u);
+    EXPECT_TRUE(lines()[0].ends_with("one two three"));
+    EXPECT_EQ(lines()[1].size(), 1000u);
+    EXPECT_TRUE(lines()[2].ends_with("?:3 level 1 status 0: no file"));
+}
+
+TEST_F(Log, LinesOfSeveralThreadsDoNotMix) {
+    testing::internal::CaptureStderr();
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([i] {
+            for (int n = 0; n < 50; ++n)
+                log_error("t.c", n, 1, 0, "%s", std::string(500, static_cast<char>('a' + i)).c_str());
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    testing::internal::GetCapturedStderr();
+    const std::regex form(R"(.* t\.c:\d+ level 1 status 0: (a{500}|b{500}|c{500}|d{500}))");
+    ASSERT_EQ(lines().size(), 200u);
+    for (const std::string& line : lines())
+        EXPECT_TRUE(std::regex_match(line, form)) << line;
+}
+
+TEST_F(Log, AnAliasThatStandsForNothingIsLogged) {
+    configure({"alias BAD NOTHING 0"});
+    ASSERT_EQ(lines().size(), 1u);
+    EXPECT_TRUE(lines()[0].ends_with("alias BAD: stands for no variable; it is left out")) << lines()[0];
+}
+
+}  // namespace
