@@ -1,12 +1,14 @@
 /* Events between processes, some of which are killed. On a stand-in for the store. */
 #include <gtest/gtest.h>
-#include <ostrel/events.h>
 #include <signal.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <random>
 #include <thread>
 
+#include "eventcalls.h"
 #include "eventlock.h"
 #include "eventmemory.h"
 #include "eventowner.h"
@@ -16,11 +18,6 @@
 namespace {
 
 using Texts = std::vector<std::string>;
-
-short int attach(const char* name, unsigned short depth = 10) {
-    int eid = 0;
-    return event_attach(name, depth, &eid);
-}
 
 class EventProcesses : public testing::Test {
 protected:
@@ -187,7 +184,7 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
         attach("some");
         return receiveUntil("left behind") == Texts{"left behind"} ? 0 : 1;
     });
-    ASSERT_TRUE(comes([&] { return store.layout().threads[0].sleeping == 1; }));
+    ASSERT_TRUE(comes([&] { return store.isAsleep(0); }));
     Child raiser([&] {
         const EventLock lock(store.layout());
         putMessage(store.layout(), index, "left behind", sizeof "left behind");
@@ -202,6 +199,90 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
     EXPECT_EQ(event_get_id(name.data(), &eid), 0);
     EXPECT_EQ(eid, some);
     EXPECT_EQ(receiver.result(), 0);
+}
+
+enum class Stepped { killed, ended, refused };
+
+/* Runs an operation in a child process, prepared for it, and kills that after so many instructions of it. */
+Stepped killAfter(long instructions, const std::function<void()>& prepare, const std::function<void()>& operation) {
+    const pid_t child = fork();
+    if (child == 0) {
+        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0)
+            _exit(1);
+        prepare();
+        ::raise(SIGSTOP);
+        operation();
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (!WIFSTOPPED(status))
+        return Stepped::refused;
+    for (; instructions > 0 && WIFSTOPPED(status); --instructions) {
+        ptrace(PTRACE_SINGLESTEP, child, nullptr, nullptr);
+        waitpid(child, &status, 0);
+    }
+    if (!WIFSTOPPED(status))
+        return Stepped::ended;
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    return Stepped::killed;
+}
+
+class KilledAtAnyInstruction : public EventProcesses {
+protected:
+    KilledAtAnyInstruction() {
+        eventId("some");
+        attach("some");
+    }
+
+    /* Kills at every so many instructions of the operation, and looks each time whether the others can go on. */
+    void killIn(const std::function<void()>& prepare, const std::function<void()>& operation, long step) {
+        long kills = -1;
+        Stepped stepped = Stepped::killed;
+        for (long instructions = 0; stepped == Stepped::killed; instructions += step) {
+            ++kills;
+            stepped = killAfter(instructions, prepare, operation);
+            if (stepped == Stepped::refused)
+                GTEST_SKIP() << "this machine lets no process trace its child";
+            ASSERT_EQ(raise("some", "after"), 0) << instructions;
+            const Texts received = receiveUntil("after");
+            ASSERT_TRUE(received == Texts{"after"} || received == (Texts{whole, "after"})) << instructions;
+            reclaimDeadThreads(&store.layout());
+            ASSERT_EQ(attached("some"), 1) << instructions;
+        }
+        EXPECT_GT(kills, 20);
+    }
+
+    const std::string whole = std::string(200, 'x');
+    const std::function<void()> attachChild = [] { attach("some", 2); };
+};
+
+TEST_F(KilledAtAnyInstruction, ofRaisingLeavesTheOthersWhole) {
+    killIn(
+        attachChild, [this] { raise("some", whole); }, 13);
+}
+
+TEST_F(KilledAtAnyInstruction, ofReceivingLeavesTheOthersWhole) {
+    const auto attachAndRaise = [this] {
+        attachChild();
+        raise("some", whole);
+    };
+    const auto receiveIt = [] {
+        int eid = 0;
+        event_wait(nullptr, 0, &eid);
+    };
+    killIn(attachAndRaise, receiveIt, 13);
+}
+
+TEST_F(KilledAtAnyInstruction, ofDetachingLeavesTheOthersWhole) {
+    const int some = eventId("some");
+    killIn(
+        attachChild, [some] { event_detach(some); }, 29);
+}
+
+TEST_F(KilledAtAnyInstruction, ofAttachingLeavesTheOthersWhole) {
+    killIn([] {}, attachChild, 401);
 }
 
 /* Raises and receives as fast as it goes, to be killed at any point. */

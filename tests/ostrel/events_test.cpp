@@ -1,12 +1,12 @@
 /* Events inside one process, on a stand-in for the store. */
 #include <gtest/gtest.h>
-#include <ostrel/events.h>
 #include <ostrel/records.h>
 
 #include <cstring>
 #include <random>
 #include <thread>
 
+#include "eventcalls.h"
 #include "eventmemory.h"
 #include "eventstore.h"
 #include "eventtable.h"
@@ -18,15 +18,6 @@ using Texts = std::vector<std::string>;
 /* Runs a function on a thread of its own, which starts and ends without any attachment. */
 void onOwnThread(const std::function<void()>& function) {
     std::thread(function).join();
-}
-
-short int attach(const char* name, unsigned short depth = 10) {
-    int eid = 0;
-    return event_attach(name, depth, &eid);
-}
-
-short int createTimer(std::string name, int periodMs, int& eid) {
-    return event_create_timer(name.data(), 10, 0, 1, 0, &periodMs, &eid);
 }
 
 class Events : public testing::Test {
@@ -254,7 +245,7 @@ TEST_F(Events, reachOnlyThoseAttached) {
         EXPECT_EQ(receive().payload.substr(0, 3), "end");
         mayEnd = true;
     });
-    const auto isAsleep = [&] { return isAttached && store.layout().threads[1].sleeping == 1; };
+    const auto isAsleep = [&] { return isAttached && store.isAsleep(1); };
     ASSERT_TRUE(comes(isAsleep));
     const std::uint32_t before = store.layout().threads[1].wakeups;
     for (int number = 0; number < 5; ++number)
@@ -451,7 +442,7 @@ TEST_F(ReplacedStore, isFoundByAThreadThatSleeps) {
         isAttached = true;
         EXPECT_EQ(receiveUntil("new"), Texts{"new"});
     });
-    ASSERT_TRUE(comes([&] { return isAttached && store.layout().threads[0].sleeping == 1; }));
+    ASSERT_TRUE(comes([&] { return isAttached && store.isAsleep(0); }));
     next.use();
     eventId("some");
     EXPECT_TRUE(comes([] { return attached("some") == 1; }));

@@ -7,9 +7,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <thread>
+#include <vector>
 
+#include "eventlock.h"
 #include "eventmemory.h"
 #include "eventsinuse.h"
 
@@ -22,15 +22,6 @@ std::atomic<int>& inUse() {
 }
 
 std::vector<EventLayout*> layouts; /* by number - 1 */
-
-std::uint64_t infoOf(const char* name, std::uint64_t (*field)(const ostrel_event_info_t&)) {
-    ostrel_event_info_t info{};
-    for (int index = 0; ostrel_event_info(index, &info) == 0; ++index) {
-        if (std::string(info.name) == name)
-            return field(info);
-    }
-    return 0;
-}
 
 }  // namespace
 
@@ -57,6 +48,11 @@ EventStore::~EventStore() {
     for (int eid = 1; eid < moreThanAnyTestMakes; ++eid)
         event_detach(eid);
     useNone();
+}
+
+bool EventStore::isAsleep(int place) {
+    const EventLock lock(*m_layout);
+    return lock.held() && m_layout->threads[place].used == 1 && m_layout->threads[place].sleeping == 1;
 }
 
 void EventStore::use() {
@@ -94,60 +90,4 @@ int Child::result() {
     const pid_t ended = waitpid(m_pid, &status, 0);
     m_pid = -1;
     return ended > 0 && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-bool comes(const std::function<bool()>& condition) {
-    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > limit)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return true;
-}
-
-Received receive(std::size_t size) {
-    Received received;
-    received.payload.assign(size, '?');
-    for (int second = 0; second < 10; ++second) {
-        if (event_wait(received.payload.data(), size, &received.eid) == 0)
-            return received;
-    }
-    return {};
-}
-
-std::vector<std::string> receiveUntil(const std::string& last) {
-    std::vector<std::string> texts;
-    do {
-        const Received received = receive();
-        if (received.eid == 0)
-            break;
-        texts.emplace_back(received.payload.c_str());
-    } while (texts.back() != last);
-    return texts;
-}
-
-int eventId(const char* name) {
-    int eid = 0;
-    ostrel_event_create(name, &eid);
-    return eid;
-}
-
-short int raise(const char* name, const std::string& payload) {
-    std::string nameCopy = name;
-    std::string payloadCopy = payload;
-    return event_set_name(nameCopy.data(), payload.empty() ? nullptr : payloadCopy.data(), payload.size());
-}
-
-int attached(const char* name) {
-    return static_cast<int>(
-        infoOf(name, [](const ostrel_event_info_t& info) { return static_cast<std::uint64_t>(info.attached); }));
-}
-
-std::uint64_t dropped(const char* name) {
-    return infoOf(name, [](const ostrel_event_info_t& info) -> std::uint64_t { return info.dropped; });
-}
-
-std::uint64_t raised(const char* name) {
-    return infoOf(name, [](const ostrel_event_info_t& info) -> std::uint64_t { return info.raised; });
 }

@@ -6,10 +6,7 @@
 
 #include <sys/types.h>
 
-#include <cstdint>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "eventlayout.h"
 
@@ -23,6 +20,9 @@ public:
     EventStore& operator=(const EventStore&) = delete;
 
     EventLayout& layout() { return *m_layout; }
+
+    /* Whether the owner of that place has found nothing and sleeps. */
+    bool isAsleep(int place);
 
     /* Makes it the store in use, of all the processes of the test. */
     void use();
@@ -58,27 +58,5 @@ template <class T>
 T& shared() {
     return *static_cast<T*>(sharedMemory(sizeof(T)));
 }
-
-/* Waits for a condition, ten seconds at most; whether it came. */
-bool comes(const std::function<bool()>& condition);
-
-/* What event_wait() gave. */
-struct Received {
-    int eid = 0;
-    std::string payload;
-};
-
-/* The next event within ten seconds, with the first `size` bytes of its payload; eid 0 where none came. */
-Received receive(std::size_t size = payloadCapacity);
-
-/* Payloads of everything that waits, as texts up to their first zero. */
-std::vector<std::string> receiveUntil(const std::string& last);
-
-/* Short forms that take literals. */
-int eventId(const char* name);
-short int raise(const char* name, const std::string& payload = {});
-int attached(const char* name);
-std::uint64_t dropped(const char* name);
-std::uint64_t raised(const char* name);
 
 #endif
