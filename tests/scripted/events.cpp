@@ -1,11 +1,20 @@
 #include "scripted/events.h"
 
+#include <atomic>
+
 namespace scripted {
 
 void Events::addTimer(int period, const QString& name) {
     create(name);
     const std::lock_guard lock(m_mutex);
     m_timers[period] = name;
+}
+
+// A number of our own: the system gives the id of an ended thread to another one.
+Events::Waiter& Events::self() {
+    static std::atomic<int> threads{0};
+    thread_local const int number = ++threads;
+    return m_waiters[number];
 }
 
 void Events::deliver(const QString& name, const Delivery& delivery) {
@@ -61,7 +70,7 @@ int Events::create(const QString& name) {
 int Events::attach(const QString& name) {
     const int eid = create(name);
     const std::lock_guard lock(m_mutex);
-    m_waiters[std::this_thread::get_id()].attached.insert(name);
+    self().attached.insert(name);
     return eid;
 }
 
@@ -69,17 +78,17 @@ void Events::detach(int eid) {
     const std::lock_guard lock(m_mutex);
     for (const auto& [name, id] : m_ids)
         if (id == eid)
-            m_waiters[std::this_thread::get_id()].attached.erase(name);
+            self().attached.erase(name);
 }
 
 short Events::wait(QByteArray* payload, int* eid) {
     std::unique_lock lock(m_mutex);
-    Waiter& self = m_waiters[std::this_thread::get_id()];
-    self.waiting = true;
-    m_arrived.wait(lock, [&] { return !self.pending.empty(); });
-    self.waiting = false;
-    const Delivery delivery = self.pending.front();
-    self.pending.pop_front();
+    Waiter& waiter = self();
+    waiter.waiting = true;
+    m_arrived.wait(lock, [&] { return !waiter.pending.empty(); });
+    waiter.waiting = false;
+    const Delivery delivery = waiter.pending.front();
+    waiter.pending.pop_front();
     *payload = delivery.payload;
     if (delivery.code == 0)
         *eid = delivery.eid;

@@ -10,7 +10,6 @@
 #include <map>
 #include <mutex>
 #include <set>
-#include <thread>
 
 namespace scripted {
 
@@ -50,13 +49,14 @@ private:
         bool waiting = false;
     };
 
+    Waiter& self();
     void deliver(const QString& name, const Delivery& delivery);
 
     std::mutex m_mutex;
     std::condition_variable m_arrived;
     std::map<QString, int> m_ids;
     std::map<int, QString> m_timers;
-    std::map<std::thread::id, Waiter> m_waiters;
+    std::map<int, Waiter> m_waiters;  // by thread
 };
 
 }  // namespace scripted

@@ -136,8 +136,8 @@ public:
     Array<LOGICAL_ARRAY_VARIABLE, LOGICAL_ARRAY_MEMBER> logicalArray(const char* label) {
         return addArray<LOGICAL_ARRAY_VARIABLE, LOGICAL_ARRAY_MEMBER>(label, LOGI_ARRAY_MEM, LOGI_ARRAY_TYPE);
     }
-    // A variable of any kind, as a record of 512 zero bytes.
-    Slot& other(const char* label, SM_VARI_TYPE kind) { return addSlot(label, GU_REAL_MEM, kind, 512); }
+    // A variable of any kind, as a record of zero bytes.
+    Slot& other(const char* label, SM_VARI_TYPE kind, size_t size) { return addSlot(label, GU_REAL_MEM, kind, size); }
 
     void alias(const char* alias, const char* target);
     void remove(const char* name);
