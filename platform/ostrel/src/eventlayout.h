@@ -42,7 +42,7 @@ constexpr int shortestPeriodMs = 10;
 constexpr int longestPeriodMs = 3'600'000;
 
 constexpr std::uint64_t eventMagic = 0x73746e65'76456c6fULL;
-constexpr std::uint64_t eventGuard = 0x6472617567'2d6576ULL;
+constexpr std::uint64_t eventGuard = 0x64726175'672d7665ULL;
 constexpr std::uint32_t eventLayoutVersion = 1;
 
 using FutexWord = std::atomic<std::uint32_t>;
