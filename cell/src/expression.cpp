@@ -155,7 +155,7 @@ void Translator::name(std::string full_name) {
     else if (full_name == "t" || full_name == "dt")
         m_result += full_name + "_";
     else if (full_name == "pi")
-        m_result += "_pi";
+        m_result += "3.14159265358979324";
     else if (full_name == "true" || full_name == "false")
         m_result += full_name == "true" ? "1" : "0";
     else

@@ -63,6 +63,7 @@ void read_members(TableReader& reader, Variable& variable) {
         variable.composition = reader.text("composition", max_name_length).value_or("");
         variable.composition_line = reader.line("composition");
     }
+    reader.suggest(member_names(variable.kind));
     for (const auto& [key, value] : reader.table()) {
         const int index = member_index(variable.kind, std::string(key.str()));
         if (index >= 0)

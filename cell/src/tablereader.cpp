@@ -157,10 +157,12 @@ std::optional<short> TableReader::colour(const std::string& key) {
 }
 
 void TableReader::report_unknown_keys() {
+    std::vector<std::string> candidates = m_known;
+    candidates.insert(candidates.end(), m_suggested.begin(), m_suggested.end());
     for (const auto& [key, value] : m_table) {
         const std::string name(key.str());
         if (std::find(m_known.begin(), m_known.end(), name) == m_known.end())
-            fault(line_of(key), "unknown key \"" + name + "\"" + did_you_mean(name, m_known));
+            fault(line_of(key), "unknown key \"" + name + "\"" + did_you_mean(name, candidates));
     }
 }
 

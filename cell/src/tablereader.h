@@ -37,6 +37,9 @@ public:
     // The line of a key, or of the table where it has none such.
     int line(const std::string& key) const;
 
+    // Keys that may stand here too and that a mistyped one may be meant for.
+    void suggest(const std::vector<std::string>& keys) { m_suggested = keys; }
+
     void fault(int line, const std::string& reason);
     // Reports each key that was not asked for.
     void report_unknown_keys();
@@ -50,6 +53,7 @@ private:
     std::string m_subject;
     Diagnostics& m_diagnostics;
     std::vector<std::string> m_known;
+    std::vector<std::string> m_suggested;
 
     void wrong_type(const std::string& key, const toml::node& found, const char* wanted);
 };

@@ -46,6 +46,15 @@ std::size_t conversion_letter(const std::string& format, std::size_t at) {
     return at;
 }
 
+// Displays keep texts in fields of fixed size.
+bool asks_for_hundreds(const std::string& format, std::size_t from, std::size_t to) {
+    for (std::size_t at = format.find_first_of("123456789", from); at < to;
+         at = format.find_first_of("123456789", skip_digits(format, at)))
+        if (skip_digits(format, at) - at > 2)
+            return true;
+    return false;
+}
+
 }  // namespace
 
 std::string format_fault(SM_VARI_TYPE kind, const std::string& format) {
@@ -58,6 +67,8 @@ std::string format_fault(SM_VARI_TYPE kind, const std::string& format) {
     const std::size_t letter = conversion_letter(format, percent);
     if (letter >= format.size() || !contains(conversions(kind), format[letter]))
         return quoted + " does not fit the kind; its conversion must be one of \"" + conversions(kind) + "\"";
+    if (asks_for_hundreds(format, percent, letter))
+        return quoted + " asks for more than 99 characters";
     if (format.find('%', letter) != std::string::npos)
         return quoted + " has more than one conversion";
     return "";

@@ -1,0 +1,185 @@
+// The program ostrel-cell from outside.
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+
+#include "celltest.h"
+#include "process.h"
+
+namespace {
+
+class Program : public CellTest {
+protected:
+    Program() { ostrel_store_open(m_store.c_str(), nullptr, nullptr, 0); }
+
+    std::vector<std::string> command(const std::string& file) const {
+        return {OSTREL_CELL_PROGRAM, file, "--store", m_store};
+    }
+
+    bool store_exists() const { return std::filesystem::exists("/dev/shm/ostrel-" + m_store); }
+
+    static double heartbeat_age() {
+        ostrel_store_status status{};
+        ostrel_store_get_status(&status);
+        return status.heartbeat_age_s;
+    }
+
+    const std::string m_store = unique_store_name();
+};
+
+const std::string simple = "[real.SP]\nvalue = 3\n[real.Y]\nexpr = \"SP * 2\"\n[real.CLOCK]\nexpr = \"t\"\n";
+
+TEST_F(Program, ServesUntilItIsTerminated) {
+    Process cell(command(write(simple)));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    EXPECT_EQ(cell.output(),
+              "ostrel-cell: test: serving new store " + m_store + ", 3 variables, 0 aliases, scan 10 ms\n");
+    EXPECT_EQ(number("Y"), 6);
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 5);
+    EXPECT_TRUE(eventually([] { return number("Y") == 10; }));
+    EXPECT_TRUE(eventually([] { return number("CLOCK") > 0.1; }));
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+    EXPECT_EQ(cell.errors(), "");
+    EXPECT_FALSE(store_exists());
+}
+
+TEST_F(Program, EndsOnInterrupt) {
+    Process cell(command(write(simple)));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    cell.signal(SIGINT);
+    EXPECT_EQ(cell.wait(), 0);
+    EXPECT_FALSE(store_exists());
+}
+
+TEST_F(Program, ReloadsOnHangUp) {
+    Process cell(command(write(simple + "[real.GOES]\n")));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 7);
+    write(simple + "[real.COMES]\nexpr = \"SP + 1\"\n");
+    cell.signal(SIGHUP);
+    ASSERT_TRUE(cell.says("reloaded")) << cell.errors();
+    EXPECT_EQ(number("SP"), 7);
+    EXPECT_EQ(number("COMES"), 8);
+    EXPECT_FALSE(exists("GOES"));
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+}
+
+TEST_F(Program, KeepsTheOldCellWhenAReloadFails) {
+    const std::string file = write(simple);
+    Process cell(command(file));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    write(simple + "[real.BAD]\nunits = \"furlong\"\n");
+    cell.signal(SIGHUP);
+    ASSERT_TRUE(cell.complains("goes on as it was\n"));
+    EXPECT_EQ(cell.errors(), file + ":11: real.BAD: unknown units \"furlong\"\nostrel-cell: " + file +
+                                 ": not reloaded; the cell goes on as it was\n");
+    EXPECT_FALSE(exists("BAD"));
+    const double before = number("CLOCK");
+    EXPECT_TRUE(eventually([before] { return number("CLOCK") > before; }));
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+}
+
+TEST_F(Program, TellsFiveMistakesAndMakesNoStore) {
+    const std::string file = write(
+        "[real.A]\nunits = \"furlong\"\n[real.B]\nformat = \"%d\"\n[real.C]\nexpr = \"D\"\n"
+        "[logical.E]\nvalue = 1\n[alias]\nF = \"G\"\n");
+    Process cell(command(file));
+    EXPECT_EQ(cell.wait(), 1);
+    const std::string errors = cell.errors();
+    EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 5) << errors;
+    for (const char* line : {":5: real.A: ", ":7: real.B: ", ":9: real.C: ", ":11: logical.E: ", ":13: alias.F: "})
+        EXPECT_NE(errors.find(file + line), std::string::npos) << line << " in\n" << errors;
+    EXPECT_EQ(cell.output(), "");
+    EXPECT_FALSE(store_exists());
+}
+
+TEST_F(Program, RefusesASecondServer) {
+    const std::string file = write(simple);
+    Process first(command(file));
+    ASSERT_TRUE(first.says("\n")) << first.errors();
+    Process second(command(file));
+    EXPECT_EQ(second.wait(), 1);
+    const std::string errors = second.errors();
+    EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+    EXPECT_EQ(errors.rfind("ostrel-cell: ", 0), 0U) << errors;
+    EXPECT_NE(errors.find(m_store), std::string::npos) << errors;
+    EXPECT_NE(errors.find(std::to_string(first.pid())), std::string::npos) << errors;
+    first.signal(SIGTERM);
+    EXPECT_EQ(first.wait(), 0);
+}
+
+TEST_F(Program, AdoptsTheStoreOfAKilledServer) {
+    const std::string file = write(simple);
+    Process first(command(file));
+    ASSERT_TRUE(first.says("\n")) << first.errors();
+    REAL_VARIABLE* setpoint = &record<REAL_VARIABLE>("SP");
+    set_real_variable(setpoint, 9);
+    first.signal(SIGKILL);
+    EXPECT_EQ(first.wait(), 128 + SIGKILL);
+    Process second(command(file));
+    ASSERT_TRUE(second.says("serving adopted store")) << second.errors();
+    EXPECT_EQ(setpoint->value, 9);
+    EXPECT_TRUE(eventually([] { return number("Y") == 18; }));
+    second.signal(SIGTERM);
+    EXPECT_EQ(second.wait(), 0);
+}
+
+TEST_F(Program, ShowsThatItLivesAlsoWhereItScansSlowly) {
+    Process cell(command(write("[cell]\nname = \"slow\"\nscan_ms = 1000\n[real.A]\n")));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    double greatest = 0;
+    int fresh = 0;
+    // Each fall of the age is a beat; three of them within less than two scans.
+    ASSERT_TRUE(eventually([&] {
+        const double age = heartbeat_age();
+        fresh += age < greatest - 0.1 ? 1 : 0;
+        greatest = age < greatest - 0.1 ? age : std::max(greatest, age);
+        return fresh >= 3;
+    }));
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+}
+
+TEST_F(Program, ChecksAFile) {
+    const std::string file = write(simple);
+    Process good({OSTREL_CELL_PROGRAM, "--check", file});
+    EXPECT_EQ(good.wait(), 0);
+    EXPECT_EQ(good.output(), "ostrel-cell: " + file + ": no mistakes; cell test, 3 variables, 0 aliases\n");
+    write(simple + "x = 1\n");
+    Process bad({OSTREL_CELL_PROGRAM, "--check", file});
+    EXPECT_EQ(bad.wait(), 1);
+    EXPECT_EQ(bad.errors(), file + ":10: real.CLOCK: unknown key \"x\"\n");
+}
+
+TEST_F(Program, ExplainsItself) {
+    Process help({OSTREL_CELL_PROGRAM, "--help"});
+    EXPECT_EQ(help.wait(), 0);
+    for (const char* word : {"--store", "--check", "--version", "SIGHUP", "FILE"})
+        EXPECT_NE(help.output().find(word), std::string::npos) << word;
+    Process version({OSTREL_CELL_PROGRAM, "--version"});
+    EXPECT_EQ(version.wait(), 0);
+    EXPECT_EQ(version.output(), "ostrel-cell " OSTREL_VERSION "\n");
+}
+
+TEST_F(Program, EndsWithTwoOnWrongUsage) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{}, {"--nonsense", "x"}, {"a.toml", "b.toml"}, {"a.toml", "--store"}}) {
+        std::vector<std::string> words = {OSTREL_CELL_PROGRAM};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        Process cell(words);
+        EXPECT_EQ(cell.wait(), 2);
+        EXPECT_EQ(cell.errors().rfind("ostrel-cell: ", 0), 0U) << cell.errors();
+        EXPECT_EQ(cell.output(), "");
+    }
+}
+
+TEST_F(Program, SaysThatItsFileIsMissing) {
+    Process cell(command(path("nowhere.toml")));
+    EXPECT_EQ(cell.wait(), 1);
+    EXPECT_EQ(cell.errors(), path("nowhere.toml") + ": cannot be read: No such file or directory\n");
+}
+
+}  // namespace
