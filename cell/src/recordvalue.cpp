@@ -32,7 +32,7 @@ double store_real(REAL_VARIABLE& record, double value, const timespec& now) {
 }
 
 double store_integer(INTEGER_VARIABLE& record, double value, const timespec& now) {
-    if (std::isnan(value)) {
+    if (!std::isfinite(value)) {
         record.NAN_trapped = 1;
         return record.value;
     }
@@ -57,7 +57,7 @@ double store_logical(LOGICAL_VARIABLE& record, double value, const timespec& now
 // Members and elements have no write operation of their own in the platform; the record is written as it stands.
 template <typename Member>
 double store_member(Member& member, double value) {
-    if (std::isnan(value)) {
+    if (!std::isfinite(value)) {
         member.NAN_trapped = 1;
         return member.value;
     }
@@ -68,7 +68,7 @@ double store_member(Member& member, double value) {
 
 template <typename Element>
 double store_element(Element& element, double value, const timespec& now) {
-    if (std::isnan(value))
+    if (!std::isfinite(value))
         return element.value;
     element.value = static_cast<std::remove_reference_t<decltype(element.value)>>(value);
     element.last_sampled_time = now;
@@ -140,12 +140,12 @@ double RecordValue::store(double value, const timespec& now) const {
             static_cast<EMIS_VARIABLE*>(m_record)->emission[m_member].data_written = 1;
             return store_member(static_cast<EMIS_VARIABLE*>(m_record)->emission[m_member], value);
         case REAL_ARRAY_TYPE:
-            static_cast<REAL_ARRAY_MEMBER*>(m_record)->NAN_trapped = std::isnan(value) ? 1 : 0;
+            static_cast<REAL_ARRAY_MEMBER*>(m_record)->NAN_trapped = std::isfinite(value) ? 0 : 1;
             return store_element(*static_cast<REAL_ARRAY_MEMBER*>(m_record), value, now);
         case INT_ARRAY_TYPE:
-            static_cast<INTEGER_ARRAY_MEMBER*>(m_record)->NAN_trapped = std::isnan(value) ? 1 : 0;
+            static_cast<INTEGER_ARRAY_MEMBER*>(m_record)->NAN_trapped = std::isfinite(value) ? 0 : 1;
             return store_element(*static_cast<INTEGER_ARRAY_MEMBER*>(m_record),
-                                 std::isnan(value) ? value : to_integer(value), now);
+                                 std::isfinite(value) ? to_integer(value) : value, now);
         case LOGI_ARRAY_TYPE:
             return store_element(*static_cast<LOGICAL_ARRAY_MEMBER*>(m_record),
                                  value != 0 && !std::isnan(value) ? 1 : 0, now);
