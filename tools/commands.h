@@ -45,4 +45,7 @@ struct EventWaitRequest {
 };
 int eventWaitCommand(const EventWaitRequest& request, bool json);
 
+// Makes the server read its cell file again, and waits until it has.
+int reconfigCommand(const ostrel_store_status& store, bool json);
+
 int statusCommand(const ostrel_store_status& store, bool json);

@@ -93,10 +93,13 @@ void addEvent(CLI::App& app, Arguments& a) {
     runs(wait, a, inStore(a, [&a] { return eventWaitCommand(a.wait, a.json); }));
 }
 
-void addUnitsAndStatus(CLI::App& app, Arguments& a) {
+void addUnitsAndServer(CLI::App& app, Arguments& a) {
     auto* units = app.add_subcommand("units", "Lists the units that a unit keyword can be converted to");
     units->add_option("KEYWORD", a.units, "Such as rpm; without it all keywords");
     runs(units, a, [&a] { return unitsCommand(a.units, a.json); });
+
+    auto* reconfig = app.add_subcommand("reconfig", "Makes the server read its cell file again");
+    runs(reconfig, a, [&a] { return reconfigCommand(openStore(a.store), a.json); });
 
     auto* status = app.add_subcommand("status", "Shows the store, its server and its events");
     runs(status, a, [&a] { return statusCommand(openStore(a.store), a.json); });
@@ -119,7 +122,7 @@ void addAll(CLI::App& app, Arguments& a) {
     addGetAndSet(app, a);
     addWatch(app, a);
     addEvent(app, a);
-    addUnitsAndStatus(app, a);
+    addUnitsAndServer(app, a);
 }
 
 // What is wrong with the command line, with the word that is no command named.

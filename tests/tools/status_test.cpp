@@ -9,7 +9,7 @@ TEST_F(Status, TellsTheStoreItsServerAndItsEvents) {
     EXPECT_EQ(status["store"].toString().toStdString(), store());
     EXPECT_EQ(status["alive"], QJsonValue(true));
     EXPECT_EQ(status["server_pid"].toInt(), cell().pid());
-    EXPECT_EQ(status["cell_file"].toString().toStdString(), TOOLS_CELL_FILE);
+    EXPECT_EQ(status["cell_file"].toString().toStdString(), cellFile().string());
     EXPECT_EQ(status["variables"].toInt(), 18);
     EXPECT_GE(status["heartbeat_age_s"].toDouble(), 0);
     QStringList names;

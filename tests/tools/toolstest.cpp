@@ -34,6 +34,7 @@ bool eventually(const std::function<bool()>& condition) {
 void ToolsTest::SetUp() {
     unsetenv("OSTREL_STORE");
     unsetenv("OSTREL_CELL");
+    std::filesystem::copy_file(TOOLS_CELL_FILE, cellFile());
     startCell();
 }
 
@@ -43,7 +44,7 @@ void ToolsTest::TearDown() {
 }
 
 void ToolsTest::startCell() {
-    m_cell = std::make_unique<Program>(Arguments{OSTREL_CELL_PROGRAM, TOOLS_CELL_FILE, "--store", m_store});
+    m_cell = std::make_unique<Program>(Arguments{OSTREL_CELL_PROGRAM, cellFile().string(), "--store", m_store});
     // The store is there a moment before its names are, and the names of a server that died are there before the next.
     ASSERT_TRUE(eventually([&] {
         return ostrel({"status"}).status == 0 && ostrel({"get", "CYCLES"}).status == 0;

@@ -51,6 +51,8 @@ protected:
     void refuses(const Arguments& words, const std::string& message) const;
 
     void startCell();
+    // The cell's own copy of cell.toml.
+    std::filesystem::path cellFile() const { return m_folder.path() / "cell.toml"; }
     const std::string& store() const { return m_store; }
     Program& cell() { return *m_cell; }
 

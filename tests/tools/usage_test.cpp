@@ -30,12 +30,12 @@ TEST(Usage, TellsItsVersion) {
 TEST(Usage, HelpNamesEveryCommand) {
     const Outcome outcome = ostrel({"--help"});
     EXPECT_EQ(outcome.status, 0);
-    for (const char* command : {"list", "get", "set", "watch", "info", "units", "event", "status"})
+    for (const char* command : {"list", "get", "set", "watch", "info", "units", "event", "reconfig", "status"})
         EXPECT_NE(outcome.output.find(std::string("\n  ") + command + " "), std::string::npos) << command;
 }
 
 TEST(Usage, EveryCommandHasHelp) {
-    for (const char* command : {"list", "get", "set", "watch", "info", "units", "event", "status"}) {
+    for (const char* command : {"list", "get", "set", "watch", "info", "units", "event", "reconfig", "status"}) {
         const Outcome outcome = ostrel({command, "--help"});
         EXPECT_EQ(outcome.status, 0) << command;
         EXPECT_NE(outcome.output.find("Usage: ostrel " + std::string(command)), std::string::npos) << outcome.output;
