@@ -22,7 +22,7 @@ bool opening = false;
 void onMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     if (opening && type == QtFatalMsg)
         endWithoutDisplay();
-    if (opening && type == QtWarningMsg)  // summed up by the line above, should it come to that
+    if (opening)  // whatever Qt has to say is summed up by that line, should it come to that
         return;
     if (text.contains(QLatin1String("propagateSizeHints")))  // said for each window that is rendered off-screen
         return;

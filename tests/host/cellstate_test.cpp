@@ -1,6 +1,7 @@
 #include "cellstate.h"
 
 #include <QtTest>
+#include <cstring>
 
 namespace {
 

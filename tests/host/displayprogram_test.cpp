@@ -33,7 +33,11 @@ Outcome run(const QStringList& words, const QStringList& without = {}) {
 
 const QStringList screen{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 
-// How much of the picture is banner.
+// The mark of a missing variable is red too, but small.
+constexpr double shareOfMarks = 0.005;
+constexpr double shareOfABanner = 0.03;
+
+// How much of the picture is red.
 double redShare(const QImage& picture) {
     int red = 0;
     for (int y = 0; y < picture.height(); ++y)
@@ -131,10 +135,10 @@ void DisplayProgramTest::refusesWhatItCannotShow() {
 }
 
 void DisplayProgramTest::refusesABrokenCellFile() {
-    const QString broken = file("broken.toml", "[real.SPEED]\nvalue = \"fast\"\n");
+    const QString broken = file("broken.toml", "[cell]\nname = \"broken\"\n[real.SPEED]\nvalue = \"fast\"\n");
     const Outcome refused = run({"--cell", broken, liveForm});
     QCOMPARE(refused.status, 1);
-    QVERIFY2(refused.errors.startsWith("ostrel-display: " + broken + ":2"), qPrintable(refused.errors));
+    QVERIFY2(refused.errors.startsWith("ostrel-display: " + broken + ":4: "), qPrintable(refused.errors));
 }
 
 void DisplayProgramTest::refusesAPictureThatCannotBeWritten_data() {
@@ -180,14 +184,14 @@ void DisplayProgramTest::pictureOfAFormWithItsCell() {
     QCOMPARE(taken.status, 0);
     const QImage picture(path);
     QCOMPARE(picture.size(), QSize(420, 700));
-    QCOMPARE(redShare(picture), 0.0);
+    QVERIFY(redShare(picture) < shareOfMarks);
 }
 
 void DisplayProgramTest::pictureWithoutACellIsRedFromTheFirstFrame() {
     const QString path = m_cell->file("now.png");
     const Outcome taken = run({"--screenshot", path, "--after", "0", "--geometry", "420x700", liveForm});
     QCOMPARE(taken.status, 0);
-    QVERIFY(redShare(QImage(path)) > 0.03);
+    QVERIFY(redShare(QImage(path)) > shareOfABanner);
 }
 
 void DisplayProgramTest::pictureWithoutADisplay() {
@@ -201,7 +205,7 @@ void DisplayProgramTest::simulatesTheCellInside() {
     const QString path = m_cell->file("now.png");
     const Outcome taken = run({"--cell", m_cell->file("cell.toml"), "--screenshot", path, liveForm});
     QVERIFY2(taken.status == 0, qPrintable(taken.errors));
-    QCOMPARE(redShare(QImage(path)), 0.0);
+    QVERIFY(redShare(QImage(path)) < shareOfMarks);
 }
 
 void DisplayProgramTest::signalEndsIt_data() {
