@@ -113,8 +113,8 @@ TEST_F(Server, AReloadKeepsSlotsValuesAndPointers) {
     set_real_variable(b, 42);
     configure({"put 54 1 NEW", "put 54 1 C", "put 54 1 B"});
     EXPECT_EQ(record<REAL_VARIABLE>("B"), b);
-    EXPECT_EQ(b->value, 42);
-    EXPECT_EQ(b->active, 1);
+    EXPECT_EQ(+b->value, 42);
+    EXPECT_EQ(+b->active, 1);
     EXPECT_EQ(handle("C").index, 2);
     EXPECT_EQ(handle("NEW").index, 3);
     EXPECT_NE(find("A"), 0);
@@ -125,13 +125,13 @@ TEST_F(Server, ANameThatComesBackHasItsOldSlot) {
     auto* a = record<REAL_VARIABLE>("A");
     set_real_variable(a, 7);
     configure({"put 54 1 B", "put 54 1 C"});
-    EXPECT_EQ(a->active, 0);
+    EXPECT_EQ(+a->active, 0);
     EXPECT_STREQ(a->label, "A");
     EXPECT_EQ(count(&SYSTEM_ATTRIBUTES::max_num_gu_real), 3);
     configure({"put 54 1 C", "put 54 1 A"});
     EXPECT_EQ(record<REAL_VARIABLE>("A"), a);
-    EXPECT_EQ(a->active, 1);
-    EXPECT_EQ(a->value, 7);
+    EXPECT_EQ(+a->active, 1);
+    EXPECT_EQ(+a->value, 7);
 }
 
 TEST_F(Server, ARetiredSlotGoesToAnotherNameOnlyWhereNoOtherIsFree) {
@@ -142,7 +142,7 @@ TEST_F(Server, ARetiredSlotGoesToAnotherNameOnlyWhereNoOtherIsFree) {
     EXPECT_EQ(handle("D").index, 3);
     configure({"put 9 2 B", "put 9 2 C", "put 9 2 D", "put 9 2 E"});
     EXPECT_EQ(handle("E").index, 0);
-    EXPECT_EQ(record<INTEGER_VARIABLE>("E")->value, 0);
+    EXPECT_EQ(+record<INTEGER_VARIABLE>("E")->value, 0);
 }
 
 TEST_F(Server, ANameIsReplacedInASectionThatIsFull) {
@@ -188,14 +188,14 @@ TEST_F(Server, AnArrayThatStaysKeepsItsElementsAndOneOfAnotherShapeGetsNewOnes) 
     ASSERT_EQ(server.tell("array 15 GRID 3 4"), "ok 0");
     server.tell("commit");
     EXPECT_EQ(handle("GRID:2:3").member_adr, old.member_adr);
-    EXPECT_EQ(static_cast<REAL_ARRAY_MEMBER*>(old.member_adr)->value, 5);
+    EXPECT_EQ(+static_cast<REAL_ARRAY_MEMBER*>(old.member_adr)->value, 5);
     server.tell("begin -1");
     ASSERT_EQ(server.tell("array 15 GRID 4 4"), "ok 1");
     server.tell("commit");
     const SHARED_MEMORY now = handle("GRID:2:3");
     EXPECT_NE(now.member_adr, old.member_adr);
-    EXPECT_EQ(static_cast<REAL_ARRAY_MEMBER*>(now.member_adr)->value, 0);
-    EXPECT_EQ(static_cast<REAL_ARRAY_MEMBER*>(old.member_adr)->value, 5);
+    EXPECT_EQ(+static_cast<REAL_ARRAY_MEMBER*>(now.member_adr)->value, 0);
+    EXPECT_EQ(+static_cast<REAL_ARRAY_MEMBER*>(old.member_adr)->value, 5);
     EXPECT_NE(ostrel_set_array_element(&old, 6, nullptr), 0);
     EXPECT_EQ(find("GRID:3:3"), 0);
 }
@@ -231,7 +231,7 @@ TEST_F(Server, NothingIsLeftAfterACleanEndButWhatClientsHold) {
     set_real_variable(a, 3);
     ASSERT_EQ(server.tell("close"), "ok");
     EXPECT_TRUE(objectsOf(store).empty());
-    EXPECT_EQ(a->value, 3);
+    EXPECT_EQ(+a->value, 3);
     EXPECT_EQ(find("A"), 0);
     EXPECT_EQ(status().found, 1);
     EXPECT_EQ(status().alive, 0);
@@ -249,6 +249,18 @@ TEST_F(Server, TheNextStoreOfTheNameIsUsedInstead) {
     EXPECT_EQ(find("B"), 0);
     EXPECT_NE(status().instance, first);
     EXPECT_STREQ(a->label, "A");
+}
+
+// Somebody cleared /dev/shm after the server had died: the old memory looked like a living store for ever.
+TEST_F(Server, AStoreWhoseObjectsWereRemovedIsLeftForTheNextOne) {
+    configure({"put 54 1 A"});
+    server.killHard();
+    removeObjectsOf(store);
+    ServerProcess next;
+    ASSERT_EQ(next.tell("open " + store), "ok 0");
+    EXPECT_EQ(status().server_pid, next.pid());
+    EXPECT_NE(find("A"), 0);
+    next.tell("close");
 }
 
 TEST_F(Server, AKilledServerIsFollowedByOneThatAdopts) {
@@ -283,9 +295,9 @@ TEST_F(Server, AKilledServerIsFollowedByOneThatAdopts) {
     EXPECT_EQ(next.tell("put 54 1 B"), "ok 0");
     EXPECT_EQ(next.tell("array 15 GRID 2 2"), "ok 0");
     next.tell("commit");
-    EXPECT_EQ(b->value, 11);
+    EXPECT_EQ(+b->value, 11);
     EXPECT_EQ(handle("A").index, 0);
-    EXPECT_EQ(static_cast<REAL_ARRAY_MEMBER*>(handle("GRID:1:1").member_adr)->value, 12);
+    EXPECT_EQ(+static_cast<REAL_ARRAY_MEMBER*>(handle("GRID:1:1").member_adr)->value, 12);
     EXPECT_NE(find("FOR_B"), 0);
     next.tell("close");
 }
@@ -307,7 +319,7 @@ TEST_F(Server, AServerKilledAtAnyPointOfAReconfigurationLeavesAStoreToAdopt) {
         for (const char* name : {"V0", "V1", "V2", "V499"})
             EXPECT_EQ(find(name), 0) << name;
         EXPECT_EQ(record<REAL_VARIABLE>("V1"), v1);
-        EXPECT_EQ(v1->value, 5);
+        EXPECT_EQ(+v1->value, 5);
     }
 }
 

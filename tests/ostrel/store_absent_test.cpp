@@ -69,7 +69,7 @@ TEST_F(Absent, AStoreThatComesLaterIsUsedAndShowsInTheCounter) {
     ASSERT_EQ(server.tell("open " + store), "ok 0");
     configure({"put 54 1 SPEED"});
     EXPECT_EQ(find("SPEED"), 0);
-    EXPECT_NE(data->generic_reconfig_count, before);
+    EXPECT_NE(+data->generic_reconfig_count, before);
 }
 
 TEST_F(Absent, NamesThatNoStoreCanHaveAreRefused) {

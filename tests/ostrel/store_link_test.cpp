@@ -20,8 +20,8 @@ TEST_F(Link, TheSectionsTellTheLayoutOfTheAreas) {
     EXPECT_STREQ(sections[count - 1].name, "alias");
     const ostrel_section* emissions = ostrel_section_of(PROPERTIES_MEM, EMIS_TYPE);
     ASSERT_NE(emissions, nullptr);
-    EXPECT_EQ(emissions->start, 377648u);
-    EXPECT_EQ(emissions->capacity, 34);
+    EXPECT_EQ(+emissions->start, 377648u);
+    EXPECT_EQ(+emissions->capacity, 34);
     EXPECT_EQ(ostrel_section_of(GU_REAL_MEM, INT_TYPE), nullptr);
     EXPECT_EQ(ostrel_section_capacity(GU_REAL_MEM, REAL_TYPE), 20000);
     EXPECT_EQ(ostrel_section_capacity(GU_REAL_MEM, INT_TYPE), 0);
@@ -71,10 +71,10 @@ TEST_F(Link, AWalkThroughTheAreasMeetsEveryVariable) {
     void* base = nullptr;
     ASSERT_EQ(link_to_memory(SYS_ATTR_MEM, &base), 0);
     const auto* counts = static_cast<SYSTEM_ATTRIBUTES*>(base);
-    EXPECT_EQ(counts->max_num_gu_real, 2);
-    EXPECT_EQ(counts->logical_num_ai, 1);
-    EXPECT_EQ(counts->logical_num_ci, 2);
-    EXPECT_EQ(counts->max_array_real, 0);
+    EXPECT_EQ(+counts->max_num_gu_real, 2);
+    EXPECT_EQ(+counts->logical_num_ai, 1);
+    EXPECT_EQ(+counts->logical_num_ci, 2);
+    EXPECT_EQ(+counts->max_array_real, 0);
     const auto* reals = static_cast<REAL_VARIABLE*>(get_shrd_mem(GU_REAL_MEM, 0));
     EXPECT_STREQ(reals[0].label, "A");
     EXPECT_STREQ(reals[1].label, "B");
@@ -124,22 +124,22 @@ TEST_F(Link, ReconfigurationsAreCounted) {
     ASSERT_NE(data, nullptr);
     const RECONFIG_DATA before = *data;
     configure({"put 54 1 A"});
-    EXPECT_EQ(data->generic_reconfig_count, before.generic_reconfig_count + 1);
-    EXPECT_EQ(data->go_count, before.go_count + 1);
-    EXPECT_EQ(data->real_reconfig_count, before.real_reconfig_count + 1);
+    EXPECT_EQ(+data->generic_reconfig_count, before.generic_reconfig_count + 1);
+    EXPECT_EQ(+data->go_count, before.go_count + 1);
+    EXPECT_EQ(+data->real_reconfig_count, before.real_reconfig_count + 1);
 }
 
 TEST_F(Link, TheCounterShowsTheNextStoreAtItsOldAddress) {
     auto* data = static_cast<RECONFIG_DATA*>(get_private_shrd_mem(text("reconfig_data"), sizeof(RECONFIG_DATA)));
     const int before = data->generic_reconfig_count;
     ASSERT_EQ(server.tell("close"), "ok");
-    EXPECT_EQ(data->generic_reconfig_count, before);
+    EXPECT_EQ(+data->generic_reconfig_count, before);
     ASSERT_EQ(server.tell("open " + store), "ok 0");
     EXPECT_NE(find("A"), 0);
     const int after = data->generic_reconfig_count;
     EXPECT_NE(after, before);
     configure({"put 54 1 A"});
-    EXPECT_EQ(data->generic_reconfig_count, after + 1);
+    EXPECT_EQ(+data->generic_reconfig_count, after + 1);
     EXPECT_EQ(get_private_shrd_mem(text("reconfig_data"), sizeof(RECONFIG_DATA)), data);
 }
 

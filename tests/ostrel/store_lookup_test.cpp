@@ -55,9 +55,9 @@ TEST_F(Lookup, APlainNameLeadsToItsRecord) {
     const auto* torque = record<REAL_VARIABLE>("TORQUE");
     ASSERT_NE(torque, nullptr);
     EXPECT_STREQ(torque->label, "TORQUE");
-    EXPECT_EQ(torque->active, 1);
+    EXPECT_EQ(+torque->active, 1);
     EXPECT_EQ(+torque->shm_id, GU_REAL_MEM);
-    EXPECT_EQ(torque->index, 1);
+    EXPECT_EQ(+torque->index, 1);
 }
 
 TEST_F(Lookup, EveryKindIsFoundInItsArea) {

@@ -1,4 +1,6 @@
 // A store of each test's own, served by a process of its own, and a client in the test process.
+//
+// Records are packed and EXPECT_EQ takes references, so tests compare a copy of a field: +record->value.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -17,7 +17,7 @@ char* text(const std::string& s) {
     return const_cast<char*>(s.c_str());
 }
 
-bool isNow(const timespec& time) {
+bool isNow(timespec time) {
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
     return std::abs(now.tv_sec - time.tv_sec) <= 5;
@@ -54,13 +54,13 @@ protected:
 TEST_F(Write, ARealIsStoredWithItsBookKeeping) {
     set_real_variable(real, 1.5);
     set_real_variable(real, 2.5);
-    EXPECT_EQ(real->value, 2.5);
-    EXPECT_EQ(real->last_sampled_value, 2.5);
-    EXPECT_EQ(real->last_delta_value, 1.5);
-    EXPECT_EQ(real->update_count, 2u);
-    EXPECT_EQ(real->last_pid, getpid());
+    EXPECT_EQ(+real->value, 2.5);
+    EXPECT_EQ(+real->last_sampled_value, 2.5);
+    EXPECT_EQ(+real->last_delta_value, 1.5);
+    EXPECT_EQ(+real->update_count, 2u);
+    EXPECT_EQ(+real->last_pid, getpid());
     EXPECT_EQ(std::string(real->last_process_name), std::string(program_invocation_short_name).substr(0, 23));
-    EXPECT_EQ(real->NAN_trapped, 0);
+    EXPECT_EQ(+real->NAN_trapped, 0);
     EXPECT_TRUE(isNow(real->last_sampled_time));
     EXPECT_TRUE(isNow(real->last_delta_time));
 }
@@ -69,29 +69,29 @@ TEST_F(Write, TheSameValueAgainIsASampleAndNoChange) {
     set_real_variable(real, 2.5);
     const timespec changed = real->last_delta_time;
     set_real_variable(real, 2.5);
-    EXPECT_EQ(real->update_count, 2u);
-    EXPECT_EQ(real->last_delta_value, 0);
-    EXPECT_EQ(real->last_delta_time.tv_sec, changed.tv_sec);
-    EXPECT_EQ(real->last_delta_time.tv_nsec, changed.tv_nsec);
+    EXPECT_EQ(+real->update_count, 2u);
+    EXPECT_EQ(+real->last_delta_value, 0);
+    EXPECT_EQ(+real->last_delta_time.tv_sec, changed.tv_sec);
+    EXPECT_EQ(+real->last_delta_time.tv_nsec, changed.tv_nsec);
 }
 
 TEST_F(Write, WhatIsNoNumberIsTrappedAndNotStored) {
     set_real_variable(real, 1.5);
     for (const double value : {kNoNumber, HUGE_VAL, -HUGE_VAL}) {
         set_real_variable(real, value);
-        EXPECT_EQ(real->value, 1.5);
-        EXPECT_EQ(real->NAN_trapped, 1);
-        EXPECT_EQ(real->update_count, 1u);
+        EXPECT_EQ(+real->value, 1.5);
+        EXPECT_EQ(+real->NAN_trapped, 1);
+        EXPECT_EQ(+real->update_count, 1u);
     }
     set_real_variable(real, 3);
-    EXPECT_EQ(real->NAN_trapped, 0);
+    EXPECT_EQ(+real->NAN_trapped, 0);
 }
 
 TEST_F(Write, ANeighbourAtAnOddAddressIsWrittenWhole) {
     auto* other = record<REAL_VARIABLE>("OTHER");
     set_real_variable(other, -1.25e300);
-    EXPECT_EQ(other->value, -1.25e300);
-    EXPECT_EQ(real->value, 0);
+    EXPECT_EQ(+other->value, -1.25e300);
+    EXPECT_EQ(+real->value, 0);
     EXPECT_STREQ(other->label, "OTHER");
 }
 
@@ -116,10 +116,10 @@ TEST_F(Write, AnEventIsRaisedOnChangeOnly) {
 TEST_F(Write, AnIntegerIsStoredWithItsBookKeeping) {
     EXPECT_EQ(set_integer(integer, INT_MIN), 0);
     EXPECT_EQ(set_integer(integer, 7), 0);
-    EXPECT_EQ(integer->value, 7);
-    EXPECT_EQ(integer->last_sampled_value, 7);
-    EXPECT_EQ(integer->last_delta_value, INT_MIN);
-    EXPECT_EQ(integer->last_pid, getpid());
+    EXPECT_EQ(+integer->value, 7);
+    EXPECT_EQ(+integer->last_sampled_value, 7);
+    EXPECT_EQ(+integer->last_delta_value, INT_MIN);
+    EXPECT_EQ(+integer->last_pid, getpid());
     EXPECT_TRUE(isNow(integer->last_sampled_time));
     EXPECT_TRUE(isNow(integer->last_delta_time));
 }
@@ -138,28 +138,28 @@ TEST_F(Write, ALogicalRaisesTheEventOfTheStateItGoesTo) {
     EXPECT_EQ(raised("went_off"), 0u);
     logical->signal_on_false = 1;
     set_logical(logical, -5);
-    EXPECT_EQ(logical->value, 1);
+    EXPECT_EQ(+logical->value, 1);
     set_logical(logical, 0);
     EXPECT_EQ(raised("went_off"), 1u);
-    EXPECT_EQ(logical->last_pid, getpid());
+    EXPECT_EQ(+logical->last_pid, getpid());
     EXPECT_TRUE(isNow(logical->last_sampled_time));
 }
 
 TEST_F(Write, ALogicalTakesTheTimeOfItsSample) {
     timespec time{1000, 5};
     EXPECT_EQ(set_logical_variable(logical, 1, 0, &time), 0);
-    EXPECT_EQ(logical->last_sampled_time.tv_sec, 1000);
-    EXPECT_EQ(logical->last_sampled_time.tv_nsec, 5);
+    EXPECT_EQ(+logical->last_sampled_time.tv_sec, 1000);
+    EXPECT_EQ(+logical->last_sampled_time.tv_nsec, 5);
     EXPECT_EQ(set_logical_variable(logical, 0, 0, nullptr), 0);
     EXPECT_TRUE(isNow(logical->last_sampled_time));
     EXPECT_NE(set_logical_variable(logical, 1, 1, nullptr), 0);
-    EXPECT_EQ(logical->value, 0);
+    EXPECT_EQ(+logical->value, 0);
 }
 
 TEST_F(Write, AStringIsCutAtItsField) {
     EXPECT_EQ(set_string_variable(string, text("warm up")), 0);
     EXPECT_STREQ(string->value, "warm up");
-    EXPECT_EQ(string->last_pid, getpid());
+    EXPECT_EQ(+string->last_pid, getpid());
     EXPECT_EQ(set_string_variable(string, text(std::string(100, 'x'))), 0);
     EXPECT_EQ(std::string(string->value, 80), std::string(80, 'x'));
     EXPECT_STREQ(string->label, "TEXT");
@@ -175,22 +175,22 @@ TEST_F(Write, ElementsAreStoredByTheirHandle) {
     };
     EXPECT_EQ(set("REALS:1", 2.5, nullptr), 0);
     const auto* element = static_cast<REAL_ARRAY_MEMBER*>(handle("REALS:1").member_adr);
-    EXPECT_EQ(element->value, 2.5);
-    EXPECT_EQ(element->last_pid, getpid());
+    EXPECT_EQ(+element->value, 2.5);
+    EXPECT_EQ(+element->last_pid, getpid());
     EXPECT_TRUE(isNow(element->last_sampled_time));
     EXPECT_NE(set("REALS:1", kNoNumber, nullptr), 0);
-    EXPECT_EQ(element->value, 2.5);
-    EXPECT_EQ(element->NAN_trapped, 1);
+    EXPECT_EQ(+element->value, 2.5);
+    EXPECT_EQ(+element->NAN_trapped, 1);
 
     EXPECT_EQ(set("INTS:2", -3.4, nullptr), 0);
     const auto* whole = static_cast<INTEGER_ARRAY_MEMBER*>(handle("INTS:2").member_adr);
-    EXPECT_EQ(whole->value, -3);
+    EXPECT_EQ(+whole->value, -3);
     for (const double value : {kNoNumber, 1e10, -1e10})
         EXPECT_NE(set("INTS:2", value, nullptr), 0);
-    EXPECT_EQ(whole->value, -3);
+    EXPECT_EQ(+whole->value, -3);
 
     EXPECT_EQ(set("LOGIS:0", 4, nullptr), 0);
-    EXPECT_EQ(static_cast<LOGICAL_ARRAY_MEMBER*>(handle("LOGIS:0").member_adr)->value, 1);
+    EXPECT_EQ(+static_cast<LOGICAL_ARRAY_MEMBER*>(handle("LOGIS:0").member_adr)->value, 1);
 
     EXPECT_EQ(set("TEXTS:0", 0, std::string(300, 'y').c_str()), 0);
     const auto* note = static_cast<STRING_ARRAY_MEMBER*>(handle("TEXTS:0").member_adr);
@@ -228,13 +228,13 @@ TEST_F(Write, WhatIsNoRecordOfTheStoreIsRefused) {
     EXPECT_NE(set_integer(integer - 1, 5), 0);
     EXPECT_NE(set_logical(nullptr, 1), 0);
     EXPECT_NE(set_string_variable(nullptr, text("x")), 0);
-    EXPECT_EQ(integer->value, 0);
+    EXPECT_EQ(+integer->value, 0);
 }
 
 TEST_F(Write, ARecordOfAnEndedStoreStillTakesValues) {
     server.tell("close");
     EXPECT_EQ(set_integer(integer, 8), 0);
-    EXPECT_EQ(integer->value, 8);
+    EXPECT_EQ(+integer->value, 8);
 }
 
 }  // namespace

@@ -43,7 +43,12 @@ public:
 
     const StoreObjects& objects() const { return m_objects; }
     const std::string& name() const { return m_name; }
-    bool isLive() const { return m_header->state.load(std::memory_order_acquire) == kLive; }
+    bool isLive() const {
+        return m_header->state.load(std::memory_order_acquire) == kLive && !m_abandoned.load(std::memory_order_relaxed);
+    }
+
+    /* Takes the store for ended, in this process: nobody serves it and its name leads elsewhere. */
+    void abandon() { m_abandoned.store(true, std::memory_order_relaxed); }
 
     /* Tells this store from every other one that was ever made. */
     uint64_t instance() const { return m_instance; }
@@ -92,11 +97,12 @@ private:
     std::array<int, kSections> m_capacity;  // as it was when attaching: the shared words may be overwritten
     std::array<std::atomic<int>, MAX_NUM_SHRD_MEM> m_links{};
     std::atomic<pid_t> m_server{0};
+    std::atomic<bool> m_abandoned{false};
 };
 
 /*
  * The store in use, attaching to it where that has become possible; null for no store. Where the store in use has ended
- * and another one of its name is there, that one is given from then on. Costs two atomic loads while nothing changes.
+ * and another one of its name is there, that one is given from then on. Costs three atomic loads while nothing changes.
  */
 Attachment* attachment();
 

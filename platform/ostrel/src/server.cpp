@@ -6,10 +6,12 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <filesystem>
 #include <memory>
 #include <random>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -156,7 +158,10 @@ void startServing(ostrel_server& server, const ostrel_server_options& options) {
     StoreHeader& header = *server.store->header();
     server.store->setServer(getpid());
     putText(header.cellFile, options.cell_file);
-    putText(header.logFile, options.log_file);
+    // Clients have working folders of their own.
+    std::error_code error;
+    const auto logFile = std::filesystem::absolute(options.log_file ? options.log_file : "", error);
+    putText(header.logFile, options.log_file && !error ? logFile.c_str() : nullptr);
     header.heartbeat.store(monotonicNow(), std::memory_order_release);
     header.serverStart.store(processStart(getpid()), std::memory_order_release);
     header.serverPid.store(getpid(), std::memory_order_release);

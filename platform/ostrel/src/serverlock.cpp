@@ -3,13 +3,11 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
 
 #include "storeobjects.h"
 
@@ -20,19 +18,6 @@ std::string writtenPid(int fd) {
     const ssize_t length = pread(fd, text, sizeof text - 1, 0);
     const long pid = length > 0 ? std::strtol(text, nullptr, 10) : 0;
     return pid > 0 ? "process " + std::to_string(pid) : "another process";
-}
-
-// The server before may have removed its lock between the opening and the locking; a lock without a name locks nothing.
-bool isStillNamed(int fd, const std::string& object) {
-    const int named = shm_open(object.c_str(), O_RDONLY | O_CLOEXEC, 0);
-    if (named < 0)
-        return false;
-    struct stat mine {};
-    struct stat theirs {};
-    const bool same = fstat(fd, &mine) == 0 && fstat(named, &theirs) == 0 && mine.st_ino == theirs.st_ino &&
-                      mine.st_dev == theirs.st_dev;
-    close(named);
-    return same;
 }
 
 void writePid(int fd) {
@@ -65,7 +50,8 @@ bool ServerLock::acquire(const std::string& storeName, std::string& problem) {
             close(fd);
             return false;
         }
-        if (isStillNamed(fd, object)) {
+        // The server before may have removed its lock meanwhile, and a lock without a name locks nobody out.
+        if (leadsTo(object, fd)) {
             writePid(fd);
             m_object = object;
             m_fd = fd;

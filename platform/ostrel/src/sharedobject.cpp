@@ -103,3 +103,15 @@ int SharedObject::mapOver(void* address, size_t offset, size_t length) const {
     void* data = mmap(address, length, protection, MAP_SHARED | MAP_FIXED, m_fd, static_cast<off_t>(offset));
     return data == MAP_FAILED ? errno : 0;
 }
+
+bool leadsTo(const std::string& name, int fd) {
+    const int named = shm_open(name.c_str(), O_RDONLY | O_CLOEXEC, 0);
+    if (named < 0)
+        return false;
+    struct stat mine {};
+    struct stat theirs {};
+    const bool same = fstat(fd, &mine) == 0 && fstat(named, &theirs) == 0 && mine.st_ino == theirs.st_ino &&
+                      mine.st_dev == theirs.st_dev;
+    close(named);
+    return same;
+}

@@ -16,6 +16,9 @@ struct Access {
     gid_t group = 0;
 };
 
+/* True where that name leads to the object that is open there. */
+bool leadsTo(const std::string& name, int fd);
+
 /* Functions with an int result give 0, or the errno of what failed; a failed one leaves the object empty. */
 class SharedObject {
 public:
@@ -44,6 +47,9 @@ public:
 
     /* Maps a part of it once more, at that address in place of what is there. */
     int mapOver(void* address, size_t offset, size_t length) const;
+
+    /* True where that name leads to this object. */
+    bool isNamed(const std::string& name) const { return leadsTo(name, m_fd); }
 
     char* data() const { return m_data; }
     size_t size() const { return m_size; }

@@ -32,6 +32,16 @@ bool isServed(const Attachment& store) {
     return store.isLive() && start != 0 && start == header.serverStart.load(std::memory_order_acquire);
 }
 
+// The store in use. One whose objects were removed behind its back looks live for ever, so its name is tried here.
+Attachment* attachmentByName() {
+    Attachment* store = attachment();
+    if (!store || store->name().empty() || isServed(*store) ||
+        store->objects().header.isNamed(headerObject(store->name())))
+        return store;
+    store->abandon();
+    return attachment();
+}
+
 void describe(const Attachment& store, ostrel_store_status& status) {
     const StoreHeader& header = *store.header();
     status.found = 1;
@@ -72,7 +82,7 @@ int ostrel_store_open(const char* name, const char* cell_file, char* message, si
 }
 
 int ostrel_store_get_status(ostrel_store_status* status) {
-    const Attachment* store = attachment();
+    const Attachment* store = attachmentByName();
     if (!status)
         return store != nullptr;
     *status = {};
