@@ -30,6 +30,7 @@ SHARED_MEMORY handle_of(const std::string& name);
 bool exists(const std::string& name);
 double number(const std::string& name);
 std::string text(const std::string& name);
+// Records are packed: a field goes into EXPECT_EQ as a copy, `+p.value`, since no reference may be bound to it.
 template <typename Record>
 Record& record(const std::string& name) {
     static Record nothing{};

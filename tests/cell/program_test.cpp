@@ -121,7 +121,7 @@ TEST_F(Program, AdoptsTheStoreOfAKilledServer) {
     EXPECT_EQ(first.wait(), 128 + SIGKILL);
     Process second(command(file));
     ASSERT_TRUE(second.says("serving adopted store")) << second.errors();
-    EXPECT_EQ(setpoint->value, 9);
+    EXPECT_EQ(+setpoint->value, 9);
     EXPECT_TRUE(eventually([] { return number("Y") == 18; }));
     second.signal(SIGTERM);
     EXPECT_EQ(second.wait(), 0);

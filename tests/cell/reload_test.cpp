@@ -54,10 +54,10 @@ TEST_F(Reload, ConvertsAValueThatGetsOtherUnits) {
 
 TEST_F(Reload, ChangesExpressionsLimitsAndScan) {
     serve(scans + "[real.A]\nexpr = \"1\"\nhigh_alarm = 0\n");
-    EXPECT_EQ(record<REAL_VARIABLE>("A").status, 1536);
+    EXPECT_EQ(+record<REAL_VARIABLE>("A").status, 1536);
     good_reload("[cell]\nname = \"test\"\nscan_ms = 20\n" + scans + "[real.A]\nexpr = \"2\"\n");
     EXPECT_EQ(number("A"), 2);
-    EXPECT_EQ(record<REAL_VARIABLE>("A").status, 0);
+    EXPECT_EQ(+record<REAL_VARIABLE>("A").status, 0);
     EXPECT_EQ(record<REAL_VARIABLE>("A").limit_status.high_alarm, 0);
     ostrel_cell_summary summary{};
     ostrel_cell_get_summary(cell(), &summary);

@@ -14,18 +14,18 @@ class Scan : public ServedTest {};
 TEST_F(Scan, FillsARealFromItsFile) {
     serve(scans + "[real.P]\nvalue = 2.5\nunits = \"bar\"\nformat = \"%.3f\"\nrange = [-1, 12]\n");
     const auto& p = record<REAL_VARIABLE>("P");
-    EXPECT_EQ(p.value, 2.5);
+    EXPECT_EQ(+p.value, 2.5);
     EXPECT_STREQ(p.units, "bar");
-    EXPECT_GT(p.units_code, 0);
+    EXPECT_GT(+p.units_code, 0);
     EXPECT_STREQ(p.display_format, "%.3f");
-    EXPECT_EQ(p.display_resolution, 3);
-    EXPECT_EQ(p.min_plot_range, -1);
-    EXPECT_EQ(p.max_plot_range, 12);
+    EXPECT_EQ(+p.display_resolution, 3);
+    EXPECT_EQ(+p.min_plot_range, -1);
+    EXPECT_EQ(+p.max_plot_range, 12);
     EXPECT_STREQ(p.label, "P");
     EXPECT_STREQ(p.owner.name, "test");
-    EXPECT_EQ(p.active, 1);
-    EXPECT_EQ(p.last_pid, getpid());
-    EXPECT_GT(p.last_sampled_time.tv_sec, 1'000'000'000);
+    EXPECT_EQ(+p.active, 1);
+    EXPECT_EQ(+p.last_pid, getpid());
+    EXPECT_GT(+p.last_sampled_time.tv_sec, 1'000'000'000);
 }
 
 TEST_F(Scan, FillsTheOtherScalars) {
@@ -36,7 +36,7 @@ TEST_F(Scan, FillsTheOtherScalars) {
     EXPECT_STREQ(record<INTEGER_VARIABLE>("I").units, "rpm");
     EXPECT_STREQ(record<INTEGER_VARIABLE>("I").display_format, "%d");
     const auto& l = record<LOGICAL_VARIABLE>("L");
-    EXPECT_EQ(l.value, 1);
+    EXPECT_EQ(+l.value, 1);
     EXPECT_STREQ(l.true_state, "ON");
     EXPECT_STREQ(l.false_state, "OFF");
     EXPECT_EQ(static_cast<int>(l.which_state_is_alarm), FALSE_IS_ALARM);
@@ -46,7 +46,7 @@ TEST_F(Scan, FillsTheOtherScalars) {
 TEST_F(Scan, IsAliveBeforeTheFirstStep) {
     serve(scans + "[real.A]\nvalue = 3\n[real.B]\nexpr = \"A * 2\"\nhigh_alarm = 5\n");
     EXPECT_EQ(number("B"), 6);
-    EXPECT_EQ(record<REAL_VARIABLE>("B").status, 1536);
+    EXPECT_EQ(+record<REAL_VARIABLE>("B").status, 1536);
 }
 
 TEST_F(Scan, FollowsASetpoint) {
@@ -73,7 +73,7 @@ TEST_F(Scan, CountsUpdatesAndSetsTheTimeOfWhatStaysTheSame) {
     const auto sp_before = record<REAL_VARIABLE>("SP").update_count;
     scan(3);
     EXPECT_GE(y.update_count - before, 3U);
-    EXPECT_EQ(record<REAL_VARIABLE>("SP").update_count, sp_before) << "nobody writes a setpoint but clients";
+    EXPECT_EQ(+record<REAL_VARIABLE>("SP").update_count, sp_before) << "nobody writes a setpoint but clients";
 }
 
 TEST_F(Scan, TrapsWhatIsNoNumber) {
@@ -97,7 +97,7 @@ TEST_F(Scan, ColoursAndLatchesUntilReset) {
     serve("[cell]\nname = \"test\"\nscan_ms = 10\nlatch_reset = \"RESET\"\n" + scans +
           "[logical.RESET]\n[real.X]\nhigh_alarm = 5\nhigh_emergency = 10\n");
     const auto& x = record<REAL_VARIABLE>("X");
-    EXPECT_EQ(x.status, 0);
+    EXPECT_EQ(+x.status, 0);
     set_real_variable(&record<REAL_VARIABLE>("X"), 6);
     ASSERT_TRUE(scan_until([&] { return x.status == 1536; }));
     EXPECT_EQ(x.limit_status.high_alarm, 1);
@@ -117,11 +117,11 @@ TEST_F(Scan, ColoursAndLatchesUntilReset) {
 TEST_F(Scan, ColoursALogicalInItsAlarmState) {
     serve(scans + "[logical.L]\nalarm = true\ncolour = \"magenta\"\nblink = true\nfalse_colour = \"green\"\n");
     const auto& l = record<LOGICAL_VARIABLE>("L");
-    EXPECT_EQ(l.status, 512);
-    EXPECT_EQ(l.alarm, 0);
+    EXPECT_EQ(+l.status, 512);
+    EXPECT_EQ(+l.alarm, 0);
     set_logical(&record<LOGICAL_VARIABLE>("L"), 1);
     ASSERT_TRUE(scan_until([&] { return l.status == 1281; }));
-    EXPECT_EQ(l.alarm, 1);
+    EXPECT_EQ(+l.alarm, 1);
     EXPECT_EQ(l.limit_status.high_alarm, 1);
 }
 
@@ -129,7 +129,7 @@ TEST_F(Scan, SeesAValueGrowOld) {
     serve(scans + "[real.X]\nage = 0.05\n[real.Y]\nage = 0.05\nexpr = \"1\"\n");
     const auto& x = record<REAL_VARIABLE>("X");
     ASSERT_TRUE(scan_until([&] { return x.limit_status.variable_age == 1; }));
-    EXPECT_EQ(x.status, 768);
+    EXPECT_EQ(+x.status, 768);
     ASSERT_TRUE(scan_until([&] {
         set_real_variable(&record<REAL_VARIABLE>("X"), 1);
         ostrel_cell_step(cell());
@@ -185,15 +185,15 @@ TEST_F(Scan, FillsAndDrivesArrays) {
         return static_cast<REAL_ARRAY_MEMBER*>(handle_of(name).member_adr);
     };
     EXPECT_STREQ(element("R:0:0")->units, "bar");
-    EXPECT_EQ(element("R:OUT:B")->status, 1536);
-    EXPECT_EQ(element("R:OUT:A")->status, 0);
-    EXPECT_EQ(element("E:2")->status, 1024);
+    EXPECT_EQ(+element("R:OUT:B")->status, 1536);
+    EXPECT_EQ(+element("R:OUT:A")->status, 0);
+    EXPECT_EQ(+element("E:2")->status, 1024);
     EXPECT_EQ(element("E:2")->limit_status.high_abort, 1);
-    EXPECT_EQ(element("E:1")->status, 0);
-    EXPECT_EQ(static_cast<LOGICAL_ARRAY_MEMBER*>(handle_of("L:1").member_adr)->status, 1024);
+    EXPECT_EQ(+element("E:1")->status, 0);
+    EXPECT_EQ(+static_cast<LOGICAL_ARRAY_MEMBER*>(handle_of("L:1").member_adr)->status, 1024);
     set_real_variable(&record<REAL_VARIABLE>("X"), 2);
     EXPECT_TRUE(scan_until([] { return number("E:0") == 20; }));
-    EXPECT_EQ(element("E:0")->status, 1024);
+    EXPECT_EQ(+element("E:0")->status, 1024);
 }
 
 TEST_F(Scan, FillsAndDrivesMembers) {
@@ -228,8 +228,8 @@ TEST_F(Scan, ComputesStatistics) {
     EXPECT_STREQ(stat.stat[AV].units, "bar");
     EXPECT_STREQ(stat.stat[ST].units, "s");
     EXPECT_STREQ(stat.stat[NM].units, "");
-    EXPECT_EQ(stat.stat[AV].display_resolution, 1);
-    EXPECT_EQ(stat.process_interval, 60);
+    EXPECT_EQ(+stat.stat[AV].display_resolution, 1);
+    EXPECT_EQ(+stat.process_interval, 60);
     set_real_variable(&record<REAL_VARIABLE>("X"), 8);
     ASSERT_TRUE(scan_until([] { return number("S.MX") == 8; }));
     EXPECT_EQ(number("S.MN"), 4);
@@ -246,7 +246,7 @@ TEST_F(Scan, WatchesElementsAndMembers) {
     EXPECT_EQ(number("S.AV"), 7);
     EXPECT_EQ(number("T.AV"), 5);
     EXPECT_STREQ(record<STAT_VARIABLE>("S.AV").source_label, "A:1");
-    EXPECT_EQ(record<STAT_VARIABLE>("T.AV").stat[AV].display_resolution, 4);
+    EXPECT_EQ(+record<STAT_VARIABLE>("T.AV").stat[AV].display_resolution, 4);
 }
 
 TEST_F(Scan, KnowsAliases) {
