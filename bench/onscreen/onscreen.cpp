@@ -62,10 +62,12 @@ double valueAt(int i, int step) {
     return 1000.0 + 100.0 * std::sin(0.1 * step + i);
 }
 
+volatile sig_atomic_t serving = 1;
+
 // Serves `count` variables; each changes its value ten times a second when `changing`.
 [[noreturn]] void serve(const QByteArray& store, int count, bool changing, int ready) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
-    signal(SIGTERM, SIG_DFL);
+    signal(SIGTERM, [](int) { serving = 0; });
     char message[256] = "";
     ostrel_server_options options{};
     options.name = store.constData();
@@ -88,7 +90,7 @@ double valueAt(int i, int step) {
     ostrel_server_commit(server);
     if (write(ready, "r", 1) != 1)
         _exit(1);
-    for (int step = 1; getppid() != 1; ++step) {
+    for (int step = 1; serving; ++step) {
         usleep(period * 1000);
         for (int i = 0; changing && i < count; ++i)
             records[static_cast<size_t>(i)]->value = valueAt(i, step);

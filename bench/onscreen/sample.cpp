@@ -36,15 +36,15 @@ bool serveOneVariable() {
     return true;
 }
 
-void unchangedSample(benchmark::State& state) {
+void unchanged_sample(benchmark::State& state) {
     ZelValue widget;
     widget.setName("SPEED");
     for (auto _ : state)
         widget.sample(false);
 }
-BENCHMARK(unchangedSample);
+BENCHMARK(unchanged_sample);
 
-void changedSample(benchmark::State& state) {
+void changed_sample(benchmark::State& state) {
     ZelValue widget;
     widget.setName("SPEED");
     double value = 1000.0;
@@ -53,9 +53,9 @@ void changedSample(benchmark::State& state) {
         widget.sample(false);
     }
 }
-BENCHMARK(changedSample);
+BENCHMARK(changed_sample);
 
-void changedSampleInOtherUnits(benchmark::State& state) {
+void changed_sample_in_other_units(benchmark::State& state) {
     ZelValue widget;
     widget.setName("SPEED");
     widget.setUnits("HZ");
@@ -66,16 +66,16 @@ void changedSampleInOtherUnits(benchmark::State& state) {
         widget.sample(false);
     }
 }
-BENCHMARK(changedSampleInOtherUnits);
+BENCHMARK(changed_sample_in_other_units);
 
-// The floor: a new text for a label, without any variable behind it.
-void labelText(benchmark::State& state) {
+// A new text for a label, without any variable behind it.
+void floor(benchmark::State& state) {
     QLabel label;
     double value = 1000.0;
     for (auto _ : state)
         label.setText(QString::asprintf("%8.2f", value += 0.37));
 }
-BENCHMARK(labelText);
+BENCHMARK(floor);
 
 }  // namespace
 
