@@ -50,10 +50,11 @@ void settleOverflow(EventPlace& event, Subscription& subscription) {
 }  // namespace
 
 std::optional<EventName> toEventName(const char* name) {
-    if (!name || name[0] == '\0' || strnlen(name, eventNameSize) == eventNameSize)
+    const std::size_t length = name ? strnlen(name, eventNameSize) : 0;
+    if (length == 0 || length == eventNameSize)
         return std::nullopt;
     EventName result{};
-    std::strcpy(result.data(), name);
+    std::memcpy(result.data(), name, length);
     return result;
 }
 
