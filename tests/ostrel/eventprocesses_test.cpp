@@ -194,10 +194,12 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
     });
     ASSERT_TRUE(comes([&] { return isHolding.load(); }));
     raiser.kill();
+    const std::uint32_t wakeups = store.layout().threads[0].wakeups;
     int eid = 0;
     std::array<char, 32> name{"some"};
     EXPECT_EQ(event_get_id(name.data(), &eid), 0);
     EXPECT_EQ(eid, some);
+    EXPECT_EQ(store.layout().threads[0].wakeups, wakeups + 1);
     EXPECT_EQ(receiver.result(), 0);
 }
 
@@ -261,6 +263,24 @@ protected:
 TEST_F(KilledAtAnyInstruction, ofRaisingLeavesTheOthersWhole) {
     killIn(
         attachChild, [this] { raise("some", whole); }, 13);
+}
+
+/* The slot of the new message is not that of the oldest one that a queue of the greatest depth still holds. */
+TEST_F(KilledAtAnyInstruction, ofRaisingLeavesAFullQueueWhole) {
+    const std::string old(200, 'o');
+    Stepped stepped = Stepped::killed;
+    for (long instructions = 0; stepped == Stepped::killed; instructions += 5) {
+        for (unsigned message = 0; message < deepestQueue; ++message)
+            raise("some", old);
+        stepped = killAfter(instructions, attachChild, [this] { raise("some", whole); });
+        if (stepped == Stepped::refused)
+            GTEST_SKIP() << "this machine lets no process trace its child";
+        for (unsigned message = 0; message < deepestQueue; ++message) {
+            const std::string received = receive().payload.c_str();
+            ASSERT_TRUE(received == old || (received == whole && message == deepestQueue - 1)) << received;
+        }
+        reclaimDeadThreads(&store.layout());
+    }
 }
 
 TEST_F(KilledAtAnyInstruction, ofReceivingLeavesTheOthersWhole) {
