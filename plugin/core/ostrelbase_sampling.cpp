@@ -13,6 +13,10 @@
 
 namespace {
 
+// Compared on every sample, so made once.
+const QColor transparent = Qt::transparent;
+const QColor black = Qt::black;
+
 // A read-out shows this many characters of a number, units left out.
 constexpr int widestNumber = 16;
 
@@ -39,7 +43,7 @@ QColor limitColor(int code, const QPalette& palette) {
         case 1792:
             return Qt::white;
         default:
-            return Qt::transparent;
+            return transparent;
     }
 }
 
@@ -257,14 +261,14 @@ QColor OstrelBase::getOstrelLimitColors(bool& blink) {
 void OstrelBase::checkStatus(bool startup) {
     bool blink = false;
     const QColor color = getOstrelLimitColors(blink);
-    if ((!_monitorLimit && !_checkLimit) || color == Qt::transparent) {
+    if ((!_monitorLimit && !_checkLimit) || color == transparent) {
         setColor(palette().text().color());
     } else if (!blink) {
         if (_requestedFlashTimer) {
             TimerModerator::releaseFromTimer(this, flashInterval);
             _requestedFlashTimer = false;
         }
-        setColor(color == Qt::black ? palette().text().color() : color);
+        setColor(color == black ? palette().text().color() : color);
     } else if (!TimerModerator::isRegistered(this, flashInterval)) {
         // The colour stays for flash() to handle.
         _requestedFlashTimer = TimerModerator::requestTimer(this, flashInterval);
@@ -287,7 +291,7 @@ void OstrelBase::finishFirstLoad(bool startup) {
 void OstrelBase::flash() {
     bool blink = false;
     QColor color = getOstrelLimitColors(blink);
-    if (color == Qt::transparent || !_color.isValid()) {
+    if (color == transparent || !_color.isValid()) {
         _color = palette().text().color();
         color = _color;
     }

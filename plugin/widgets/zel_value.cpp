@@ -14,6 +14,8 @@
 #include "ui_zel_value.h"
 
 ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
+    // Before there are children that would have to follow.
+    setFont(QApplication::font());
     ui->setupUi(this);
     _initFlag = false;
     _unitsVis = true;
@@ -33,7 +35,6 @@ ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
         ui->value->installEventFilter(this);
     limit_status = nullptr;
     m_readOnly = false;
-    setFont(QApplication::font());
     ui->iconLabel->hide();
     iconShown = false;
 }
