@@ -13,6 +13,10 @@ public:
 
     void setName(const QString& name) override;
 
+    // Declared for subclasses, which define them.
+    void setNameFont(const QFont& font);
+    QFont getNameFont() const;
+
 public Q_SLOTS:
     void ostrelTimerEvent(int interval) override;
     virtual void sample();

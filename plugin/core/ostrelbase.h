@@ -183,7 +183,6 @@ protected:
     bool _exceedsLimit = false;
     QT_OSTREL_FLAGS _varType = QT_OSTREL_ANY;
     void* _member_adr = nullptr;
-    char _varMember[20] = {};
     bool _initFlag = false;
     bool _readOnlyString = false;
     QString _toolTip;
@@ -193,6 +192,7 @@ protected:
     bool _displayAlias = true;
     bool _lockVariable = false;
     bool _requestedFlashTimer = false;
+    char _varMember[20] = {};
     double limit_array[7] = {};
     short int limit_exists[7] = {};
     short int display[7] = {};

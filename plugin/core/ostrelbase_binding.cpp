@@ -336,10 +336,14 @@ void OstrelBase::globalConfigEvent(short newState, short memCode) {
 void OstrelBase::endReconfiguration() {
     const QString name = _real_name.isEmpty() || _real_name == notSet ? _name : _real_name;
     const bool wasUnbound = !_ptr;
+    const QString unitsAskedFor = getUnits();
     const bool cameBack = setupVariable(name) != VARIABLE_NOTFOUND && wasUnbound;
-    // The widget must rebuild what setName() rebuilds for a new variable, and keep the units that the form asked for.
-    if (cameBack)
+    // The widget must rebuild what setName() rebuilds for a new variable, and keep the units that the form asked for:
+    // they go where the variable comes back under its alias, having been missed under its own name.
+    if (cameBack) {
+        setUnits(unitsAskedFor);
         unitsChanged = true;
+    }
     setName(name);
     if (cameBack && _ptr && !TimerModerator::isRegistered(this, getSampleRate())) {
         updateFirst_ = true;

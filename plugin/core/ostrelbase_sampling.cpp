@@ -150,7 +150,7 @@ QString* OstrelBase::sampleReal(short statusWord, double value, char (&format)[8
     if (value == _lastValue && !updateFirst_)
         return nullptr;
     updateFirst_ = false;
-    return getUpdatedStrValue(hideUnits, format, units, value);
+    return getUpdatedStrValue(hideUnits, format, UnitKeyword(units).text(), value);
 }
 
 template <class Member>
@@ -164,7 +164,7 @@ QString* OstrelBase::sampleMember(short statusWord, Member& member, Refresh refr
         updateFirst_ = refresh == Refresh::Again;
     double shown = value;
     if (_units[0] != '\0')
-        unitsConvert(value, member.units, &shown, _units);
+        unitsConvert(value, UnitKeyword(member.units).text(), &shown, _units);
     svalue = valueText(formatString, shown, _name);
     _lastValue = value;
     return &svalue;
@@ -175,10 +175,10 @@ QString* OstrelBase::sampleInteger() {
     const int value = iptr->value;
     if (value == _ilastValue && !updateFirst_)
         return nullptr;
-    updateFirst_ = false;
     int shown = value;
     if (_units[0] != '\0' && !converted(units_get_int_keyword(&shown, iptr, _units)))
         return nullptr;
+    updateFirst_ = false;
     svalue = valueText(iptr->display_format, shown, _name);
     _ilastValue = shown;
     return &svalue;
@@ -194,10 +194,11 @@ QString* OstrelBase::sampleIntegerElement() {
     const int value = iamptr->value;
     if (value == _ilastValue && !updateFirst_)
         return nullptr;
-    updateFirst_ = false;
     int shown = value;
-    if (_units[0] != '\0' && !converted(units_lng_keyword_convrt(value, iamptr->units, &shown, _units)))
+    UnitKeyword own(iamptr->units);
+    if (_units[0] != '\0' && !converted(units_lng_keyword_convrt(value, own.text(), &shown, _units)))
         return nullptr;
+    updateFirst_ = false;
     svalue = valueText(iaptr->display_format, shown, _name);
     _ilastValue = shown;
     return &svalue;

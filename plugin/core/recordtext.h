@@ -10,6 +10,16 @@ QString recordText(const char (&field)[size]) {
     return QString::fromUtf8(field, static_cast<int>(strnlen(field, size)));
 }
 
+// A unit keyword for the units service, which wants a terminating zero also behind one that fills its field.
+class UnitKeyword {
+public:
+    explicit UnitKeyword(const char (&field)[16]) { std::memcpy(m_text, field, sizeof(field)); }
+    char* text() { return m_text; }
+
+private:
+    char m_text[17] = {};
+};
+
 // Copies a text of the GUI into a fixed field of this process, always terminated.
 template <size_t size>
 void copyText(char (&field)[size], const QByteArray& text) {

@@ -39,28 +39,32 @@ int formatDecimals(const QString& format) {
     return ok ? number : standardDecimals;
 }
 
-void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VARIABLE* record, int decimals) {
+void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VARIABLE*& record, int decimals) {
     bool ok = false;
+    const QString asked = name;
     const QString units = unitsShown(displayUnits, recordText(record->units));
-    double value =
-        QInputDialog::getDouble(parent, title(name), label(name, units), record->value, lowest, highest, decimals, &ok);
-    if (!ok)
+    double value = QInputDialog::getDouble(parent, title(asked), label(asked, units), record->value, lowest, highest,
+                                           decimals, &ok);
+    if (!ok || !record || name != asked)
         return;
-    if (*displayUnits && units_dbl_keyword_convrt(value, displayUnits, &value, record->units) != 0) {
+    if (*displayUnits &&
+        units_dbl_keyword_convrt(value, displayUnits, &value, UnitKeyword(record->units).text()) != 0) {
         qDebug("Error converting value");
         return;
     }
     set_real_variable(record, value);
 }
 
-void enterInteger(QWidget* parent, const QString& name, char* displayUnits, INTEGER_VARIABLE* record,
-                  char* recordUnits) {
+void enterInteger(QWidget* parent, const QString& name, char* displayUnits, INTEGER_VARIABLE*& record,
+                  REAL_VARIABLE*& lastReal) {
     bool ok = false;
+    const QString asked = name;
     const QString units = unitsShown(displayUnits, recordText(record->units));
-    int value = QInputDialog::getInt(parent, title(name), label(name, units), record->value, lowest, highest, 1, &ok);
-    if (!ok)
+    int value = QInputDialog::getInt(parent, title(asked), label(asked, units), record->value, lowest, highest, 1, &ok);
+    if (!ok || !record || name != asked)
         return;
-    if (*displayUnits && units_lng_keyword_convrt(value, displayUnits, &value, recordUnits) != 0) {
+    UnitKeyword target(lastReal ? lastReal->units : record->units);
+    if (*displayUnits && units_lng_keyword_convrt(value, displayUnits, &value, target.text()) != 0) {
         qDebug("Error converting value");
         return;
     }

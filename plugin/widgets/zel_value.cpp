@@ -237,7 +237,7 @@ void ZelValue::handleWriteValue(QObject*) {
             break;
         case INT_TYPE:
             // Kept: the target units are those of the last real variable that the widget was bound to.
-            enterInteger(this, _name, _units, iptr, rptr ? rptr->units : iptr->units);
+            enterInteger(this, _name, _units, iptr, rptr);
             break;
         case LOGI_TYPE:
             set_logical_variable(lptr, !_llastValue, 0, nullptr);

@@ -81,6 +81,7 @@ private Q_SLOTS:
     void aValueStandsStillDuringAReconfiguration();
     void aVariableThatVanishedIsMarkedAndComesBack();
     void aVariableThatCameBackKeepsTheUnitsAskedFor();
+    void aVariableThatCameBackUnderItsAliasKeepsThemToo();
     void aVariableThatMovedIsFollowed();
     void aBoundWidgetFollowsTheToldStepsAlone();
 
@@ -376,6 +377,28 @@ void ReconfigurationTest::aVariableThatCameBackKeepsTheUnitsAskedFor() {
     widget.globalConfigEvent(0, -1);
     widget.globalConfigEvent(1, -1);
     platform().real("SPEED").value(120).units("RPM").format("%g");
+    widget.globalConfigEvent(0, -1);
+    widget.ostrelTimerEvent(1000);
+    QCOMPARE(widget.getUnits(), QString("HZ"));
+    QCOMPARE(shownValue(widget), QString("2"));
+}
+
+void ReconfigurationTest::aVariableThatCameBackUnderItsAliasKeepsThemToo() {
+    platform().converts("RPM", "HZ", 1.0 / 60.0);
+    platform().real("SPEED").value(60).units("RPM").format("%g");
+    platform().alias("RPM_NOW", "SPEED");
+    ZelValue widget;
+    widget.setName("SPEED");
+    widget.setUnits("HZ");
+    widget.setName("SPEED");
+    QCOMPARE(widget.getName(), QString("RPM_NOW"));
+    widget.globalConfigEvent(1, -1);
+    platform().remove("SPEED");
+    widget.globalConfigEvent(0, -1);
+    QCOMPARE(shownValue(widget), QString("-"));
+    widget.globalConfigEvent(1, -1);
+    platform().real("SPEED").value(120).units("RPM").format("%g");
+    platform().alias("RPM_NOW", "SPEED");
     widget.globalConfigEvent(0, -1);
     widget.ostrelTimerEvent(1000);
     QCOMPARE(widget.getUnits(), QString("HZ"));

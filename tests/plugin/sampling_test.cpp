@@ -131,15 +131,16 @@ void SamplingTest::aConvertedIntegerIsComparedRaw() {
 
 void SamplingTest::anIntegerThatDoesNotConvertFailsEachTime() {
     platform().integer("LENGTH").value(2).units("M").format("%d");
-    platform().alwaysAnswer("units_get_int_keyword", -3);
     Probe widget;
     widget.setName("LENGTH");
-    widget._ilastValue = 1;
+    QCOMPARE(widget.text(), QString("2"));
+    platform().alwaysAnswer("units_get_int_keyword", -3);
     widget.useUnits("KG");
+    widget.updateFirst_ = true;
     const DebugLines debug;
     QCOMPARE(widget.text(), QString("(nothing new)"));
     QCOMPARE(widget.text(), QString("(nothing new)"));
-    QCOMPARE(widget._ilastValue, 1);
+    QCOMPARE(widget._ilastValue, 2);
     const QString line = "Error retrieving units... code -3 [ from probe with units KG ]";
     QCOMPARE(debug.lines(), QStringList({line, line}));
 }

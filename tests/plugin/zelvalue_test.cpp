@@ -96,6 +96,7 @@ private Q_SLOTS:
     void theBackgroundCoversTheFrame();
 
     void aDoubleClickWritesAReal();
+    void aWidgetReaimedWhileItAsksWritesNothing();
     void aRealIsWrittenInTheUnitsShown();
     void aValueThatDoesNotConvertIsNotWritten();
     void theDecimalsFollowTheFormat_data();
@@ -522,6 +523,21 @@ void ZelValueTest::aDoubleClickWritesAReal() {
     whenOpened<QInputDialog>([](QInputDialog* dialog) { dialog->reject(); });
     QTest::mouseDClick(widget.value(), Qt::LeftButton);
     QCOMPARE(platform().calls(), QStringList());
+}
+
+void ZelValueTest::aWidgetReaimedWhileItAsksWritesNothing() {
+    platform().real("SPEED").value(1).format("%g");
+    platform().real("LOAD").value(2).format("%g");
+    Display widget;
+    widget.setName("SPEED");
+    platform().forgetCalls();
+    whenOpened<QInputDialog>([&widget](QInputDialog* dialog) {
+        widget.setName("LOAD");
+        dialog->setDoubleValue(9);
+        dialog->accept();
+    });
+    QTest::mouseDClick(widget.value(), Qt::LeftButton);
+    QCOMPARE(platform().calls({"set_real_variable"}), QStringList());
 }
 
 void ZelValueTest::aRealIsWrittenInTheUnitsShown() {
