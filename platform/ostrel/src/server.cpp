@@ -139,7 +139,11 @@ bool adoptOrMake(ostrel_server& server, const Access& access, std::string& probl
     StoreObjects objects;
     std::string damage;
     const StoreLook look = openStoreObjects(objects, server.name, damage);
-    if (look == StoreLook::kUsable && objects.header.isWritable()) {
+    if (look == StoreLook::kUsable && !objects.header.isWritable()) {
+        problem = "may not be written by this user; its memory belongs to another one";
+        return false;
+    }
+    if (look == StoreLook::kUsable) {
         setAccessOfAll(objects, access);
         server.store = useAttachment(std::make_unique<Attachment>(std::move(objects), server.name));
         server.adopted = true;

@@ -34,14 +34,14 @@ std::array<size_t, MAX_NUM_SHRD_MEM> areaSizes(const SectionRoom* rooms) {
 }
 
 // One part of a store, to be made or opened in the same way as the others.
-struct Part {
+struct ObjectPart {
     SharedObject* object;
     std::string suffix;
     size_t size;
 };
 
-std::array<Part, MAX_NUM_SHRD_MEM + 3> partsBesideHeader(StoreObjects& objects, const SectionRoom* rooms) {
-    std::array<Part, MAX_NUM_SHRD_MEM + 3> parts;
+std::array<ObjectPart, MAX_NUM_SHRD_MEM + 3> partsBesideHeader(StoreObjects& objects, const SectionRoom* rooms) {
+    std::array<ObjectPart, MAX_NUM_SHRD_MEM + 3> parts;
     const auto sizes = areaSizes(rooms);
     for (size_t area = 0; area < sizes.size(); ++area)
         parts[area] = {&objects.areas[area], areaSuffix(area), sizes[area]};
@@ -140,7 +140,7 @@ bool createStoreObjects(StoreObjects& objects, const std::string& name, const Ac
     SectionRoom rooms[kSections] = {};
     fillRooms(rooms);
     int error = 0;
-    for (const Part& part : partsBesideHeader(objects, rooms))
+    for (const ObjectPart& part : partsBesideHeader(objects, rooms))
         if (error == 0)
             error = createObject(*part.object, name, part.suffix, part.size, access);
     if (error == 0)
@@ -162,7 +162,7 @@ StoreLook openStoreObjects(StoreObjects& objects, const std::string& name, std::
     if (look != StoreLook::kUsable)
         return look;
     const bool writable = objects.header.isWritable();
-    for (const Part& part : partsBesideHeader(objects, objects.storeHeader()->sections)) {
+    for (const ObjectPart& part : partsBesideHeader(objects, objects.storeHeader()->sections)) {
         const int error = part.size == 0 ? 0 : part.object->open(objectName(name, part.suffix), part.size, writable);
         if (error != 0)
             problem = "its part " + part.suffix.substr(1) + ": " + std::strerror(error);
