@@ -254,9 +254,11 @@ QString* OstrelBase::getUpdatedStrValue(bool hideUnits, char* display_format, ch
 
 QColor OstrelBase::getOstrelLimitColors(bool& blink) {
     blink = (limitColorCode & 1) != 0;
-    const QColor color = limitColor(limitColorCode & ~1, palette());
+    // Asked for once: a widget works its palette's group out anew each time.
+    const QPalette& colors = palette();
+    const QColor color = limitColor(limitColorCode & ~1, colors);
     // A limit colour must never vanish into the background.
-    return color == palette().window().color() ? color.darker(200) : color;
+    return color == colors.window().color() ? color.darker(200) : color;
 }
 
 void OstrelBase::checkStatus(bool startup) {
