@@ -20,6 +20,8 @@ QStringList GlobalsTest::run(const char* host, const char* preloaded) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("OSTREL_STORE", QStringLiteral("globals-test-%1").arg(QCoreApplication::applicationPid()));
+    // Nothing is looked at, and a screen of the test's own may be starting anew when its last client has gone.
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
     if (preloaded)
         environment.insert("LD_PRELOAD", preloaded);
     process.setProcessEnvironment(environment);
