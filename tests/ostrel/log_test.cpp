@@ -1,29 +1,36 @@
 // The platform's log.
 #include <ostrel/log.h>
+#include <regex.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
-#include <sstream>
 #include <thread>
 
 #include "storefixture.h"
 
 namespace {
 
+bool matches(const std::string& text, const std::string& form) {
+    regex_t compiled;
+    if (regcomp(&compiled, ("^" + form + "$").c_str(), REG_EXTENDED | REG_NOSUB) != 0)
+        return false;
+    const bool isMatch = regexec(&compiled, text.c_str(), 0, nullptr, 0) == 0;
+    regfree(&compiled);
+    return isMatch;
+}
+
 class Log : public StoreTest {
 protected:
     void SetUp() override {
         ASSERT_EQ(server.tell("open " + store + " 600 " + path), "ok 0");
-        connect();
+        ASSERT_EQ(ostrel_store_open(store.c_str(), nullptr, nullptr, 0), 0);
     }
+
     void TearDown() override {
         StoreTest::TearDown();
         std::filesystem::remove(path);
     }
-
-    void connect() { ASSERT_EQ(ostrel_store_open(store.c_str(), nullptr, nullptr, 0), 0); }
 
     std::vector<std::string> lines() const {
         std::ifstream file(path);
@@ -40,9 +47,9 @@ TEST_F(Log, ALineTellsWhenWhoAndWhere) {
     testing::internal::CaptureStderr();
     log_error("pump.cpp", 12, 1, -253, "pressure %d of %s", 7, "oil");
     const std::string shown = testing::internal::GetCapturedStderr();
-    const std::regex form(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} \S+\[)" + std::to_string(getpid()) +
-                          R"(\] pump\.cpp:12 level 1 status -253: pressure 7 of oil\n)");
-    EXPECT_TRUE(std::regex_match(shown, form)) << shown;
+    const std::string form = "[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3} [^ ]+\\[" +
+                             std::to_string(getpid()) + "\\] pump\\.cpp:12 level 1 status -253: pressure 7 of oil\n";
+    EXPECT_TRUE(matches(shown, form)) << shown;
     ASSERT_EQ(lines().size(), 1u);
     EXPECT_EQ(lines().front() + "\n", shown);
 }
@@ -70,10 +77,11 @@ TEST_F(Log, LinesOfSeveralThreadsDoNotMix) {
     for (std::thread& thread : threads)
         thread.join();
     testing::internal::GetCapturedStderr();
-    const std::regex form(R"(.* t\.c:\d+ level 1 status 0: (a{500}|b{500}|c{500}|d{500}))");
     ASSERT_EQ(lines().size(), 200u);
-    for (const std::string& line : lines())
-        EXPECT_TRUE(std::regex_match(line, form)) << line;
+    for (const std::string& line : lines()) {
+        const std::string text(500, line.back());
+        EXPECT_TRUE(matches(line, "[^:]+:[0-9]+:[^:]+ t\\.c:[0-9]+ level 1 status 0: " + text)) << line;
+    }
 }
 
 TEST_F(Log, AnAliasThatStandsForNothingIsLogged) {
