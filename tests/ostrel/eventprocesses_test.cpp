@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <limits>
 #include <random>
 #include <thread>
 
@@ -203,10 +204,13 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
     EXPECT_EQ(receiver.result(), 0);
 }
 
-enum class Stepped { killed, ended, refused };
+constexpr long refused = -1;
 
-/* Runs an operation in a child process, prepared for it, and kills that after so many instructions of it. */
-Stepped killAfter(long instructions, const std::function<void()>& prepare, const std::function<void()>& operation) {
+/*
+ * Runs an operation in a child process, prepared for it, and kills that after so many instructions of it. How many it
+ * came to; `refused` where the machine lets no process trace its child.
+ */
+long killAfter(long instructions, const std::function<void()>& prepare, const std::function<void()>& operation) {
     const pid_t child = fork();
     if (child == 0) {
         if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0)
@@ -219,16 +223,17 @@ Stepped killAfter(long instructions, const std::function<void()>& prepare, const
     int status = 0;
     waitpid(child, &status, 0);
     if (!WIFSTOPPED(status))
-        return Stepped::refused;
-    for (; instructions > 0 && WIFSTOPPED(status); --instructions) {
+        return refused;
+    long done = 0;
+    for (; done < instructions && WIFSTOPPED(status); ++done) {
         ptrace(PTRACE_SINGLESTEP, child, nullptr, nullptr);
         waitpid(child, &status, 0);
     }
-    if (!WIFSTOPPED(status))
-        return Stepped::ended;
-    kill(child, SIGKILL);
-    waitpid(child, &status, 0);
-    return Stepped::killed;
+    if (WIFSTOPPED(status)) {
+        kill(child, SIGKILL);
+        waitpid(child, &status, 0);
+    }
+    return done;
 }
 
 class KilledAtAnyInstruction : public EventProcesses {
@@ -238,49 +243,60 @@ protected:
         attach("some");
     }
 
-    /* Kills at every so many instructions of the operation, and looks each time whether the others can go on. */
-    void killIn(const std::function<void()>& prepare, const std::function<void()>& operation, long step) {
-        long kills = -1;
-        Stepped stepped = Stepped::killed;
-        for (long instructions = 0; stepped == Stepped::killed; instructions += step) {
-            ++kills;
-            stepped = killAfter(instructions, prepare, operation);
-            if (stepped == Stepped::refused)
-                GTEST_SKIP() << "this machine lets no process trace its child";
-            ASSERT_EQ(raise("some", "after"), 0) << instructions;
-            const Texts received = receiveUntil("after");
-            ASSERT_TRUE(received == Texts{"after"} || received == (Texts{whole, "after"})) << instructions;
-            reclaimDeadThreads(&store.layout());
-            ASSERT_EQ(attached("some"), 1) << instructions;
+    /* Kills so many processes, at points spread over all instructions of the operation, with a check after each. */
+    static void killIn(const std::function<void()>& prepare, const std::function<void()>& operation, long kills,
+                       const std::function<void()>& check) {
+        const long all = killAfter(std::numeric_limits<long>::max(), prepare, operation);
+        if (all == refused)
+            GTEST_SKIP() << "this machine lets no process trace its child";
+        check();
+        ASSERT_GT(all, kills);
+        for (long number = 0; number < kills && !HasFatalFailure(); ++number) {
+            SCOPED_TRACE(number * all / kills);
+            killAfter(number * all / kills, prepare, operation);
+            check();
         }
-        EXPECT_GT(kills, 20);
     }
 
+    /* The others can go on, and what the killed one raised came whole or not at all. */
+    void othersGoOn() {
+        ASSERT_EQ(raise("some", "after"), 0);
+        const Texts received = receiveUntil("after");
+        ASSERT_TRUE(received == Texts{"after"} || received == (Texts{whole, "after"}));
+        reclaimDeadThreads(&store.layout());
+        ASSERT_EQ(attached("some"), 1);
+    }
+
+    const std::function<void()> checkOthers = [this] { othersGoOn(); };
     const std::string whole = std::string(200, 'x');
     const std::function<void()> attachChild = [] { attach("some", 2); };
 };
 
 TEST_F(KilledAtAnyInstruction, ofRaisingLeavesTheOthersWhole) {
     killIn(
-        attachChild, [this] { raise("some", whole); }, 13);
+        attachChild, [this] { raise("some", whole); }, 60, checkOthers);
 }
 
 /* The slot of the new message is not that of the oldest one that a queue of the greatest depth still holds. */
 TEST_F(KilledAtAnyInstruction, ofRaisingLeavesAFullQueueWhole) {
     const std::string old(200, 'o');
-    Stepped stepped = Stepped::killed;
-    for (long instructions = 0; stepped == Stepped::killed; instructions += 5) {
+    const auto fill = [&] {
         for (unsigned message = 0; message < deepestQueue; ++message)
             raise("some", old);
-        stepped = killAfter(instructions, attachChild, [this] { raise("some", whole); });
-        if (stepped == Stepped::refused)
-            GTEST_SKIP() << "this machine lets no process trace its child";
+    };
+    const auto isWhole = [&] {
         for (unsigned message = 0; message < deepestQueue; ++message) {
             const std::string received = receive().payload.c_str();
             ASSERT_TRUE(received == old || (received == whole && message == deepestQueue - 1)) << received;
         }
         reclaimDeadThreads(&store.layout());
-    }
+    };
+    const auto attachAndFill = [&] {
+        attachChild();
+        fill();
+    };
+    killIn(
+        attachAndFill, [this] { raise("some", whole); }, 80, isWhole);
 }
 
 TEST_F(KilledAtAnyInstruction, ofReceivingLeavesTheOthersWhole) {
@@ -292,17 +308,17 @@ TEST_F(KilledAtAnyInstruction, ofReceivingLeavesTheOthersWhole) {
         int eid = 0;
         event_wait(nullptr, 0, &eid);
     };
-    killIn(attachAndRaise, receiveIt, 13);
+    killIn(attachAndRaise, receiveIt, 60, checkOthers);
 }
 
 TEST_F(KilledAtAnyInstruction, ofDetachingLeavesTheOthersWhole) {
     const int some = eventId("some");
     killIn(
-        attachChild, [some] { event_detach(some); }, 29);
+        attachChild, [some] { event_detach(some); }, 60, checkOthers);
 }
 
 TEST_F(KilledAtAnyInstruction, ofAttachingLeavesTheOthersWhole) {
-    killIn([] {}, attachChild, 401);
+    killIn([] {}, attachChild, 30, checkOthers);
 }
 
 /* Raises and receives as fast as it goes, to be killed at any point. */
