@@ -37,6 +37,7 @@ constexpr unsigned threadCapacity = 256;
 constexpr unsigned payloadCapacity = 256;
 constexpr unsigned deepestQueue = 256;
 constexpr unsigned messageSlots = deepestQueue + 1;
+static_assert(messageSlots > deepestQueue, "a new message is written to a slot outside of every queue");
 constexpr std::size_t eventNameSize = 32;
 constexpr int shortestPeriodMs = 10;
 constexpr int longestPeriodMs = 3'600'000;
