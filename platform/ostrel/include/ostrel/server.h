@@ -3,7 +3,10 @@
  *
  * The server makes the store or adopts the one that a dead server left: values, slots and clients' pointers stay. It
  * fills it in a reconfiguration: begin, put every variable that shall exist, commit. It beats at least twice a second.
- * The functions of one server are called from one thread. Timers run on a thread of the server's own.
+ * The functions of one server are called from one thread at a time. Timers run on a thread of the server's own.
+ *
+ * What clients write is held to the rules of ostrel_server_set_write_rule() and kept in the list of writes. What the
+ * server writes itself is neither: writes are its own on the thread that called open, begin, commit or beat last.
  */
 #ifndef OSTREL_SERVER_H
 #define OSTREL_SERVER_H
@@ -40,6 +43,23 @@ int ostrel_server_adopted(const ostrel_server* server);
 
 /* Shows that the server is alive and scanning. */
 void ostrel_server_beat(ostrel_server* server);
+
+/* Room that a configuration needs in the section of that area and kind. */
+typedef struct ostrel_server_room {
+    SM_AREA_ID area;
+    SM_VARI_TYPE kind;
+    int variables;
+} ostrel_server_room;
+
+/*
+ * Makes sure that the store has room for what the next reconfiguration of all areas will put, which must follow; called
+ * before its begin. 0: it has. 1: it had not, and a new generation with larger areas takes the old one's place with the
+ * commit. Until then clients see the old one as it is; it stays mapped for those who use it. Names that are put again
+ * keep their values, though not their places: records that were given out by put before are the old generation's. -1,
+ * with the reason, where a section cannot have that room; nothing has changed then.
+ */
+int ostrel_server_make_room(ostrel_server* server, const ostrel_server_room* rooms, int count, char* message,
+                            size_t message_size);
 
 /* Starts a reconfiguration of one area, or of all with -1, and announces it. Variables not put again until commit go.
  */
@@ -78,6 +98,30 @@ ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias
  */
 void ostrel_server_set_limits(ostrel_server* server, const char* label, const double* limits, const short int* exists,
                               const short int* display);
+
+/* What clients may write to a variable. Numbers outside min and max are refused, and so is what is no number. */
+typedef struct ostrel_write_rule {
+    int writable; /* 0: nothing at all */
+    int has_min;
+    int has_max;
+    double min; /* in the variable's own units */
+    double max;
+} ostrel_write_rule;
+
+/*
+ * Holds what clients write to the variable, or to any element of the array, to the rule from now on. A variable that
+ * was put keeps the rule it had; a new one may be written without limits. 0, or non-zero for a label that was not put.
+ */
+int ostrel_server_set_write_rule(ostrel_server* server, const char* label, const ostrel_write_rule* rule);
+
+/*
+ * Appends what clients wrote since the last time to the file, a line each, and notes there how many writes came too
+ * fast to be kept. The place up to which the file has them stands in the store: a server that adopts it goes on from
+ * there, and a line that a killed server was about to write may be there twice, with the same number. 0, or non-zero
+ * with the reason where the file cannot be written: the writes stay in the list and are appended next time. Costs next
+ * to nothing where nobody has written.
+ */
+int ostrel_server_drain_writes(ostrel_server* server, const char* file, char* message, size_t message_size);
 
 /* Makes the names known, retires what was not put, counts the reconfiguration and announces its end. */
 void ostrel_server_commit(ostrel_server* server);

@@ -11,6 +11,8 @@
 
 #include <stddef.h>
 #include <stdint.h>
+#include <sys/types.h>
+#include <time.h>
 
 #include <ostrel/records.h>
 
@@ -107,7 +109,8 @@ void fre_shrd_mem(SM_AREA_ID area);
 /*
  * A write stores the value with its book-keeping: time, pid and program name, last value, update count, the trap for a
  * value that is no number, and the variable's event when it asks for one on change. `var` is a record of the store.
- * What has a result gives 0 for a value stored, another number for one refused; a refused value changes nothing.
+ * What has a result gives 0 for a value stored, another number for one refused; a refused value changes nothing. The
+ * cell decides what may be written to a variable. Each write, also a refused one, is kept in the list of writes.
  */
 void set_real_variable(REAL_VARIABLE* var, double value);
 short int set_integer(INTEGER_VARIABLE* var, int value);
@@ -121,6 +124,37 @@ short int set_string_variable(STRING_VARIABLE* var, char* value);
 
 /* One array element; `mem` is the handle that find_variable() gave for it. */
 short int ostrel_set_array_element(const SHARED_MEMORY* mem, double number, const char* text);
+
+/* Why a value was refused; 0 where it was stored. */
+typedef enum ostrel_refusal {
+    OSTREL_STORED = 0,
+    OSTREL_NO_RECORD = 1,    /* `var` is no record of a store */
+    OSTREL_NO_VALUE = 2,     /* no value that the variable can hold, such as one that is no number */
+    OSTREL_READ_ONLY = 3,    /* this process may not write to the store */
+    OSTREL_NOT_WRITABLE = 4, /* the cell lets nobody write the variable */
+    OSTREL_OUTSIDE = 5       /* the cell lets nobody write values below its least or above its greatest one */
+} ostrel_refusal;
+
+/* One write, or one that was refused. */
+typedef struct ostrel_write {
+    uint64_t number; /* counts the writes to the store, from 1 */
+    struct timespec time;
+    pid_t pid;
+    uid_t uid;
+    char program[24];
+    char user[32];     /* name of `uid`, its digits where it has none */
+    char variable[96]; /* its own name, with decimal indexes for an array element */
+    SM_VARI_TYPE kind;
+    short int refusal;  /* an ostrel_refusal */
+    char old_value[88]; /* as text: a number, 0 or 1 for a state */
+    char new_value[88];
+} ostrel_write;
+
+/*
+ * The oldest write with a number above `after` that the store still keeps; it keeps 4096. 0: *write is filled. Non-zero
+ * where there is none. One whose writer died over it is left out.
+ */
+short int ostrel_next_write(uint64_t after, ostrel_write* write);
 
 /* ---- The store itself ------------------------------------------------------------------------------------------- */
 
