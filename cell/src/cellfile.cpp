@@ -79,6 +79,8 @@ void read_cell_table(const toml::table& table, CellModel& model, Diagnostics& di
         reader.fault(reader.line("name"), "a cell needs a name");
     model.scan_ms = reader.integer("scan_ms", 10, 1000).value_or(model.scan_ms);
     model.log = reader.text("log", 4095).value_or("");
+    model.audit = reader.text("audit", 4095);
+    model.kept = reader.text("kept", 4095).value_or("");
     model.mode = read_mode(reader);
     read_group(reader, model);
     model.seed = seed_of(model.name) + static_cast<std::uint64_t>(reader.integer("seed").value_or(0));

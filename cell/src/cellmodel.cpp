@@ -34,6 +34,10 @@ bool Limits::any() const {
     return std::any_of(rules.begin(), rules.end(), [](const LimitRule& rule) { return rule.exists; });
 }
 
+bool WriteRule::allows(double number) const {
+    return (!least || number >= *least) && (!most || number <= *most);
+}
+
 std::size_t ArrayShape::elements() const {
     std::size_t count = 1;
     for (unsigned short size : sizes)

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -37,6 +38,16 @@ struct Limits {
     short normal_status = 0;  // colour while none is violated
 
     bool any() const;
+};
+
+// What clients may write. The cell itself is not held to it.
+struct WriteRule {
+    bool writable = true;
+    std::optional<double> least;
+    std::optional<double> most;
+
+    bool any() const { return !writable || least || most; }
+    bool allows(double value) const;
 };
 
 // Which value of a logical is an alarm, and how each of its states looks.
@@ -96,6 +107,8 @@ struct Variable {
     std::string true_event;
     std::string false_event;
     LogicalStates states;
+    WriteRule write;
+    bool persist = false;  // starts with the value that it had at the end of the run before
 
     std::vector<Member> members;
     STREAM_COMP_TYPE fluid = GAS_STREAM;
@@ -130,6 +143,8 @@ struct CellModel {
     std::string name;
     int scan_ms = 100;
     std::string log;
+    std::optional<std::string> audit;  // file of refused and accepted writes; empty: none
+    std::string kept;                  // file of the values that persist
     int mode = 0600;
     std::string group;
     std::uint64_t seed = 0;

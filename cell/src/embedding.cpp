@@ -4,11 +4,11 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <csignal>
 #include <cstdlib>
 #include <mutex>
 #include <thread>
 
+#include "quietthread.h"
 #include "servedcell.h"
 
 namespace ostrelcell {
@@ -51,16 +51,6 @@ void end_with_process() {
     embedded->cell.reset();
 }
 
-// Signals are for the threads that the program knows.
-void start_thread(Embedded& cell) {
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    cell.thread = std::thread([&cell] { scan_until_end(cell); });
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-}
-
 }  // namespace
 
 bool embed_cell(const std::string& file, std::string& reasons) {
@@ -75,7 +65,7 @@ bool embed_cell(const std::string& file, std::string& reasons) {
     embedded->cell = std::move(cell);
     embedded->process = getpid();
     std::atexit(end_with_process);
-    start_thread(*embedded);
+    embedded->thread = start_quiet_thread([] { scan_until_end(*embedded); });
     return true;
 }
 

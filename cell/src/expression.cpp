@@ -165,7 +165,8 @@ void Translator::name(std::string full_name) {
 // prev(NAME), alarm(NAME)
 void Translator::named_call(const std::string& function) {
     skip_blanks();
-    std::string full_name = take_while([](char c) { return continues_name(c) || c == '.'; }) + indexes();
+    std::string full_name = take_while([](char c) { return continues_name(c) || c == '.'; });
+    full_name += indexes();
     skip_blanks();
     if (full_name.empty() || at(m_at) != ')')
         fail(function + "() takes the name of a variable");

@@ -32,8 +32,8 @@ int to_int(double value) {
     return static_cast<int>(std::lround(std::clamp(value, static_cast<double>(INT_MIN), static_cast<double>(INT_MAX))));
 }
 
-// What a number starts with: its own value where it was there before, else that of the file. Values that are kept from
-// one run of the cell to the next would come in here.
+// What a number starts with: its own value where it was there before, else that of the model, which is the one kept
+// from the last run where it persists.
 double starting_value(bool created, double present, const char* present_units, const Units& units, double of_file) {
     if (created)
         return of_file;

@@ -2,6 +2,7 @@
 
 #include <grp.h>
 #include <ostrel/events.h>
+#include <ostrel/log.h>
 #include <ostrel/store.h>
 
 #include <algorithm>
@@ -18,6 +19,9 @@ namespace {
 // A server has to show twice a second that it lives, also where it scans less often.
 constexpr std::int64_t beat_ns = 400'000'000;
 
+// Values that persist are written so often at most.
+constexpr std::int64_t keep_ns = 1'000'000'000;
+
 std::int64_t steady_now() {
     timespec time{};
     clock_gettime(CLOCK_MONOTONIC, &time);
@@ -28,11 +32,17 @@ std::int64_t period_of(const CellModel& model) {
     return model.scan_ms * std::int64_t{1'000'000};
 }
 
-// A log file without a folder lies beside the cell file.
+// A file without a folder lies beside the cell file.
+std::string beside_cell(const CellModel& model, const std::string& file) {
+    return (std::filesystem::absolute(model.file).parent_path() / file).lexically_normal().string();
+}
+
 std::string log_path(const CellModel& model) {
-    if (model.log.empty())
-        return "";
-    return (std::filesystem::absolute(model.file).parent_path() / model.log).lexically_normal().string();
+    return model.log.empty() ? "" : beside_cell(model, model.log);
+}
+
+bool anything_persists(const CellModel& model) {
+    return std::any_of(model.variables.begin(), model.variables.end(), [](const Variable& v) { return v.persist; });
 }
 
 void create_events(const CellModel& model) {
@@ -101,7 +111,14 @@ std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char
     // What this process does with the store itself, such as making events, has to go to the store that it serves.
     if (store_name != nullptr)
         ostrel_store_open(store_name, nullptr, nullptr, 0);
-    if (!cell->open_server(store_name, reasons) || !cell->fill(*cell->m_content, reasons))
+    cell->m_store = store_name != nullptr ? store_name : "";
+    if (!cell->open_server(store_name, reasons))
+        return nullptr;
+    cell->choose_kept_file();
+    if (cell->m_kept)
+        for (const std::string& line : take_kept_values(cell->m_kept_path, *cell->m_content->model))
+            log_error(__FILE__, __LINE__, 1, 0, "%s", line.c_str());
+    if (!cell->fill(*cell->m_content, reasons))
         return nullptr;
     const std::int64_t now = steady_now();
     cell->m_clock = std::make_unique<ScanClock>(period_of(cell->model()), now);
@@ -115,6 +132,10 @@ std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char
 }
 
 ServedCell::~ServedCell() {
+    // A cell that could not be filled has nothing to keep.
+    if (m_kept && m_clock)
+        m_kept->write(kept_text(model(), m_content->contents));
+    m_kept.reset();
     if (m_server != nullptr)
         ostrel_server_close(m_server);
 }
@@ -124,12 +145,32 @@ void ServedCell::beat(std::int64_t now) {
     m_last_beat = now;
 }
 
+// Private stores keep nothing: several processes may simulate the same cell, each for itself.
+void ServedCell::choose_kept_file() {
+    const std::string file = model().kept.empty() ? m_store + ".kept" : model().kept;
+    const std::string path = beside_cell(model(), file);
+    if (m_store.empty() || !anything_persists(model())) {
+        m_kept.reset();
+    } else if (!m_kept || path != m_kept_path) {
+        m_kept_path = path;
+        m_kept = std::make_unique<KeptFile>(path);
+    }
+}
+
+void ServedCell::keep_values(std::int64_t now) {
+    if (!m_kept || now - m_last_kept < keep_ns)
+        return;
+    m_last_kept = now;
+    m_kept->write(kept_text(model(), m_content->contents));
+}
+
 std::int64_t ServedCell::step() {
     std::int64_t now = steady_now();
     if (m_clock->due(now)) {
         const ScanClock::Tick tick = m_clock->take(now);
         m_content->scan->run(tick.t, tick.dt);
         beat(now);
+        keep_values(now);
         now = steady_now();
     } else if (now - m_last_beat >= beat_ns) {
         beat(now);
@@ -157,6 +198,7 @@ bool ServedCell::reload(std::string& reasons, std::string& remarks) {
     remark(remarks, content->model->log != model().log, "log");
     m_content = std::move(content);
     create_events(model());
+    choose_kept_file();
     m_clock->set_period(period_of(model()));
     return true;
 }

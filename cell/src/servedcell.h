@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cellmodel.h"
+#include "keptvalues.h"
 #include "scan.h"
 #include "scanclock.h"
 #include "simulation.h"
@@ -41,16 +42,22 @@ private:
     };
 
     std::string m_file;
+    std::string m_store;  // empty: private to this process
     ostrel_server* m_server = nullptr;
     std::unique_ptr<Content> m_content;
     std::unique_ptr<ScanClock> m_clock;
     std::int64_t m_last_beat = 0;
+    std::string m_kept_path;
+    std::unique_ptr<KeptFile> m_kept;  // null where nothing persists
+    std::int64_t m_last_kept = 0;
 
     ServedCell() = default;
     static std::unique_ptr<Content> read(const std::string& file, std::string& reasons);
     bool open_server(const char* store_name, std::string& reasons);
     bool fill(Content& content, std::string& reasons);
     void beat(std::int64_t now);
+    void choose_kept_file();
+    void keep_values(std::int64_t now);
 };
 
 }  // namespace ostrelcell

@@ -154,6 +154,7 @@ void read_variable(TableReader& reader, Variable& variable) {
         read_array(reader, variable);
     else
         read_scalar(reader, variable);
+    read_write_rule(reader, variable);
     reader.report_unknown_keys();
 }
 

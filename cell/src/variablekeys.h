@@ -19,4 +19,7 @@ void read_array(TableReader& reader, Variable& variable);
 void read_format(TableReader& reader, Variable& variable);
 void read_range(TableReader& reader, Variable& variable);
 
+// What clients may write, and whether the value outlives the cell. After the value has been read.
+void read_write_rule(TableReader& reader, Variable& variable);
+
 }  // namespace ostrelcell

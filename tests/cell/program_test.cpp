@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "celltest.h"
 #include "process.h"
@@ -22,6 +24,15 @@ protected:
         ostrel_store_status status{};
         ostrel_store_get_status(&status);
         return status.heartbeat_age_s;
+    }
+
+    // A client that had linked a store which was taken from under it sees the next one when it looks.
+    static bool is_linked_to(const Process& cell) {
+        return eventually([&cell] {
+            ostrel_store_status status{};
+            ostrel_store_get_status(&status);
+            return status.server_pid == cell.pid();
+        });
     }
 
     const std::string m_store = unique_store_name();
@@ -125,6 +136,71 @@ TEST_F(Program, AdoptsTheStoreOfAKilledServer) {
     EXPECT_TRUE(eventually([] { return number("Y") == 18; }));
     second.signal(SIGTERM);
     EXPECT_EQ(second.wait(), 0);
+}
+
+// What a power cut leaves: no process, no shared memory, the files.
+void forget_store(const std::string& store) {
+    for (const auto& entry : std::filesystem::directory_iterator("/dev/shm"))
+        if (entry.path().filename().string().rfind("ostrel-" + store, 0) == 0)
+            std::filesystem::remove(entry.path());
+}
+
+std::string contents(const std::string& file) {
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
+
+TEST_F(Program, StartsWithTheSetpointsOfTheLastRun) {
+    const std::string file = write("[real.SP]\nvalue = 3\npersist = true\n[real.Y]\nexpr = \"SP * 2\"\n");
+    Process first(command(file));
+    ASSERT_TRUE(first.says("\n")) << first.errors();
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 5);
+    first.signal(SIGTERM);
+    EXPECT_EQ(first.wait(), 0);
+    Process second(command(file));
+    ASSERT_TRUE(second.says("serving new store")) << second.errors();
+    EXPECT_EQ(number("Y"), 10);
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 6);
+    ASSERT_TRUE(eventually([&] { return contents(path(m_store + ".kept")).find("SP - 6\n") != std::string::npos; }));
+    second.signal(SIGKILL);
+    EXPECT_EQ(second.wait(), 128 + SIGKILL);
+    forget_store(m_store);
+    Process third(command(file));
+    ASSERT_TRUE(third.says("serving new store")) << third.errors();
+    ASSERT_TRUE(is_linked_to(third));
+    EXPECT_EQ(number("SP"), 6);
+    EXPECT_EQ(third.errors(), "");
+}
+
+// Killed while it writes values that change at every scan: what is left is of one scan, and the next run goes on there.
+TEST_F(Program, LeavesWholeKeptValuesWhereverItIsKilled) {
+    const std::string file = write("[real_array.A]\nsize = 2000\nexpr = \"prev(A:i) + 1\"\npersist = true\n");
+    const std::string kept = path(m_store + ".kept");
+    double highest = 0;
+    for (int round = 0; round < 4; ++round) {
+        Process cell(command(file));
+        ASSERT_TRUE(cell.says("\n")) << cell.errors();
+        EXPECT_EQ(cell.errors(), "") << "round " << round;
+        ASSERT_TRUE(is_linked_to(cell));
+        EXPECT_GT(number("A:0"), highest);
+        const std::string before = contents(kept);
+        ASSERT_TRUE(eventually([&] { return contents(kept) != before; }));
+        cell.signal(SIGKILL);
+        EXPECT_EQ(cell.wait(), 128 + SIGKILL);
+        forget_store(m_store);
+        std::istringstream words(contents(kept));
+        std::string word;
+        for (int skipped = 0; skipped < 6; ++skipped)
+            words >> word;
+        highest = std::stod(word);
+        for (int element = 1; element < 2000; ++element) {
+            std::string next;
+            words >> next;
+            ASSERT_EQ(next, word) << "of one scan";
+        }
+    }
+    EXPECT_GT(highest, 0);
 }
 
 TEST_F(Program, ShowsThatItLivesMoreOftenThanItScans) {

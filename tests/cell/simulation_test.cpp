@@ -55,6 +55,14 @@ TEST(Simulation, BreaksACycleWithThePreviousValue) {
     EXPECT_DOUBLE_EQ(cell["B"], 110);
 }
 
+TEST(Simulation, TakesThePreviousValueOfAnElement) {
+    Simulated cell("[real_array.A]\nsize = 2\nexpr = \"prev(A:i) + 1 + i\"\n");
+    cell.run(0.1);
+    cell.run(0.1);
+    EXPECT_DOUBLE_EQ(cell["A:0"], 2);
+    EXPECT_DOUBLE_EQ(cell["A:1"], 4);
+}
+
 TEST(Simulation, UsesWhatTheStoreKept) {
     Simulated cell("[integer.I]\nexpr = \"2.7\"\n[real.Y]\nexpr = \"I * 2\"\n");
     double seen = 0;

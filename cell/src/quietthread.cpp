@@ -1,0 +1,17 @@
+#include "quietthread.h"
+
+#include <csignal>
+
+namespace ostrelcell {
+
+std::thread start_quiet_thread(std::function<void()> work) {
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    std::thread thread(std::move(work));
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return thread;
+}
+
+}  // namespace ostrelcell

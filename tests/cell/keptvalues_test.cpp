@@ -1,0 +1,209 @@
+// Values that outlive the cell: what is written, what is taken again, and what a kill leaves.
+#include "keptvalues.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <thread>
+
+#include "servedtest.h"
+
+using namespace ostrelcell;
+
+namespace {
+
+std::string contents(const std::string& file) {
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
+
+class KeptValues : public ServedTest {
+protected:
+    std::string file() const { return path(store() + ".kept"); }
+    void put(const std::string& text) const { std::ofstream(file()) << text; }
+};
+
+const std::string setpoint = scans + "[real.SP]\nunits = \"bar\"\nvalue = 1\npersist = true\n";
+
+TEST_F(KeptValues, AreThereAtTheNextStart) {
+    const std::string lines = setpoint +
+                              "[integer.I]\npersist = true\n[logical.L]\npersist = true\n[string.S]\npersist = true\n"
+                              "[real_array.A]\nsize = 2\npersist = true\n[string_array.T]\nsize = 2\npersist = true\n"
+                              "[real.FORGETS]\nvalue = 5\n";
+    serve(lines);
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 0.1);
+    set_integer(&record<INTEGER_VARIABLE>("I"), -7);
+    set_logical(&record<LOGICAL_VARIABLE>("L"), 1);
+    char text_value[] = "50 % \xC3\xA4\n\"x\"";
+    set_string_variable(&record<STRING_VARIABLE>("S"), text_value);
+    const SHARED_MEMORY element = handle_of("A:1");
+    ostrel_set_array_element(&element, 1e-300, nullptr);
+    const SHARED_MEMORY word = handle_of("T:0");
+    ostrel_set_array_element(&word, 0, "first");
+    set_real_variable(&record<REAL_VARIABLE>("FORGETS"), 6);
+    stop();
+    serve(lines);
+    EXPECT_EQ(number("SP"), 0.1);
+    EXPECT_EQ(number("I"), -7);
+    EXPECT_EQ(number("L"), 1);
+    EXPECT_EQ(text("S"), text_value);
+    EXPECT_EQ(number("A:1"), 1e-300);
+    EXPECT_EQ(text("T:0"), "first");
+    EXPECT_EQ(text("T:1"), "");
+    EXPECT_EQ(number("FORGETS"), 5);
+}
+
+TEST_F(KeptValues, AreWrittenWhileTheCellRuns) {
+    serve(setpoint);
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 2.5);
+    EXPECT_TRUE(scan_until([&] { return contents(file()) == "ostrel-kept 1\nreal SP bar 2.5\nend 1\n"; }))
+        << contents(file());
+}
+
+TEST_F(KeptValues, FollowTheUnitsOfTheCellFile) {
+    put("ostrel-kept 1\nreal SP kPa 250\nend 1\n");
+    serve(setpoint);
+    EXPECT_NEAR(number("SP"), 2.5, 1e-12);
+}
+
+TEST_F(KeptValues, LieWhereTheCellFileSays) {
+    serve("[cell]\nname = \"test\"\nkept = \"mine.txt\"\n" + setpoint);
+    stop();
+    EXPECT_EQ(contents(path("mine.txt")), "ostrel-kept 1\nreal SP bar 1\nend 1\n");
+    EXPECT_FALSE(std::filesystem::exists(file()));
+}
+
+TEST_F(KeptValues, MakeNoFileWhereNothingPersists) {
+    serve(scans + "[real.SP]\n");
+    scan(3);
+    stop();
+    EXPECT_FALSE(std::filesystem::exists(file()));
+}
+
+TEST_F(KeptValues, ComeAndGoWithAReload) {
+    serve(scans + "[real.SP]\nvalue = 3\n");
+    int status = -1;
+    reload(scans + "[real.SP]\nvalue = 3\npersist = true\n", status);
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(scan_until([&] { return contents(file()) == "ostrel-kept 1\nreal SP - 3\nend 1\n"; }));
+}
+
+TEST_F(KeptValues, ThatDoNotFitAnyMoreLeaveTheRest) {
+    put("ostrel-kept 1\nreal SP rpm 5\nreal_array A - 1 2 3\ninteger K - 4\nreal IN - 9\nreal GOOD - 8\nreal GONE - 1\n"
+        "end 6\n");
+    serve(setpoint +
+          "[real_array.A]\nsize = 2\nvalue = 7\npersist = true\n[real.K]\nvalue = 1\npersist = true\n"
+          "[real.IN]\nmax = 5\nvalue = 2\npersist = true\n[real.GOOD]\npersist = true\n");
+    EXPECT_EQ(number("SP"), 1);
+    EXPECT_EQ(number("A:0"), 7);
+    EXPECT_EQ(number("K"), 1);
+    EXPECT_EQ(number("IN"), 2);
+    EXPECT_EQ(number("GOOD"), 8);
+}
+
+TEST_F(KeptValues, SayInALineWhatDoesNotFit) {
+    put("ostrel-kept 1\nreal SP rpm 5\nend 1\n");
+    CellModel model;
+    Variable variable;
+    variable.kind = REAL_TYPE;
+    variable.name = "SP";
+    variable.units.keyword = "bar";
+    variable.persist = true;
+    model.variables.push_back(variable);
+    const auto remarks = take_kept_values(file(), model);
+    ASSERT_EQ(remarks.size(), 1U);
+    EXPECT_EQ(remarks[0], file() + ": SP starts with the value of the cell file; its kept value is in rpm");
+}
+
+class BrokenKeptValues : public KeptValues, public testing::WithParamInterface<const char*> {};
+
+TEST_P(BrokenKeptValues, AreKeptAsideAndTheCellStartsWithItsOwn) {
+    put(GetParam());
+    testing::internal::CaptureStderr();
+    serve(setpoint);
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(number("SP"), 1);
+    EXPECT_EQ(contents(file() + ".broken"), GetParam());
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+    EXPECT_NE(said.find(file() + ": is no whole file of kept values; moved to " + file() + ".broken, and"),
+              std::string::npos)
+        << said;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , BrokenKeptValues,
+    testing::Values("", "ostrel-kept 1\n", "ostrel-kept 1\nreal SP bar 5\n", "ostrel-kept 1\nreal SP bar 5\nend 1",
+                    "ostrel-kept 1\nreal SP bar 5\nend 2\n", "ostrel-kept 2\nreal SP bar 5\nend 1\n",
+                    "ostrel-kept 1\nreal SP bar five\nend 1\n", "ostrel-kept 1\nreal SP bar nan\nend 1\n",
+                    "ostrel-kept 1\nstring SP - %4\nend 1\n", "ostrel-kept 1\nreal SP bar 5\nreal SP bar 6\nend 2\n",
+                    "ostrel-kept 1\nreal SP bar 5\nend 1\nmore\n",
+                    "\x7f"
+                    "ELF"));
+
+// A file cut at each of its bytes is either whole or refused; nothing is taken in part.
+TEST_F(KeptValues, AreTakenWholeOrNotAtAll) {
+    const std::string whole = "ostrel-kept 1\nreal A - 5\nreal B - 6\nend 2\n";
+    for (std::size_t size = 0; size <= whole.size(); ++size) {
+        put(whole.substr(0, size));
+        CellModel model;
+        model.variables.resize(2);
+        for (int index = 0; index < 2; ++index) {
+            model.variables[static_cast<std::size_t>(index)].kind = REAL_TYPE;
+            model.variables[static_cast<std::size_t>(index)].name = index == 0 ? "A" : "B";
+            model.variables[static_cast<std::size_t>(index)].persist = true;
+        }
+        const auto remarks = take_kept_values(file(), model);
+        EXPECT_EQ(model.variables[0].value, size == whole.size() ? 5 : 0) << size;
+        EXPECT_EQ(model.variables[1].value, size == whole.size() ? 6 : 0) << size;
+        EXPECT_EQ(remarks.size(), size == whole.size() ? 0U : 1U) << size;
+    }
+}
+
+[[noreturn]] void replace_for_ever(const std::string& file, const std::string& one, const std::string& other) {
+    for (;;) {
+        replace_file(file, one);
+        replace_file(file, other);
+    }
+}
+
+// The process that writes is killed at any moment; the file is the one text or the other, never a piece or a mixture.
+TEST_F(KeptValues, SurviveAKillAtAnyMoment) {
+    const std::string one(200'000, 'a');
+    const std::string other(120'000, 'b');
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> microseconds(0, 20'000);
+    int seen_one = 0;
+    int seen_other = 0;
+    replace_file(file(), one);
+    for (int round = 0; round < 60; ++round) {
+        const pid_t writer = fork();
+        if (writer == 0)
+            replace_for_ever(file(), one, other);
+        std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+        const std::string left = contents(file());
+        EXPECT_TRUE(left == one || left == other) << left.size() << " bytes";
+        (left == one ? seen_one : seen_other)++;
+    }
+    EXPECT_GT(seen_one, 0);
+    EXPECT_GT(seen_other, 0);
+}
+
+TEST_F(KeptValues, ThatCannotBeWrittenSayWhy) {
+    EXPECT_EQ(replace_file(path("nowhere/x.kept"), "text"),
+              path("nowhere/x.kept.new") + ": cannot be written: No such file or directory");
+    std::filesystem::create_directory(path("folder"));
+    EXPECT_EQ(replace_file(path("folder"), "text"), path("folder") + ": cannot be replaced: Is a directory");
+    EXPECT_FALSE(std::filesystem::exists(path("folder.new")));
+}
+
+}  // namespace
