@@ -2,7 +2,10 @@
 
 #include <QDebug>
 #include <QSet>
+#include <array>
 #include <charconv>
+#include <clocale>
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -52,16 +55,36 @@ QByteArray checkedFormat(const char* format, size_t size, const char* conversion
     return standIn;
 }
 
+// The C library's own formatting, which rounds exactly half to even and knows %a, with a point as decimal sign whatever
+// the process's language is.
+template <typename Number>
+QString printed(const char* format, Number value) {
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    const locale_t before = uselocale(plain);
+    std::array<char, 128> text;
+    const int length = std::snprintf(text.data(), text.size(), format, value);
+    QString result;
+    if (length >= 0 && static_cast<size_t>(length) < text.size()) {
+        result = QString::fromUtf8(text.data(), length);
+    } else if (length >= 0) {
+        QByteArray longText(length + 1, '\0');
+        std::snprintf(longText.data(), static_cast<size_t>(longText.size()), format, value);
+        result = QString::fromUtf8(longText.constData(), length);
+    }
+    uselocale(before);
+    return result;
+}
+
 }  // namespace
 
 QString valueText(const char* format, size_t size, double value, const QString& variable) {
     const QByteArray checked = checkedFormat(format, size, "eEfFgGaA", "%g", true, variable);
-    return QString::asprintf(checked.constData(), value);
+    return printed(checked.constData(), value);
 }
 
 QString valueText(const char* format, size_t size, int value, const QString& variable) {
     const QByteArray checked = checkedFormat(format, size, "diuxXo", "%d", false, variable);
-    return QString::asprintf(checked.constData(), value);
+    return printed(checked.constData(), value);
 }
 
 double leadingNumber(const QString& text) {
@@ -77,5 +100,5 @@ double leadingNumber(const QString& text) {
 void shortenNumber(QString& text) {
     const float number = static_cast<float>(leadingNumber(text));
     if (number != 0.0f)
-        text = QString::asprintf("%G", static_cast<double>(number));
+        text = printed("%G", static_cast<double>(number));
 }

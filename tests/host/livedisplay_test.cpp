@@ -56,11 +56,11 @@ void LiveDisplayTest::startedBeforeTheCellItSaysSo() {
 void LiveDisplayTest::bindsWhenTheCellComes() {
     QVERIFY(m_cell->start());
     EVENTUALLY(m_window->looksGood());
-    BECOMES(m_window->value("speed"), "1500.3");
+    BECOMES(m_window->value("speed"), "1500.2");
     BECOMES(m_window->value("cycles"), "42");
     BECOMES(m_window->value("pump"), "STOPPED");
     BECOMES(m_window->value("cylinder"), "402");
-    BECOMES(m_window->value("alias"), "1500.3");
+    BECOMES(m_window->value("alias"), "1500.2");
     BECOMES(m_window->field("bindingField"), "7 bound, 1 missing");
     QVERIFY(!m_window->isMarkedMissing("speed"));
 }

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void stringsAreNotSampledHere();
     void aLongNumberIsShortened_data();
     void aLongNumberIsShortened();
+    void aTieIsRoundedToEven();
     void aFormatThatDoesNotFitIsReplaced_data();
     void aFormatThatDoesNotFitIsReplaced();
 
@@ -331,6 +332,13 @@ void SamplingTest::aLongNumberIsShortened() {
         widget.updateFirst_ = true;
         QCOMPARE(widget.text(false), withUnits);
     }
+}
+
+void SamplingTest::aTieIsRoundedToEven() {
+    platform().real("SPEED").value(1500.25).format("%.1f");
+    Probe widget;
+    widget.setName("SPEED");
+    QCOMPARE(widget.text(), QString("1500.2"));
 }
 
 void SamplingTest::aFormatThatDoesNotFitIsReplaced_data() {
