@@ -1,9 +1,16 @@
 #include "collection/ostrelplugins.h"
 
+#include "widgets/zelsimplevaluechanindexplugin.h"
+#include "widgets/zelsimplevalueplugin.h"
+#include "widgets/zelsimplevalueplugin_fl.h"
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
+    m_widgets.append(new ZelHorizontalValuePlugin(this));
+    m_widgets.append(new ZelSimpleValuePlugin(this));
+    m_widgets.append(new ZelSimpleValuePlugin_fl(this));
+    m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));
 }
 
 OstrelPlugins::~OstrelPlugins() {

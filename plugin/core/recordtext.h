@@ -10,6 +10,19 @@ QString recordText(const char (&field)[size]) {
     return QString::fromUtf8(field, static_cast<int>(strnlen(field, size)));
 }
 
+// Whether `text` is what the field holds. Asked on every sample of a text, so it builds no string for plain ASCII.
+template <size_t size>
+bool isRecordText(const QString& text, const char (&field)[size]) {
+    const int length = static_cast<int>(strnlen(field, size));
+    for (int i = 0; i < length; ++i) {
+        if (static_cast<unsigned char>(field[i]) > 127)
+            return text == recordText(field);
+        if (i >= text.size() || text[i] != QLatin1Char(field[i]))
+            return false;
+    }
+    return text.size() == length;
+}
+
 // A unit keyword for the units service, which wants a terminating zero also behind one that fills its field.
 class UnitKeyword {
 public:

@@ -39,7 +39,8 @@ int formatDecimals(const QString& format) {
     return ok ? number : standardDecimals;
 }
 
-void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VARIABLE*& record, int decimals) {
+void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VARIABLE*& record, int decimals,
+               Unconverted unconverted) {
     bool ok = false;
     const QString asked = name;
     const QString units = unitsShown(displayUnits, recordText(record->units));
@@ -49,7 +50,8 @@ void enterReal(QWidget* parent, const QString& name, char* displayUnits, REAL_VA
         return;
     if (*displayUnits &&
         units_dbl_keyword_convrt(value, displayUnits, &value, UnitKeyword(record->units).text()) != 0) {
-        qDebug("Error converting value");
+        if (unconverted == Unconverted::Logged)
+            qDebug("Error converting value");
         return;
     }
     set_real_variable(record, value);
@@ -69,4 +71,15 @@ void enterInteger(QWidget* parent, const QString& name, char* displayUnits, INTE
         return;
     }
     set_integer(record, value);
+}
+
+void enterString(QWidget* parent, const QString& name, STRING_VARIABLE*& record) {
+    bool ok = false;
+    const QString asked = name;
+    const QString text =
+        QInputDialog::getText(parent, QCoreApplication::translate("ValueEntry", "Enter new string for %1").arg(asked),
+                              QCoreApplication::translate("ValueEntry", "Enter a new string for %1.").arg(asked),
+                              QLineEdit::Normal, recordText(record->value), &ok);
+    if (ok && record && name == asked)
+        set_string_variable(record, text.toLatin1().data());
 }

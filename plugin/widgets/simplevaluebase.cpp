@@ -1,0 +1,388 @@
+#include "widgets/simplevaluebase.h"
+
+#include <ostrel-display/uifilewriter.h>
+#include <ostrel/store.h>
+
+#include <QMessageBox>
+#include <QResizeEvent>
+
+#include "core/names.h"
+#include "core/notfoundmark.h"
+#include "core/recordtext.h"
+#include "core/valueentry.h"
+#include "fabric/timermoderator.h"
+
+SimpleValueBase::SimpleValueBase(QWidget* parent) : OstrelBase(parent) {}
+
+void SimpleValueBase::startAs(const QString& name) {
+    _color = palette().text().color();
+    setHideName(m_hideName);
+    setHideUnits(m_hideUnits);
+    _updateRate = 1000;
+    _lastValue = -99999.0;
+    _oldName = notSet;
+    className.append(name);
+    flashOn = false;
+    _readOnlyString = true;
+    m_parts->iconLabel->hide();
+    iconShown = false;
+    _varType = QT_OSTREL_ANY;
+}
+
+// ---- Properties ----
+
+void SimpleValueBase::remember(const char* property, const QVariant& value) {
+    writer->cacheProperty(className, objectName(), QString::fromLatin1(property), value, _initFlag);
+}
+
+void SimpleValueBase::rememberFont(const char* property, const QFont& font) {
+    writer->cachePropertyFont(className, objectName(), QString::fromLatin1(property), font, _initFlag);
+}
+
+void SimpleValueBase::setValueFont(const QFont& font) {
+    m_parts->value->setFont(font);
+    rememberFont("valueFont", font);
+}
+
+QFont SimpleValueBase::getValueFont() const {
+    return m_parts->value->font();
+}
+
+void SimpleValueBase::setNameFont(const QFont& font) {
+    m_parts->name->setFont(font);
+    rememberFont("nameFont", font);
+}
+
+QFont SimpleValueBase::getNameFont() const {
+    return m_parts->name->font();
+}
+
+void SimpleValueBase::setHideName(bool hide) {
+    m_hideName = hide;
+    m_parts->name->setVisible(!hide);
+    remember("hideName", hide);
+}
+
+void SimpleValueBase::setHideUnits(bool hide) {
+    m_hideUnits = hide;
+    updateFirst_ = true;
+    remember("hideUnits", hide);
+}
+
+void SimpleValueBase::setReadOnlyString(bool readOnly) {
+    _readOnlyString = readOnly;
+    remember("readOnlyString", readOnly);
+}
+
+void SimpleValueBase::setNameAlignment(Qt::Alignment alignment) {
+    m_nameAlignment = alignment;
+    m_parts->name->setAlignment(alignment);
+    remember("nameAlignment", static_cast<int>(alignment));
+}
+
+void SimpleValueBase::setNameMaxWidth(int width) {
+    m_nameMaxWidth = width;
+    m_parts->name->setMaximumWidth(width);
+    remember("nameMaxWidth", width);
+}
+
+void SimpleValueBase::setToolTipString(const QString& toolTip) {
+    _widgetToolTip = toolTip;
+    showToolTip();
+    if (iconShown)
+        showVarNotFoundToolTip(true);
+    remember("toolTip", toolTip);
+}
+
+void SimpleValueBase::set_custom_toolTip(QString& text) {
+    m_parts->frame->setToolTip(text);
+}
+
+QString SimpleValueBase::getValue() const {
+    return m_parts->value->text();
+}
+
+void SimpleValueBase::setRowCol(int row, int col) {
+    m_row = row;
+    m_col = col;
+}
+
+void SimpleValueBase::placed() {
+    m_parts->value->setObjectName(QStringLiteral("value"));
+    if (!RemoteDisplay)
+        m_parts->value->installEventFilter(this);
+    unitsChanged = true;
+}
+
+// ---- Binding ----
+
+int SimpleValueBase::isValidVarType(const QString& name) const {
+    return acceptVariable(name, {REAL_TYPE, INT_TYPE, LOGI_TYPE, STRING_TYPE, STAT_TYPE, COMP_TYPE, PROP_TYPE,
+                                 EMIS_TYPE, REAL_ARRAY_TYPE, INT_ARRAY_TYPE, STRING_ARRAY_TYPE, LOGI_ARRAY_TYPE});
+}
+
+void SimpleValueBase::setName(const QString& name) {
+    bind(name);
+}
+
+void SimpleValueBase::bind(const QString& name) {
+    const int validVarType = isValidVarType(name);
+    const QString name_used = validVarType == VariableRefused ? _name : name;
+    const bool missing = validVarType == VariableUnknown && name_used != notSet;
+    // A mark that is not shown takes no tool tip away.
+    if (missing || iconShown)
+        showVarNotFoundToolTip(missing);
+
+    VAR_FIND_STATUS status = setupVariable(name_used);
+    const bool moved = ptrToOstrelVarChanged() || _ptr != m_boundRecord;
+    if (status == VARIABLE_NOTFOUND)
+        showMissing();
+    else if (status == VARIABLE_FOUND && !unitsChanged && !moved)
+        m_parts->name->setText(_name);
+    else
+        status = rebind(status);
+
+    if (_name != _oldName && !name_used.isEmpty() && (status == VARIABLE_CHANGED || name_used == notSet))
+        tellName(name_used);
+    updateUIName(status, name_used, false);
+    resize(size());
+    sampleValue(true);
+    update();
+}
+
+void SimpleValueBase::showMissing() {
+    unbound();
+    m_parts->value->setText(QStringLiteral("  -"));
+    clearMem();
+    showNotFoundToolTip(true, m_parts->frame, QString());
+    _slastValue.clear();
+    TimerModerator::releaseFromTimer(this, getSampleRate());
+}
+
+VAR_FIND_STATUS SimpleValueBase::rebind(VAR_FIND_STATUS status) {
+    if (status == VARIABLE_CHANGED) {
+        setUnits(QString());
+        TimerModerator::releaseFromTimer(this);
+    }
+    updateFirst_ = true;
+    m_boundRecord = _ptr;
+    const RecordView view = viewRecord();
+    if (!view.known) {
+        showNotFoundToolTip(true, m_parts->frame, QString());
+        return VARIABLE_NOTFOUND;
+    }
+    if (view.units)
+        myUnits = recordText(*view.units);
+    limit_status = view.limits;
+    const SM_VARI_TYPE kind = _mem.vari_type;
+    if (!isLogical())
+        _checkLimit = kind != STRING_TYPE && kind != STRING_ARRAY_TYPE;
+    if (view.memberFormat)
+        copyText(formatString,
+                 QByteArray(view.memberFormat, static_cast<int>(strnlen(view.memberFormat, sizeof(formatString)))));
+    showFirst();
+    bound();
+    TimerModerator::requestTimer(this, getSampleRate());
+    return status;
+}
+
+void SimpleValueBase::showFirst() {
+    m_parts->name->setText(_name);
+    if (isLogical()) {
+        // The states' texts are the array's; each element has its own value.
+        const bool on = _mem.vari_type == LOGI_TYPE ? lptr->value != 0 : memberIsTrue();
+        if (_mem.vari_type == LOGI_TYPE)
+            svalue = on ? recordText(lptr->true_state) : recordText(lptr->false_state);
+        else
+            svalue = on ? recordText(laptr->true_state) : recordText(laptr->false_state);
+        showValue(svalue);
+        _llastValue = on;
+    }
+    showToolTip();
+}
+
+bool SimpleValueBase::isLogical() const {
+    return _mem.vari_type == LOGI_TYPE || _mem.vari_type == LOGI_ARRAY_TYPE;
+}
+
+bool SimpleValueBase::memberIsTrue() const {
+    return lamptr && lamptr->value != 0;
+}
+
+// ---- Tool tips ----
+
+QString SimpleValueBase::nameUnit() const {
+    const QString asked = getUnits();
+    const QString units = asked.isEmpty() || asked == notSet ? myUnits.trimmed().toUpper() : asked;
+    return _name + QLatin1Char('[') + units + QLatin1Char(']');
+}
+
+void SimpleValueBase::showToolTip() {
+    m_parts->frame->setToolTip(_widgetToolTip.isEmpty() && !isLogical() ? nameUnit() : _widgetToolTip);
+}
+
+void SimpleValueBase::showVarNotFoundToolTip(bool show) {
+    showNotFoundMark(show, m_parts->iconLabel, m_parts->frame, _widgetToolTip);
+    iconShown = show;
+}
+
+// ---- Sampling ----
+
+void SimpleValueBase::takeTick(int interval) {
+    if (interval == getSampleRate() && !_pause && !_cfg_in_progress)
+        sampleValue(false);
+    if (interval == flashInterval)
+        flash();
+}
+
+void SimpleValueBase::sampleValue(bool startup) {
+    if (_cfg_in_progress || !_ptr)
+        return;
+    switch (_mem.vari_type) {
+        case LOGI_TYPE:
+            sampleState();
+            break;
+        case STRING_TYPE:
+            sampleText(strptr->status, strptr->value);
+            break;
+        case STRING_ARRAY_TYPE:
+            if (samptr)
+                sampleText(samptr->status, samptr->value);
+            break;
+        default:
+            sampleNumber();
+            break;
+    }
+    checkStatus(startup);
+}
+
+void SimpleValueBase::sampleState() {
+    limitColorCode = lptr->status;
+    const bool on = lptr->value != 0;
+    const auto& text = on ? lptr->true_state : lptr->false_state;
+    if (!isRecordText(svalue, text)) {
+        svalue = recordText(text);
+        showValue(svalue);
+        stateChanged(on);
+    }
+    _llastValue = on;
+    updateFirst_ = false;
+}
+
+template <size_t size>
+void SimpleValueBase::sampleText(short statusWord, const char (&text)[size]) {
+    limitColorCode = statusWord;
+    if (!updateFirst_ && isRecordText(_slastValue, text))
+        return;
+    updateFirst_ = false;
+    _slastValue = recordText(text);
+    showValue(_slastValue);
+}
+
+void SimpleValueBase::sampleNumber() {
+    const QString* text = sampleReal(m_hideUnits);
+    if (!text)
+        return;
+    if (m_resolution != 0)
+        showValue(QString::number(text->toDouble(), 'f', m_resolution));
+    else
+        showValue(*text);
+}
+
+void SimpleValueBase::showResolution(int decimals) {
+    m_resolution = decimals;
+    // A value that rests takes its new shape too.
+    updateFirst_ = true;
+    sampleValue(true);
+}
+
+void SimpleValueBase::showValue(const QString& text) {
+    const QString shown = text.trimmed();
+    if (shown != m_parts->value->text())
+        m_parts->value->setText(shown);
+}
+
+// ---- Colours ----
+
+void SimpleValueBase::setColor(const QColor& color) {
+    _color = color;
+    if (m_parts->value->palette().text().color() == color)
+        return;
+    QPalette coloured = m_parts->value->palette();
+    coloured.setBrush(QPalette::Text, QBrush(color));
+    m_parts->value->setPalette(coloured);
+}
+
+void SimpleValueBase::followPalette(const QEvent* event) {
+    if (event->type() != QEvent::PaletteChange || !parentWidget())
+        return;
+    _color = parentWidget()->palette().text().color();
+    _lastPreFlashColor = _color;
+}
+
+QColor SimpleValueBase::switchColor(const QColor& textC) const {
+    if (textC == Qt::white)
+        return Qt::black;
+    if (textC == Qt::black)
+        return Qt::white;
+    if (textC == Qt::blue)
+        return Qt::darkBlue;
+    if (textC == Qt::green)
+        return Qt::darkGreen;
+    if (textC == Qt::cyan)
+        return Qt::darkCyan;
+    if (textC == Qt::red)
+        return Qt::darkRed;
+    if (textC == Qt::magenta)
+        return Qt::darkMagenta;
+    if (textC == Qt::yellow)
+        return Qt::darkYellow;
+    return QColor();
+}
+
+void SimpleValueBase::resizeEvent(QResizeEvent* event) {
+    event->accept();
+}
+
+// ---- Writing ----
+
+bool SimpleValueBase::eventFilter(QObject* obj, QEvent* event) {
+    if (obj != m_parts->value)
+        return QObject::eventFilter(obj, event);
+    if (event->type() != QEvent::MouseButtonDblClick)
+        return false;
+    handleWriteValue(nullptr);
+    return true;
+}
+
+void SimpleValueBase::handleWriteValue(QObject*) {
+    if (RemoteDisplay || _readOnlyString)
+        return;
+    if (!_ptr) {
+        QMessageBox::information(this, tr("Error"), tr("Please select a variable first."), QMessageBox::Ok);
+        return;
+    }
+    switch (_mem.vari_type) {
+        case REAL_TYPE:
+            enterReal(this, _name, _units, rptr,
+                      m_resolution >= 1 ? m_resolution : formatDecimals(recordText(rptr->display_format)),
+                      Unconverted::Silent);
+            break;
+        case INT_TYPE:
+            // Kept: the target units are those of the last real variable that the widget was bound to.
+            enterInteger(this, _name, _units, iptr, rptr);
+            break;
+        case STRING_TYPE:
+            enterString(this, _name, strptr);
+            break;
+        case LOGI_TYPE:
+            set_logical_variable(lptr, !_llastValue, 0, nullptr);
+            break;
+        default:
+            QMessageBox::information(this, tr("Error"),
+                                     tr("The variable types of: STATISTICS, EMISSIONS,\n\t\tCOMPOSITION and "
+                                        "REAL_INTEGER are not editable"),
+                                     QMessageBox::Ok);
+            break;
+    }
+}

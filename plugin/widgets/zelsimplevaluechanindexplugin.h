@@ -1,0 +1,27 @@
+#ifndef ZELSIMPLEVALUECHANINDEXPLUGIN_H
+#define ZELSIMPLEVALUECHANINDEXPLUGIN_H
+
+#include "collection/widgetplugin.h"
+
+class Q_DECL_EXPORT ZelSimpleValueChanIndexPlugin : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelSimpleValueChanIndexPlugin(QObject* parent = nullptr);
+    QString domXml() const override;
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+// The same widget, laid out in a row. It stands in no collection.
+class Q_DECL_EXPORT ZelHorizontalChanIndexPlugin : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelHorizontalChanIndexPlugin(QObject* parent = nullptr);
+    QString domXml() const override;
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+#endif

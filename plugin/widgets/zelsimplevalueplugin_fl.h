@@ -1,0 +1,26 @@
+#ifndef ZELSIMPLEVALUEPLUGIN_FL_H
+#define ZELSIMPLEVALUEPLUGIN_FL_H
+
+#include "collection/widgetplugin.h"
+
+class Q_DECL_EXPORT ZelSimpleValuePlugin_fl : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelSimpleValuePlugin_fl(QObject* parent = nullptr);
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+// The same widget, laid out in a row. It stands in no collection.
+class Q_DECL_EXPORT ZelHorizontalValuePlugin_fl : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelHorizontalValuePlugin_fl(QObject* parent = nullptr);
+    QString domXml() const override;
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+#endif
