@@ -5,22 +5,45 @@
 
 #include "processidentity.h"
 
+namespace {
+
+// One in each thread: its address tells the threads of a process apart.
+thread_local char threadMark = 0;
+
+}  // namespace
+
 Attachment::Attachment(StoreObjects objects, std::string name)
     : m_objects(std::move(objects)),
       m_name(std::move(name)),
       m_header(m_objects.storeHeader()),
       m_instance(m_header->instance) {
+    size_t rules = sizeof(WriteMemory);
     for (size_t i = 0; i < m_capacity.size(); ++i) {
-        const SectionRoom& room = m_header->sections[i];
-        const size_t size = areaSize(static_cast<SM_AREA_ID>(room.area));
         const ostrel_section& section = ostrel_sections(nullptr)[i];
-        const size_t fitting = size > section.start ? (size - section.start) / section.record_size : 0;
-        m_capacity[i] = static_cast<int>(std::min({size_t{room.capacity}, fitting, size_t{INT16_MAX}}));
+        const size_t size = areaSize(section.area);
+        const size_t records = size > section.start ? (size - section.start) / section.record_size : 0;
+        const size_t fitting = std::min(records, (m_objects.writes.size() - rules) / sizeof(WriteRule));
+        m_capacity[i] =
+            static_cast<int>(std::min({size_t{m_header->sections[i].capacity}, fitting, size_t{INT16_MAX}}));
+        m_rules[i] = rules;
+        rules += static_cast<size_t>(m_capacity[i]) * sizeof(WriteRule);
     }
 }
 
-bool Attachment::isServer() const {
-    return m_server.load(std::memory_order_relaxed) == processIdentity().pid;
+void Attachment::takeServersThread() {
+    m_server.store(processIdentity().pid, std::memory_order_relaxed);
+    m_serversThread.store(&threadMark, std::memory_order_relaxed);
+}
+
+bool Attachment::isServersThread() const {
+    // In a forked child the mark is the same.
+    return m_serversThread.load(std::memory_order_relaxed) == &threadMark &&
+           m_server.load(std::memory_order_relaxed) == processIdentity().pid;
+}
+
+WriteRule& Attachment::rule(int section, int index) const {
+    char* rules = m_objects.writes.data() + m_rules[static_cast<size_t>(section)];
+    return reinterpret_cast<WriteRule*>(rules)[index];
 }
 
 char* Attachment::base(SM_AREA_ID area) const {

@@ -20,6 +20,7 @@
 #include <ostrel/areas.h>
 
 #include "storeobjects.h"
+#include "writelayout.h"
 
 /* Where a record of the store stands. */
 struct RecordPlace {
@@ -56,9 +57,9 @@ public:
     /* False where this process may only read the store. */
     bool isWritable() const { return m_objects.header.isWritable(); }
 
-    /* True in the process that serves this store. */
-    bool isServer() const;
-    void setServer(pid_t pid) { m_server = pid; }
+    /* Makes the calling thread the one whose writes are the server's own; isServersThread() is true there. */
+    void takeServersThread();
+    bool isServersThread() const;
 
     /* The memory of the events, formatted by formatEventMemory(); null where it cannot be mapped for writing. */
     void* eventMemory() const { return m_objects.events.isWritable() ? m_objects.events.data() : nullptr; }
@@ -83,6 +84,12 @@ public:
     /* The elements of the array in that slot of its kind's section. */
     ElementBlock elements(int arrayKind, int index) const;
 
+    /* The list of writes; null where the store is not whole. */
+    WriteMemory* writes() const { return reinterpret_cast<WriteMemory*>(m_objects.writes.data()); }
+
+    /* What clients may write to the variable in that slot, which is in range. */
+    WriteRule& rule(int section, int index) const;
+
     /* True for an address in the memory of the elements that leaves room for `size` bytes. */
     bool holdsElement(const void* address, size_t size) const;
 
@@ -96,7 +103,9 @@ private:
     uint64_t m_instance;
     std::array<int, kSections> m_capacity;  // as it was when attaching: the shared words may be overwritten
     std::array<std::atomic<int>, MAX_NUM_SHRD_MEM> m_links{};
+    std::array<size_t, kSections> m_rules{};  // where the rules of each section begin in the object of writes
     std::atomic<pid_t> m_server{0};
+    std::atomic<const void*> m_serversThread{nullptr};
     std::atomic<bool> m_abandoned{false};
 };
 

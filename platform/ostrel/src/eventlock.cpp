@@ -10,12 +10,6 @@
 #include <cerrno>
 #include <climits>
 
-std::int64_t monotonicNow() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
-}
-
 timespec toTimespec(std::int64_t nanoseconds) {
     return {nanoseconds / nanosecondsPerSecond, nanoseconds % nanosecondsPerSecond};
 }

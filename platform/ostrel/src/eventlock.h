@@ -7,12 +7,8 @@
 #include <time.h>
 
 #include "eventlayout.h"
+#include "monotonic.h"
 
-constexpr std::int64_t nanosecondsPerMs = 1'000'000;
-constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
-
-/* Nanoseconds of CLOCK_MONOTONIC. */
-std::int64_t monotonicNow();
 timespec toTimespec(std::int64_t nanoseconds);
 
 /* Sleeps while `word` is `seen`, to the time `deadline` at most. May return early: the caller looks again. */

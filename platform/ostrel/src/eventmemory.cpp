@@ -2,6 +2,8 @@
 
 #include <ostrel/events.h>
 
+#include <vector>
+
 #include "eventlock.h"
 #include "eventtable.h"
 
@@ -33,4 +35,16 @@ short int raiseEventIn(void* memory, const char* name, const void* data, size_t 
 
 void reclaimDeadThreads(void* memory) {
     releaseDeadPlaces(*static_cast<EventLayout*>(memory));
+}
+
+void takeOverEvents(void* from, void* to) {
+    std::vector<EventPlace> events;
+    const EventLayout& former = *static_cast<EventLayout*>(from);
+    if (const EventLock lock(*static_cast<EventLayout*>(from)); lock.held())
+        events.assign(former.events, former.events + eventCount(former));
+    EventLayout& next = *static_cast<EventLayout*>(to);
+    const EventLock lock(next);
+    for (const EventPlace& event : events)
+        if (lock.held() && findEvent(next, event.name) < 0)
+            addEvent(next, event.name, periodOf(event));
 }

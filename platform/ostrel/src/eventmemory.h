@@ -19,6 +19,9 @@ void formatEventMemory(void* memory);
  */
 short int raiseEventIn(void* memory, const char* name, const void* data, size_t size);
 
+/* Makes the events and timers of the one memory in the other one too. */
+void takeOverEvents(void* from, void* to);
+
 /*
  * Detaches the threads of processes that died, gives their places free. For the server's periodic look; a server that
  * adopts a store calls it at once too.

@@ -1,39 +1,20 @@
 #include "eventowner.h"
 
-#include <fcntl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+
 #include <array>
 #include <cerrno>
-#include <cinttypes>
 #include <cstdio>
-#include <cstring>
+
+#include "procstat.h"
 
 namespace {
 
-struct KernelState {
-    char state;
-    std::uint64_t started;
-};
-
-/* False where /proc does not tell. */
-bool readState(std::int32_t pid, std::int32_t tid, KernelState& result) {
+std::optional<ProcStat> statOf(std::int32_t pid, std::int32_t tid) {
     std::array<char, 64> path{};
     std::snprintf(path.data(), path.size(), "/proc/%d/task/%d/stat", pid, tid);
-    const int file = open(path.data(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    std::array<char, 1024> text{};
-    const ssize_t length = read(file, text.data(), text.size() - 1);
-    close(file);
-    if (length <= 0)
-        return false;
-    // The second field is the program's name in brackets and may hold anything; fields count from the last bracket.
-    const char* afterName = std::strrchr(text.data(), ')');
-    return afterName && std::sscanf(afterName,
-                                    ") %c %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s "
-                                    "%" SCNu64,
-                                    &result.state, &result.started) == 2;
+    return readProcStat(path.data());
 }
 
 }  // namespace
@@ -41,8 +22,8 @@ bool readState(std::int32_t pid, std::int32_t tid, KernelState& result) {
 ThreadIdentity currentThread() {
     const auto pid = static_cast<std::int32_t>(getpid());
     const auto tid = static_cast<std::int32_t>(syscall(SYS_gettid));
-    KernelState state{};
-    return {pid, tid, readState(pid, tid, state) ? state.started : 0};
+    const auto stat = statOf(pid, tid);
+    return {pid, tid, stat ? stat->started : 0};
 }
 
 bool isGone(const ThreadIdentity& thread) {
@@ -51,9 +32,9 @@ bool isGone(const ThreadIdentity& thread) {
         return true;
     if (syscall(SYS_tgkill, thread.pid, thread.tid, 0) != 0 && errno == ESRCH)
         return true;
-    KernelState state{};
-    if (!readState(thread.pid, thread.tid, state))
+    const auto stat = statOf(thread.pid, thread.tid);
+    if (!stat)
         return false;
-    const bool isDead = state.state == 'Z' || state.state == 'X';
-    return isDead || (thread.started != 0 && state.started != thread.started);
+    const bool isDead = stat->state == 'Z' || stat->state == 'X';
+    return isDead || (thread.started != 0 && stat->started != thread.started);
 }

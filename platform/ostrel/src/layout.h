@@ -14,7 +14,7 @@
 #include "sections.h"
 
 inline constexpr uint64_t kMagic = 0x314c455254534f00;  // "\0OSTREL1" in memory order
-inline constexpr uint32_t kLayoutVersion = 1;
+inline constexpr uint32_t kLayoutVersion = 2;
 
 /* What a client may expect of a store. */
 enum StoreState : uint32_t {

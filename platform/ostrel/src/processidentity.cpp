@@ -5,15 +5,15 @@
 
 #include <atomic>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string>
+
+#include "procstat.h"
 
 namespace {
 
 std::atomic<pid_t> knownPid{0};
+std::atomic<uid_t> knownUid{0};  // as long as the pid is known
 
 void forgetPid() {
     knownPid.store(0, std::memory_order_relaxed);
@@ -25,6 +25,7 @@ pid_t pidOfThisProcess() {
     pid_t pid = knownPid.load(std::memory_order_relaxed);
     if (pid == 0) {
         pid = getpid();
+        knownUid.store(getuid(), std::memory_order_relaxed);
         if (watchingForks == 0)
             knownPid.store(pid, std::memory_order_relaxed);
     }
@@ -34,7 +35,7 @@ pid_t pidOfThisProcess() {
 }  // namespace
 
 ProcessIdentity processIdentity() {
-    ProcessIdentity identity{pidOfThisProcess(), {}};
+    ProcessIdentity identity{pidOfThisProcess(), knownUid.load(std::memory_order_relaxed), {}};
     const char* name = program_invocation_short_name;
     std::memcpy(identity.name, name, strnlen(name, sizeof identity.name - 1));
     return identity;
@@ -43,11 +44,6 @@ ProcessIdentity processIdentity() {
 uint64_t processStart(pid_t pid) {
     if (pid <= 0)
         return 0;
-    std::ifstream file("/proc/" + std::to_string(pid) + "/stat");
-    const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    // The program's name stands in brackets and may itself hold blanks and brackets: field 3 follows the last one.
-    size_t at = text.rfind(')');
-    for (int field = 2; field < 22 && at != std::string::npos; ++field)
-        at = text.find(' ', at + 1);
-    return at == std::string::npos ? 0 : std::strtoull(text.c_str() + at + 1, nullptr, 10);
+    const auto stat = readProcStat(("/proc/" + std::to_string(pid) + "/stat").c_str());
+    return stat ? stat->started : 0;
 }

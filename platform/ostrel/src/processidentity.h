@@ -10,6 +10,7 @@
 
 struct ProcessIdentity {
     pid_t pid;
+    uid_t uid;
     char name[24];  // the program's, filled up with zeros
 };
 

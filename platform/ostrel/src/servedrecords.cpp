@@ -1,6 +1,7 @@
 #include "servedrecords.h"
 
 #include <algorithm>
+#include <bit>
 #include <cerrno>
 #include <cstring>
 #include <iterator>
@@ -66,7 +67,15 @@ bool sameShape(const ArrayShape& a, const ArrayShape& b) {
 
 }  // namespace
 
-ServedRecords::ServedRecords(Attachment& store) : m_store(store) {
+uint32_t largestCapacity(int section) {
+    const ostrel_section& row = sectionRow(section);
+    if (isArray(row.kind))
+        return kArraysPerKind;
+    const bool isOpen = counted(row.area) || row.kind == ALIAS_TYPE;
+    return isOpen ? uint32_t{INT16_MAX} : static_cast<uint32_t>(row.capacity);
+}
+
+ServedRecords::ServedRecords(Attachment& store, const ServedRecords* former) : m_store(store), m_former(former) {
     for (int i = 0; i < kSections; ++i)
         book(i) = SlotBook(store.capacity(i));
 }
@@ -74,6 +83,8 @@ ServedRecords::ServedRecords(Attachment& store) : m_store(store) {
 int ServedRecords::prepare() {
     const auto& areas = m_store.objects().areas;
     int error = areas[SYS_ATTR_MEM].reserve(0, sizeof(SYSTEM_ATTRIBUTES));
+    if (error == 0)
+        error = m_store.objects().writes.reserve(0, sizeof(WriteMemory));
     for (int i = 0; i < kSections && error == 0; ++i) {
         const ostrel_section& row = sectionRow(i);
         if (!counted(row.area) && row.kind != ALIAS_TYPE)
@@ -95,6 +106,22 @@ void ServedRecords::adopt() {
     }
 }
 
+// Clients read the rule of each record that they write.
+int ServedRecords::reserveRules(int section, size_t count) {
+    const SharedObject& writes = m_store.objects().writes;
+    const char* first = reinterpret_cast<const char*>(&m_store.rule(section, 0));
+    return writes.reserve(static_cast<size_t>(first - writes.data()), count * sizeof(WriteRule));
+}
+
+void ServedRecords::setRule(int section, int index, const ostrel_write_rule& given) {
+    WriteRule& rule = m_store.rule(section, index);
+    const uint64_t flags =
+        (given.writable ? 0 : kRuleLocked) | (given.has_min ? kRuleMin : 0) | (given.has_max ? kRuleMax : 0);
+    rule.min.store(std::bit_cast<uint64_t>(given.min), std::memory_order_relaxed);
+    rule.max.store(std::bit_cast<uint64_t>(given.max), std::memory_order_relaxed);
+    rule.flags.store(flags, std::memory_order_release);
+}
+
 int ServedRecords::reserveSlot(int section, int index) {
     const ostrel_section& row = sectionRow(section);
     const size_t end = row.start + (static_cast<size_t>(index) + 1) * row.record_size;
@@ -104,7 +131,10 @@ int ServedRecords::reserveSlot(int section, int index) {
     const SharedObject& area = m_store.objects().areas[static_cast<size_t>(row.area)];
     const size_t from = std::max(reserved, row.start);
     const size_t to = std::min(wholeParts(end), area.size());
-    const int error = area.reserve(from, to - from);
+    const size_t records = (to - row.start) / row.record_size;
+    int error = area.reserve(from, to - from);
+    if (error == 0)
+        error = reserveRules(section, std::min(records, static_cast<size_t>(m_store.capacity(section))));
     if (error == 0)
         reserved = to;
     return error;
@@ -126,36 +156,72 @@ char* ServedRecords::take(int section, const std::string& label, bool& isNew, st
         used.store(static_cast<uint32_t>(taken->index) + 1, std::memory_order_release);
     char* record = m_store.record(section, taken->index);
     isNew = taken->isNew;
-    if (isNew)
+    if (isNew) {
+        setRule(section, taken->index, {1, 0, 0, 0, 0});
         nameRecord(record, section, taken->index, label);
+        isNew = !carryRecord(section, taken->index, label);
+    }
     return record;
 }
 
-char* ServedRecords::shapeElements(int section, int index, const ArrayShape& shape, bool& isNew, std::string& problem) {
+bool ServedRecords::carryRecord(int section, int index, const std::string& label) {
+    const auto former = m_former ? m_former->book(section).find(label) : std::nullopt;
+    const char* from = former ? m_former->m_store.record(section, *former) : nullptr;
+    if (!from)
+        return false;
     const ostrel_section& row = sectionRow(section);
     char* record = m_store.record(section, index);
-    const ElementBlock block = m_store.elements(row.kind, index);
-    if (!isNew && sameShape(shapeInRecord(record, row.kind), shape) && block.count == shape.elementCount())
-        return block.data;
+    std::memcpy(record, from, row.record_size);
+    putShort(record, commonFields(row.kind).index, static_cast<short>(index));
+    const WriteRule& given = m_former->m_store.rule(section, *former);
+    WriteRule& rule = m_store.rule(section, index);
+    rule.min.store(given.min.load(std::memory_order_relaxed), std::memory_order_relaxed);
+    rule.max.store(given.max.load(std::memory_order_relaxed), std::memory_order_relaxed);
+    rule.flags.store(given.flags.load(std::memory_order_relaxed), std::memory_order_release);
+    return true;
+}
 
+bool ServedRecords::carryElements(int section, int index, const ElementBlock& to) {
+    const int kind = sectionRow(section).kind;
+    const auto former = m_former ? m_former->book(section).find(book(section).label(index)) : std::nullopt;
+    const ElementBlock from = former ? m_former->m_store.elements(kind, *former) : ElementBlock{};
+    if (!from.data || from.count != to.count)
+        return false;
+    std::memcpy(to.data, from.data, to.count * elementSize(kind));
+    return true;
+}
+
+char* ServedRecords::takeElements(int kind, int index, size_t count, std::string& problem) {
     StoreHeader& header = *m_store.header();
     const SharedObject& memory = m_store.objects().elements;
     const size_t start = std::min<size_t>(header.elementsUsed.load(std::memory_order_relaxed), memory.size());
-    const size_t bytes =
-        (shape.elementCount() * elementSize(row.kind) + kElementAlignment - 1) / kElementAlignment * kElementAlignment;
+    const size_t bytes = (count * elementSize(kind) + kElementAlignment - 1) / kElementAlignment * kElementAlignment;
     const int error = bytes > memory.size() - start ? ENOSPC : memory.reserve(start, bytes);
     if (error != 0) {
         problem = withoutMemory(error);
         return nullptr;
     }
     header.elementsUsed.store(start + bytes, std::memory_order_release);
+    header.arrayBlocks[kind - REAL_ARRAY_TYPE][index].store((start / kElementAlignment) << 32 | count,
+                                                            std::memory_order_release);
+    return memory.data() + start;
+}
+
+char* ServedRecords::shapeElements(int section, int index, const ArrayShape& shape, bool& isNew, std::string& problem) {
+    const int kind = sectionRow(section).kind;
+    char* record = m_store.record(section, index);
+    const bool staysInShape = !isNew && sameShape(shapeInRecord(record, kind), shape);
+    const ElementBlock block = m_store.elements(kind, index);
+    if (staysInShape && block.count == shape.elementCount())
+        return block.data;
+    char* elements = takeElements(kind, index, shape.elementCount(), problem);
+    if (!elements || (staysInShape && carryElements(section, index, {elements, shape.elementCount()})))
+        return elements;
     const std::string label = book(section).label(index);
     nameRecord(record, section, index, label);
-    writeShape(record, row.kind, shape);
-    header.arrayBlocks[row.kind - REAL_ARRAY_TYPE][index].store(
-        (start / kElementAlignment) << 32 | shape.elementCount(), std::memory_order_release);
+    writeShape(record, kind, shape);
     isNew = true;
-    return memory.data() + start;
+    return elements;
 }
 
 int ServedRecords::indexOf(int section, const char* record) const {

@@ -7,13 +7,20 @@
 #include <array>
 #include <string>
 
+#include <ostrel/server.h>
+
 #include "arrayshape.h"
 #include "attachment.h"
 #include "slotbook.h"
 
+/* The room that a section can have at most: where one ends and the next begins in the same area is fixed. */
+uint32_t largestCapacity(int section);
+
 class ServedRecords {
 public:
-    explicit ServedRecords(Attachment& store);
+    /* Names that `former`, the books of the generation before, knows keep their values. */
+    explicit ServedRecords(Attachment& store, const ServedRecords* former = nullptr);
+    void forgetFormer() { m_former = nullptr; }
 
     /* Takes the memory for what clients walk through in a new store. Gives 0 or an errno. */
     int prepare();
@@ -35,12 +42,20 @@ public:
 
     int indexOf(int section, const char* record) const;
 
+    /* What clients may write to the variable in that slot. */
+    void setRule(int section, int index, const ostrel_write_rule& rule);
+
 private:
     int reserveSlot(int section, int index);
+    int reserveRules(int section, size_t count);
     void setActive(int section, int index, bool active);
     void countSlots();
+    bool carryRecord(int section, int index, const std::string& label);
+    bool carryElements(int section, int index, const ElementBlock& to);
+    char* takeElements(int kind, int index, size_t count, std::string& problem);
 
     Attachment& m_store;
+    const ServedRecords* m_former;
     std::array<SlotBook, kSections> m_books;
     std::array<size_t, kSections> m_reservedTo{};
 };

@@ -58,6 +58,11 @@ std::optional<SlotBook::Taken> SlotBook::take(const std::string& label) {
     return Taken{*index, true};
 }
 
+std::optional<int> SlotBook::find(const std::string& label) const {
+    const auto own = m_byLabel.find(label);
+    return own == m_byLabel.end() ? std::nullopt : std::optional(own->second);
+}
+
 void SlotBook::drop(const std::string& label) {
     const auto own = m_byLabel.find(label);
     if (own != m_byLabel.end())

@@ -33,6 +33,9 @@ public:
      */
     std::optional<Taken> take(const std::string& label);
 
+    /* The slot of that name, active or retired. */
+    std::optional<int> find(const std::string& label) const;
+
     /* Takes a put back: the name is retired with the end of the reconfiguration. */
     void drop(const std::string& label);
 

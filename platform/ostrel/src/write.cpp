@@ -1,9 +1,10 @@
-#include <algorithm>
 #include <atomic>
+#include <bit>
 #include <climits>
 #include <cmath>
 #include <cstring>
 #include <ctime>
+#include <optional>
 
 #include <ostrel/events.h>
 #include <ostrel/records.h>
@@ -11,13 +12,9 @@
 
 #include "currentstore.h"
 #include "processidentity.h"
+#include "writelog.h"
 
 namespace {
-
-constexpr short kStored = 0;
-constexpr short kNoRecord = 1;  // the address is no record of a store
-constexpr short kNoValue = 2;   // the value is not one that the variable can hold
-constexpr short kReadOnly = 3;  // this process may not write to the store
 
 // A field in one store instruction, so that no reader sees half of it where the field is aligned. Records are packed:
 // a field is reached through its member pointer, never by a reference that would promise an alignment.
@@ -60,32 +57,75 @@ void raise(const char (&eventName)[size]) {
         event_set_name(name, nullptr, 0);
 }
 
-// Whether `record` may be written. Every write passes here first: what a store allows is decided in this place.
-template <typename Record>
-short admit(const Record* record, int kind) {
+std::optional<WriteTarget> targetOf(const void* record, int kind) {
     RecordPlace place{};
     const Attachment* store = record ? ownerOfRecord(record, kind, place) : nullptr;
-    if (!store)
-        return kNoRecord;
-    return store->isWritable() ? kStored : kReadOnly;
+    return store ? std::optional(WriteTarget{store, place.section, place.index, 0}) : std::nullopt;
 }
 
 // The same for an element: it must be one of the array as it stands now.
-short admitElement(const SHARED_MEMORY& mem) {
+std::optional<WriteTarget> targetOf(const SHARED_MEMORY& mem) {
     const Attachment* store =
         isArray(mem.vari_type) && mem.member_adr ? ownerOfElement(mem.member_adr, elementSize(mem.vari_type)) : nullptr;
     const ElementBlock block = store ? store->elements(mem.vari_type, mem.index) : ElementBlock{};
     const auto distance = reinterpret_cast<uintptr_t>(mem.member_adr) - reinterpret_cast<uintptr_t>(block.data);
-    if (!block.data || distance % elementSize(mem.vari_type) != 0 ||
-        distance / elementSize(mem.vari_type) >= block.count)
-        return kNoRecord;
-    return store->isWritable() ? kStored : kReadOnly;
+    const size_t number = distance / elementSize(mem.vari_type);
+    if (!block.data || distance % elementSize(mem.vari_type) != 0 || number >= block.count)
+        return std::nullopt;
+    return WriteTarget{store, arraySectionNumber(mem.vari_type), mem.index, static_cast<uint32_t>(number + 1)};
+}
+
+bool isServersOwn(const WriteTarget& target) {
+    return target.store->isServersThread();
+}
+
+// Whether anything may be written there. Every write passes here first: what a store allows is decided in this place.
+short admit(const WriteTarget& target) {
+    if (!target.store->isWritable())
+        return OSTREL_READ_ONLY;
+    if (isServersOwn(target))
+        return OSTREL_STORED;
+    const uint64_t flags = target.store->rule(target.section, target.index).flags.load(std::memory_order_acquire);
+    return (flags & kRuleLocked) != 0 ? OSTREL_NOT_WRITABLE : OSTREL_STORED;
+}
+
+short admit(const WriteTarget& target, double value) {
+    const short refusal = admit(target);
+    if (refusal != OSTREL_STORED || isServersOwn(target))
+        return refusal;
+    const WriteRule& rule = target.store->rule(target.section, target.index);
+    const uint64_t flags = rule.flags.load(std::memory_order_acquire);
+    const auto min = std::bit_cast<double>(rule.min.load(std::memory_order_relaxed));
+    const auto max = std::bit_cast<double>(rule.max.load(std::memory_order_relaxed));
+    const bool isOutside = ((flags & kRuleMin) != 0 && value < min) || ((flags & kRuleMax) != 0 && value > max);
+    return isOutside ? OSTREL_OUTSIDE : OSTREL_STORED;
+}
+
+// Stores `value` where the rules allow it, and notes what was tried. `former` is what the variable held.
+template <typename Store>
+short writeNumber(const WriteTarget& target, double former, double value, Store store) {
+    short result = admit(target, value);
+    if (result == OSTREL_STORED)
+        result = store();
+    if (!isServersOwn(target))
+        noteWrite(target, writtenNumber(former), writtenNumber(value), result);
+    return result;
+}
+
+template <typename Store>
+short writeText(const WriteTarget& target, const WrittenBytes& former, const WrittenBytes& value, Store store) {
+    short result = admit(target);
+    if (result == OSTREL_STORED)
+        result = store();
+    if (!isServersOwn(target))
+        noteWrite(target, former, value, result);
+    return result;
 }
 
 short storeReal(REAL_VARIABLE& record, double value) {
     if (!std::isfinite(value)) {
         put(record, &REAL_VARIABLE::NAN_trapped, 1);
-        return kNoValue;
+        return OSTREL_NO_VALUE;
     }
     const double former = record.value;
     const bool changed = former != value;
@@ -101,82 +141,108 @@ short storeReal(REAL_VARIABLE& record, double value) {
     put(record, &REAL_VARIABLE::update_count, record.update_count + 1);
     if (changed && record.event_active)
         raise(record.event_name);
-    return kStored;
+    return OSTREL_STORED;
 }
 
 short storeElement(REAL_ARRAY_MEMBER& element, double value) {
     if (!std::isfinite(value)) {
         put(element, &REAL_ARRAY_MEMBER::NAN_trapped, 1);
-        return kNoValue;
+        return OSTREL_NO_VALUE;
     }
     put(element, &REAL_ARRAY_MEMBER::value, value);
     put(element, &REAL_ARRAY_MEMBER::NAN_trapped, 0);
     sign(element, timeOr(nullptr));
-    return kStored;
+    return OSTREL_STORED;
 }
 
-short storeElement(INTEGER_ARRAY_MEMBER& element, double value) {
-    const double rounded = std::round(value);
-    if (!(rounded >= INT_MIN && rounded <= INT_MAX)) {
+short storeElement(INTEGER_ARRAY_MEMBER& element, double whole) {
+    if (!(whole >= INT_MIN && whole <= INT_MAX)) {
         put(element, &INTEGER_ARRAY_MEMBER::NAN_trapped, 1);
-        return kNoValue;
+        return OSTREL_NO_VALUE;
     }
-    put(element, &INTEGER_ARRAY_MEMBER::value, rounded);
+    put(element, &INTEGER_ARRAY_MEMBER::value, whole);
     put(element, &INTEGER_ARRAY_MEMBER::NAN_trapped, 0);
     sign(element, timeOr(nullptr));
-    return kStored;
+    return OSTREL_STORED;
 }
 
-short storeElement(LOGICAL_ARRAY_MEMBER& element, double value, const SHARED_MEMORY& mem) {
+short storeElement(LOGICAL_ARRAY_MEMBER& element, double value, const WriteTarget& target) {
     if (!std::isfinite(value))
-        return kNoValue;
+        return OSTREL_NO_VALUE;
     const short state = value != 0;
     const bool changed = (element.value != 0) != (state != 0);
     put(element, &LOGICAL_ARRAY_MEMBER::value, state);
     sign(element, timeOr(nullptr));
-    const Attachment* store = ownerOfElement(&element, sizeof element);
-    const auto* array = reinterpret_cast<const LOGICAL_ARRAY_VARIABLE*>(
-        store ? store->record(arraySectionNumber(mem.vari_type), mem.index) : nullptr);
+    const auto* array =
+        reinterpret_cast<const LOGICAL_ARRAY_VARIABLE*>(target.store->record(target.section, target.index));
     if (array && changed && state && array->signal_on_true)
         raise(array->true_event_name);
     if (array && changed && !state && array->signal_on_false)
         raise(array->false_event_name);
-    return kStored;
+    return OSTREL_STORED;
 }
 
-short storeElement(STRING_ARRAY_MEMBER& element, const char* text) {
+short storeInteger(INTEGER_VARIABLE& record, int value) {
+    const int former = record.value;
+    const timespec now = timeOr(nullptr);
+    put(record, &INTEGER_VARIABLE::value, value);
+    put(record, &INTEGER_VARIABLE::last_sampled_value, value);
+    put(record, &INTEGER_VARIABLE::NAN_trapped, 0);
+    sign(record, now);
+    if (former == value)
+        return OSTREL_STORED;
+    put(record, &INTEGER_VARIABLE::last_delta_value, former);
+    put(record, &INTEGER_VARIABLE::last_delta_time, now);
+    if (record.event_active)
+        raise(record.event_name);
+    return OSTREL_STORED;
+}
+
+short storeLogical(LOGICAL_VARIABLE& record, short state, const timespec& time) {
+    const bool changed = (record.value != 0) != (state != 0);
+    put(record, &LOGICAL_VARIABLE::value, state);
+    sign(record, time);
+    if (changed && state && record.signal_on_true)
+        raise(record.true_event_name);
+    if (changed && !state && record.signal_on_false)
+        raise(record.false_event_name);
+    return OSTREL_STORED;
+}
+
+short storeText(STRING_VARIABLE& record, const WrittenBytes& text) {
+    const bool changed = std::memcmp(record.value, text.data(), sizeof record.value) != 0;
+    std::memcpy(record.value, text.data(), sizeof record.value);
+    sign(record, timeOr(nullptr));
+    if (changed && record.event_active)
+        raise(record.event_name);
+    return OSTREL_STORED;
+}
+
+short writeStringElement(const WriteTarget& target, STRING_ARRAY_MEMBER& element, const char* text) {
     if (!text)
-        return kNoValue;
+        return OSTREL_NO_VALUE;
     char value[sizeof element.value] = "";
     std::memcpy(value, text, strnlen(text, sizeof value - 1));
-    std::memcpy(element.value, value, sizeof value);
-    sign(element, timeOr(nullptr));
-    return kStored;
+    const WrittenBytes former = writtenText(element.value, sizeof element.value);
+    return writeText(target, former, writtenText(value, sizeof value), [&] {
+        std::memcpy(element.value, value, sizeof value);
+        sign(element, timeOr(nullptr));
+        return OSTREL_STORED;
+    });
 }
 
 }  // namespace
 
 void set_real_variable(REAL_VARIABLE* var, double value) {
-    if (admit(var, REAL_TYPE) == kStored)
-        storeReal(*var, value);
+    if (const auto target = targetOf(var, REAL_TYPE))
+        writeNumber(*target, var->value, value, [&] { return storeReal(*var, value); });
 }
 
 short int set_integer(INTEGER_VARIABLE* var, int value) {
-    if (const short refusal = admit(var, INT_TYPE))
-        return refusal;
-    const int former = var->value;
-    const timespec now = timeOr(nullptr);
-    put(*var, &INTEGER_VARIABLE::value, value);
-    put(*var, &INTEGER_VARIABLE::last_sampled_value, value);
-    put(*var, &INTEGER_VARIABLE::NAN_trapped, 0);
-    sign(*var, now);
-    if (former == value)
-        return kStored;
-    put(*var, &INTEGER_VARIABLE::last_delta_value, former);
-    put(*var, &INTEGER_VARIABLE::last_delta_time, now);
-    if (var->event_active)
-        raise(var->event_name);
-    return kStored;
+    const auto target = targetOf(var, INT_TYPE);
+    if (!target)
+        return OSTREL_NO_RECORD;
+    return writeNumber(*target, var->value, value, [&] { return storeInteger(*var, value); });
 }
 
 short int set_logical(LOGICAL_VARIABLE* var, short int value) {
@@ -185,48 +251,44 @@ short int set_logical(LOGICAL_VARIABLE* var, short int value) {
 
 short int set_logical_variable(LOGICAL_VARIABLE* var, short int value, short int flags, struct timespec* time) {
     if (flags != 0)
-        return kNoValue;
-    if (const short refusal = admit(var, LOGI_TYPE))
-        return refusal;
+        return OSTREL_NO_VALUE;
+    const auto target = targetOf(var, LOGI_TYPE);
+    if (!target)
+        return OSTREL_NO_RECORD;
     const short state = value != 0;
-    const bool changed = (var->value != 0) != (state != 0);
-    put(*var, &LOGICAL_VARIABLE::value, state);
-    sign(*var, timeOr(time));
-    if (changed && state && var->signal_on_true)
-        raise(var->true_event_name);
-    if (changed && !state && var->signal_on_false)
-        raise(var->false_event_name);
-    return kStored;
+    return writeNumber(*target, var->value != 0, state, [&] { return storeLogical(*var, state, timeOr(time)); });
 }
 
 short int set_string_variable(STRING_VARIABLE* var, char* value) {
     if (!value)
-        return kNoValue;
-    if (const short refusal = admit(var, STRING_TYPE))
-        return refusal;
-    char text[sizeof var->value] = "";
-    std::memcpy(text, value, strnlen(value, sizeof text));
-    const bool changed = std::memcmp(var->value, text, sizeof text) != 0;
-    std::memcpy(var->value, text, sizeof text);
-    sign(*var, timeOr(nullptr));
-    if (changed && var->event_active)
-        raise(var->event_name);
-    return kStored;
+        return OSTREL_NO_VALUE;
+    const auto target = targetOf(var, STRING_TYPE);
+    if (!target)
+        return OSTREL_NO_RECORD;
+    const WrittenBytes text = writtenText(value, sizeof var->value);
+    return writeText(*target, writtenText(var->value, sizeof var->value), text, [&] { return storeText(*var, text); });
 }
 
 short int ostrel_set_array_element(const SHARED_MEMORY* mem, double number, const char* text) {
-    if (!mem)
-        return kNoRecord;
-    if (const short refusal = admitElement(*mem))
-        return refusal;
+    const auto target = mem ? targetOf(*mem) : std::nullopt;
+    if (!target)
+        return OSTREL_NO_RECORD;
     switch (mem->vari_type) {
-        case REAL_ARRAY_TYPE:
-            return storeElement(*static_cast<REAL_ARRAY_MEMBER*>(mem->member_adr), number);
-        case INT_ARRAY_TYPE:
-            return storeElement(*static_cast<INTEGER_ARRAY_MEMBER*>(mem->member_adr), number);
-        case LOGI_ARRAY_TYPE:
-            return storeElement(*static_cast<LOGICAL_ARRAY_MEMBER*>(mem->member_adr), number, *mem);
+        case REAL_ARRAY_TYPE: {
+            auto& element = *static_cast<REAL_ARRAY_MEMBER*>(mem->member_adr);
+            return writeNumber(*target, element.value, number, [&] { return storeElement(element, number); });
+        }
+        case INT_ARRAY_TYPE: {
+            auto& element = *static_cast<INTEGER_ARRAY_MEMBER*>(mem->member_adr);
+            const double whole = std::round(number);
+            return writeNumber(*target, element.value, whole, [&] { return storeElement(element, whole); });
+        }
+        case LOGI_ARRAY_TYPE: {
+            auto& element = *static_cast<LOGICAL_ARRAY_MEMBER*>(mem->member_adr);
+            return writeNumber(*target, element.value != 0, number,
+                               [&] { return storeElement(element, number, *target); });
+        }
         default:
-            return storeElement(*static_cast<STRING_ARRAY_MEMBER*>(mem->member_adr), text);
+            return writeStringElement(*target, *static_cast<STRING_ARRAY_MEMBER*>(mem->member_adr), text);
     }
 }

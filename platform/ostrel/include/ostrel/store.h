@@ -146,7 +146,7 @@ typedef struct ostrel_write {
     char variable[96]; /* its own name, with decimal indexes for an array element */
     SM_VARI_TYPE kind;
     short int refusal;  /* an ostrel_refusal */
-    char old_value[88]; /* as text: a number, 0 or 1 for a state */
+    char old_value[88]; /* as text: a number, 0 or 1 for a state, the first 80 characters of a text */
     char new_value[88];
 } ostrel_write;
 

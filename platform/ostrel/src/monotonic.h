@@ -1,0 +1,21 @@
+/*
+ * The clock that all times inside a store are told by.
+ */
+#ifndef OSTREL_MONOTONIC_H
+#define OSTREL_MONOTONIC_H
+
+#include <time.h>
+
+#include <cstdint>
+
+constexpr std::int64_t nanosecondsPerMs = 1'000'000;
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+
+/* Nanoseconds of CLOCK_MONOTONIC. */
+inline std::int64_t monotonicNow() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
+}
+
+#endif

@@ -1,0 +1,35 @@
+/*
+ * The file into which the server of a store puts what its clients wrote: a line for each write, tab-separated.
+ */
+#ifndef OSTREL_WRITEFILE_H
+#define OSTREL_WRITEFILE_H
+
+#include <map>
+#include <string>
+
+#include "writelog.h"
+
+class WriteFile {
+public:
+    /*
+     * Appends what came since the last time. False, with the reason, where the file cannot be written; the writes then
+     * stay for the next time.
+     */
+    bool drain(WriteMemory& memory, const std::string& path, std::string& problem);
+
+private:
+    struct Batch {
+        std::string lines;
+        uint64_t upTo;
+    };
+
+    Batch take(const WriteMemory& memory, uint64_t from, uint64_t to);
+    bool isGivenUp(uint64_t number);
+    std::string lineOf(uint64_t number, const WriteNote& note);
+
+    std::map<uid_t, std::string> m_users;
+    uint64_t m_unfinished = 0;  // the write that was found unfinished, and when
+    int64_t m_unfinishedSince = 0;
+};
+
+#endif
