@@ -269,8 +269,8 @@ void SimpleValueBase::sampleState() {
     updateFirst_ = false;
 }
 
-template <size_t size>
-void SimpleValueBase::sampleText(short statusWord, const char (&text)[size]) {
+template <size_t length>
+void SimpleValueBase::sampleText(short statusWord, const char (&text)[length]) {
     limitColorCode = statusWord;
     if (!updateFirst_ && isRecordText(_slastValue, text))
         return;

@@ -99,8 +99,8 @@ private:
     bool memberIsTrue() const;
     QString nameUnit() const;
     void sampleState();
-    template <size_t size>
-    void sampleText(short statusWord, const char (&text)[size]);
+    template <size_t length>
+    void sampleText(short statusWord, const char (&text)[length]);
     void sampleNumber();
 
     const ReadoutParts* m_parts = nullptr;
