@@ -1,0 +1,15 @@
+// The small pictures and texts of colours and fonts, the same in rows and in editors.
+#ifndef VALUEICONS_H
+#define VALUEICONS_H
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QString>
+
+QString colorText(const QColor& color);
+QIcon colorIcon(const QColor& color);
+QString fontText(const QFont& font);
+QIcon fontIcon(const QFont& font);
+
+#endif
