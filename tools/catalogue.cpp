@@ -1,7 +1,11 @@
 #include "catalogue.h"
 
+#include <fnmatch.h>
 #include <ostrel/store.h>
 
+#include <algorithm>
+
+#include "failure.h"
 #include "fieldtext.h"
 
 namespace {
@@ -17,6 +21,10 @@ void forEachSlot(const ostrel_section& section, Function function) {
     for (int i = 0; i < capacity; ++i, slot += section.record_size)
         function(slot);
     fre_shrd_mem(section.area);
+}
+
+bool matches(const std::string& pattern, const std::string& name) {
+    return fnmatch(pattern.c_str(), name.c_str(), FNM_CASEFOLD) == 0;
 }
 
 std::string activeLabel(SM_VARI_TYPE kind, const void* slot) {
@@ -73,6 +81,37 @@ std::vector<CatalogueEntry> catalogue() {
         result.push_back(std::move(entry));
     }
     return result;
+}
+
+std::vector<CatalogueEntry> catalogue(const std::string& pattern) {
+    std::vector<CatalogueEntry> entries = catalogue();
+    std::erase_if(entries, [&](const CatalogueEntry& entry) {
+        return !pattern.empty() && !matches(pattern, entry.variable.name) &&
+               std::none_of(entry.aliases.begin(), entry.aliases.end(),
+                            [&](const std::string& alias) { return matches(pattern, alias); });
+    });
+    return entries;
+}
+
+std::vector<std::string> namesMeant(const std::string& nameOrPattern) {
+    if (nameOrPattern.find_first_of("*?[") == std::string::npos)
+        return {nameOrPattern};
+    std::vector<std::string> names;
+    for (const CatalogueEntry& entry : catalogue(nameOrPattern))
+        names.push_back(entry.variable.name);
+    if (names.empty())
+        throw Failure(nameOrPattern + ": no variable has a name like this; 'ostrel list' shows all");
+    return names;
+}
+
+int variablesIn(const ostrel_section& section) {
+    int count = 0;
+    forEachSlot(section, [&](const void* slot) {
+        withRecord(section.kind, slot, [&](const auto& record) { count += record.active != 0 ? 1 : 0; });
+        if (section.kind == ALIAS_TYPE)
+            count += static_cast<const ALIAS_VARIABLE*>(slot)->active != 0 ? 1 : 0;
+    });
+    return count;
 }
 
 std::vector<std::string> knownNames() {

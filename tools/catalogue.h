@@ -20,6 +20,16 @@ struct CatalogueEntry {
 // In the order of the sections. A variable that comes or goes meanwhile may be missing or stand there once more.
 std::vector<CatalogueEntry> catalogue();
 
+// Those whose name or alias the glob pattern takes, in any case; all where it is empty.
+std::vector<CatalogueEntry> catalogue(const std::string& pattern);
+
+// What a name on the command line means: all that it takes where it is a pattern, such as 'OIL*', else itself. Throws
+// Failure for a pattern that takes nothing.
+std::vector<std::string> namesMeant(const std::string& nameOrPattern);
+
+// How many variables a section holds at the moment.
+int variablesIn(const ostrel_section& section);
+
 // Other names by the full name that each stands for.
 std::multimap<std::string, std::string> aliases();
 

@@ -15,7 +15,11 @@ void complain(const std::string& message);
 // Variables whose name or alias the glob pattern takes; all where it is empty.
 int listCommand(const std::string& pattern, bool json);
 
-// Values in their own units or in `units`. Unknown names are told at the end, after all that could be read.
+// Names and aliases of those variables, a line each, and nothing else; for scripts.
+int namesCommand(const std::string& pattern, bool json);
+
+// Values in their own units or in `units`; a name may be a pattern. Unknown names are told at the end, after all that
+// could be read.
 int getCommand(const std::vector<std::string>& names, const std::string& units, bool json);
 
 // Writes a value given in `units` (empty: the variable's own) and prints what the variable then holds.
@@ -32,6 +36,9 @@ int watchCommand(const WatchRequest& request, bool json);
 
 // Every field of one variable.
 int infoCommand(const std::string& name, bool json);
+
+// What was written to variables whose name the glob pattern takes, refused values too; all where it is empty.
+int writesCommand(const std::string& pattern, bool json);
 
 // Keywords that the given one can be converted to; all keywords where it is empty.
 int unitsCommand(const std::string& keyword, bool json);

@@ -20,6 +20,7 @@ constexpr int wronglyUsed = 2;
 struct Arguments {
     std::string store;
     bool json = false;
+    bool namesOnly = false;
     std::string pattern, name, value, units, payload;
     std::vector<std::string> names;
     WatchRequest watch;
@@ -42,7 +43,8 @@ std::function<int()> inStore(Arguments& a, std::function<int()> run) {
 void addListAndInfo(CLI::App& app, Arguments& a) {
     auto* list = app.add_subcommand("list", "Lists variables with kind, value, units, section and aliases");
     list->add_option("PATTERN", a.pattern, "Names to list, such as 'OIL*'; case does not count");
-    runs(list, a, inStore(a, [&a] { return listCommand(a.pattern, a.json); }));
+    list->add_flag("--names", a.namesOnly, "Prints names and aliases alone, a line each");
+    runs(list, a, inStore(a, [&a] { return (a.namesOnly ? namesCommand : listCommand)(a.pattern, a.json); }));
 
     auto* info = app.add_subcommand("info", "Shows every field of a variable, its limits and aliases");
     info->add_option("NAME", a.name, "Variable, member (BASE.AV) or array element (ARRAY:2)")->required();
@@ -51,7 +53,8 @@ void addListAndInfo(CLI::App& app, Arguments& a) {
 
 void addGetAndSet(CLI::App& app, Arguments& a) {
     auto* get = app.add_subcommand("get", "Shows values");
-    get->add_option("NAME", a.names, "Variables, members (BASE.AV) or array elements (ARRAY:2)")->required();
+    get->add_option("NAME", a.names, "Variables, members (BASE.AV), array elements (ARRAY:2) or patterns ('OIL*')")
+        ->required();
     get->add_option("--units", a.units, "Shows them in these units");
     runs(get, a, inStore(a, [&a] { return getCommand(a.names, a.units, a.json); }));
 
@@ -65,7 +68,7 @@ void addGetAndSet(CLI::App& app, Arguments& a) {
 
 void addWatch(CLI::App& app, Arguments& a) {
     auto* watch = app.add_subcommand("watch", "Shows values again and again, until Ctrl+C");
-    watch->add_option("NAME", a.watch.names, "Variables, members or array elements")->required();
+    watch->add_option("NAME", a.watch.names, "Variables, members, array elements or patterns")->required();
     watch->add_option("--units", a.watch.units, "Shows them in these units");
     watch->add_option("--rate", a.watch.rateMs, "Milliseconds from one look to the next")
         ->capture_default_str()
@@ -97,6 +100,10 @@ void addUnitsAndServer(CLI::App& app, Arguments& a) {
     auto* units = app.add_subcommand("units", "Lists the units that a unit keyword can be converted to");
     units->add_option("KEYWORD", a.units, "Such as rpm; without it all keywords");
     runs(units, a, [&a] { return unitsCommand(a.units, a.json); });
+
+    auto* writes = app.add_subcommand("writes", "Lists who wrote what, the last 4096 writes");
+    writes->add_option("PATTERN", a.pattern, "Variables, such as 'OIL*'; case does not count");
+    runs(writes, a, inStore(a, [&a] { return writesCommand(a.pattern, a.json); }));
 
     auto* reconfig = app.add_subcommand("reconfig", "Makes the server read its cell file again");
     runs(reconfig, a, [&a] { return reconfigCommand(openStore(a.store), a.json); });

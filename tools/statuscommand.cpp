@@ -1,6 +1,11 @@
+#include <ostrel/store.h>
+
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <vector>
 
+#include "catalogue.h"
 #include "commands.h"
 #include "eventlist.h"
 #include "json.h"
@@ -13,6 +18,49 @@ Json eventJson(const ostrel_event_info_t& event) {
                         {"attached", event.attached},
                         {"raised", event.raised},
                         {"dropped", event.dropped}};
+}
+
+struct Area {
+    const ostrel_section* section;
+    int variables;
+    int room;
+};
+
+bool isInUse(const Area& area) {
+    return area.variables > 0;
+}
+
+std::vector<Area> areas() {
+    std::vector<Area> list;
+    int count = 0;
+    const ostrel_section* sections = ostrel_sections(&count);
+    for (const ostrel_section* section = sections; section != sections + count; ++section)
+        list.push_back({section, variablesIn(*section), ostrel_section_capacity(section->area, section->kind)});
+    return list;
+}
+
+Json areaJson(const Area& area) {
+    return Json::Object{{"area", static_cast<int>(area.section->area)},   {"section", area.section->name},
+                        {"title", area.section->title}, {"kind", kindName(area.section->kind)},
+                        {"variables", area.variables},  {"room", area.room}};
+}
+
+// People look for what is there; machines get the empty ones too.
+void printAreas() {
+    const std::vector<Area> list = areas();
+    std::printf("%-16s %td\n", "areas in use", std::count_if(list.begin(), list.end(), isInUse));
+    for (const Area& area : list)
+        if (isInUse(area))
+            std::printf("  %s: %d of %d\n", area.section->title, area.variables, area.room);
+}
+
+void printEvents(const std::vector<ostrel_event_info_t>& events) {
+    std::printf("%-16s %zu\n", "events", events.size());
+    for (const auto& event : events) {
+        const std::string period = event.period_ms > 0 ? ", every " + std::to_string(event.period_ms) + " ms" : "";
+        std::printf("  %s: raised %llu, attached %d, dropped %llu%s\n", printable(fieldText(event.name)).c_str(),
+                    event.raised, event.attached, event.dropped, period.c_str());
+    }
 }
 
 // The instance is a text: it has more digits than a number in JSON keeps.
@@ -33,20 +81,19 @@ int statusCommand(const ostrel_store_status& store, bool json) {
     Json::Object status = storeJson(store);
     const auto events = eventList();
     if (json) {
-        Json::Array list;
+        Json::Array areaList, eventList;
+        for (const Area& area : areas())
+            areaList.push_back(areaJson(area));
         for (const auto& event : events)
-            list.push_back(eventJson(event));
-        status.emplace_back("events", list);
+            eventList.push_back(eventJson(event));
+        status.emplace_back("areas", areaList);
+        status.emplace_back("events", eventList);
         std::puts(Json(status).text().c_str());
         return store.alive != 0 ? 0 : 1;
     }
     for (const auto& [name, value] : status)
         std::printf("%-16s %s\n", name.c_str(), printable(value.plainText()).c_str());
-    std::printf("%-16s %zu\n", "events", events.size());
-    for (const auto& event : events) {
-        const std::string period = event.period_ms > 0 ? ", every " + std::to_string(event.period_ms) + " ms" : "";
-        std::printf("  %s: raised %llu, attached %d, dropped %llu%s\n", printable(fieldText(event.name)).c_str(),
-                    event.raised, event.attached, event.dropped, period.c_str());
-    }
+    printAreas();
+    printEvents(events);
     return store.alive != 0 ? 0 : 1;
 }

@@ -192,6 +192,8 @@ std::string kindName(SM_VARI_TYPE kind) {
             return "string array";
         case LOGI_ARRAY_TYPE:
             return "logical array";
+        case ALIAS_TYPE:
+            return "alias";
         default:
             return "kind " + std::to_string(kind);
     }

@@ -1,6 +1,6 @@
-#include <fnmatch.h>
 #include <ostrel/store.h>
 #include <ostrel/units.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
@@ -36,20 +36,6 @@ void printTable(const std::vector<Row>& rows) {
         line.erase(line.find_last_not_of(' ') + 1);
         std::puts(line.c_str());
     }
-}
-
-bool matches(const std::string& pattern, const std::string& name) {
-    return fnmatch(pattern.c_str(), name.c_str(), FNM_CASEFOLD) == 0;
-}
-
-std::vector<CatalogueEntry> matching(const std::string& pattern) {
-    std::vector<CatalogueEntry> entries = catalogue();
-    std::erase_if(entries, [&](const CatalogueEntry& entry) {
-        return !pattern.empty() && !matches(pattern, entry.variable.name) &&
-               std::none_of(entry.aliases.begin(), entry.aliases.end(),
-                            [&](const std::string& alias) { return matches(pattern, alias); });
-    });
-    return entries;
 }
 
 std::string joined(const std::vector<std::string>& words) {
@@ -99,6 +85,14 @@ std::string readingLine(const Variable& variable, const Reading& reading) {
     if (!reading.units.empty())
         line += " " + reading.units;
     return printable(line);
+}
+
+// Into the list, or printed where there is none.
+void showReading(const Variable& variable, const Reading& reading, Json::Array* list) {
+    if (list != nullptr)
+        list->push_back(readingJson(variable, reading));
+    else
+        std::puts(readingLine(variable, reading).c_str());
 }
 
 // ---- Writing
@@ -164,9 +158,30 @@ Record* writable(const Variable& variable) {
     return static_cast<Record*>(const_cast<void*>(variable.record));
 }
 
-void accept(const Variable& variable, short result) {
-    if (result != 0)
-        throw Failure(variable.name + ": the store refused the value with code " + std::to_string(result));
+// Why the last write of this process to the variable was refused; 0 where it was stored. Writing a real has no result.
+short lastRefusal(const Variable& variable) {
+    short refusal = 0;
+    ostrel_write write{};
+    for (uint64_t after = 0; ostrel_next_write(after, &write) == 0; after = write.number)
+        if (write.pid == getpid() && fieldText(write.variable) == variable.fullName)
+            refusal = write.refusal;
+    return refusal;
+}
+
+void accept(const Variable& variable, const std::string& value, short result) {
+    switch (result) {
+        case OSTREL_STORED:
+            return;
+        case OSTREL_READ_ONLY:
+            throw Failure(variable.name + ": you may read this store but not write to it");
+        case OSTREL_NOT_WRITABLE:
+            throw Failure(variable.name + ": the cell lets nobody write it");
+        case OSTREL_OUTSIDE:
+            throw Failure(variable.name + ": '" + value +
+                          "' lies outside the least and the greatest value that the cell allows");
+        default:
+            throw Failure(variable.name + ": the store refused the value with code " + std::to_string(result));
+    }
 }
 
 void writeNumber(const Variable& variable, const std::string& text, const std::string& units) {
@@ -174,17 +189,20 @@ void writeNumber(const Variable& variable, const std::string& text, const std::s
     switch (variable.handle.vari_type) {
         case REAL_TYPE:
             set_real_variable(writable<REAL_VARIABLE>(variable), value);
+            accept(variable, text, lastRefusal(variable));
             break;
         case INT_TYPE:
-            accept(variable, set_integer(writable<INTEGER_VARIABLE>(variable),
-                                         wholeNumber(variable.name, text, value, !units.empty())));
+            accept(variable, text,
+                   set_integer(writable<INTEGER_VARIABLE>(variable),
+                               wholeNumber(variable.name, text, value, !units.empty())));
             break;
         case INT_ARRAY_TYPE:
-            accept(variable, ostrel_set_array_element(
-                                 &variable.handle, wholeNumber(variable.name, text, value, !units.empty()), nullptr));
+            accept(variable, text,
+                   ostrel_set_array_element(&variable.handle, wholeNumber(variable.name, text, value, !units.empty()),
+                                            nullptr));
             break;
         default:
-            accept(variable, ostrel_set_array_element(&variable.handle, value, nullptr));
+            accept(variable, text, ostrel_set_array_element(&variable.handle, value, nullptr));
     }
 }
 
@@ -199,9 +217,9 @@ void writeLogical(const Variable& variable, const std::string& text) {
                       "0, 1, false, true, off or on");
     }
     if (variable.handle.vari_type == LOGI_TYPE)
-        accept(variable, set_logical_variable(writable<LOGICAL_VARIABLE>(variable), *value, 0, nullptr));
+        accept(variable, text, set_logical_variable(writable<LOGICAL_VARIABLE>(variable), *value, 0, nullptr));
     else
-        accept(variable, ostrel_set_array_element(&variable.handle, *value, nullptr));
+        accept(variable, text, ostrel_set_array_element(&variable.handle, *value, nullptr));
 }
 
 void writeText(const Variable& variable, std::string text) {
@@ -212,9 +230,9 @@ void writeText(const Variable& variable, std::string text) {
                       " characters; it holds at most " + std::to_string(room));
     }
     if (isElement)
-        accept(variable, ostrel_set_array_element(&variable.handle, 0, text.c_str()));
+        accept(variable, text, ostrel_set_array_element(&variable.handle, 0, text.c_str()));
     else
-        accept(variable, set_string_variable(writable<STRING_VARIABLE>(variable), text.data()));
+        accept(variable, text, set_string_variable(writable<STRING_VARIABLE>(variable), text.data()));
 }
 
 void refuseWhole(const Variable& variable) {
@@ -241,15 +259,29 @@ void write(const Variable& variable, const std::string& value, const std::string
 
 }  // namespace
 
+int namesCommand(const std::string& pattern, bool json) {
+    std::vector<std::string> names;
+    for (const CatalogueEntry& entry : catalogue(pattern)) {
+        names.push_back(entry.variable.name);
+        names.insert(names.end(), entry.aliases.begin(), entry.aliases.end());
+    }
+    if (json)
+        std::puts(Json(Json::Array(names.begin(), names.end())).text().c_str());
+    else
+        for (const std::string& name : names)
+            std::puts(printable(name).c_str());
+    return 0;
+}
+
 int listCommand(const std::string& pattern, bool json) {
-    const auto entries = matching(pattern);
+    const auto entries = catalogue(pattern);
     if (json)
         std::puts(entriesJson(entries).text().c_str());
     if (entries.empty() && !pattern.empty()) {
         const std::string wider = "*" + pattern + "*";
         throw Failure(
             pattern + ": no variable has a name like this; " +
-            (matching(wider).empty() ? "'ostrel list' shows all" : "'ostrel list \"" + wider + "\"' finds some"));
+            (catalogue(wider).empty() ? "'ostrel list' shows all" : "'ostrel list \"" + wider + "\"' finds some"));
     }
     if (!json)
         printEntries(entries);
@@ -261,13 +293,9 @@ int getCommand(const std::vector<std::string>& names, const std::string& units, 
     std::vector<std::string> failures;
     for (const std::string& name : names) {
         try {
-            for (const Variable& variable : parts(findVariable(name))) {
-                const Reading reading = read(variable, units);
-                if (json)
-                    list.push_back(readingJson(variable, reading));
-                else
-                    std::puts(readingLine(variable, reading).c_str());
-            }
+            for (const std::string& meant : namesMeant(name))
+                for (const Variable& variable : parts(findVariable(meant)))
+                    showReading(variable, read(variable, units), json ? &list : nullptr);
         } catch (const Failure& failure) {
             failures.push_back(failure.what());
         }

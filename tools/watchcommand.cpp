@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 
+#include "catalogue.h"
 #include "commands.h"
 #include "failure.h"
 #include "fieldtext.h"
@@ -62,9 +63,11 @@ void print(const Sample& sample, bool json) {
 std::vector<std::string> watchedNames(const WatchRequest& request) {
     std::vector<std::string> names;
     for (const std::string& name : request.names) {
-        for (const Variable& part : parts(findVariable(name))) {
-            read(part, request.units);
-            names.push_back(part.name);
+        for (const std::string& meant : namesMeant(name)) {
+            for (const Variable& part : parts(findVariable(meant))) {
+                read(part, request.units);
+                names.push_back(part.name);
+            }
         }
     }
     return names;

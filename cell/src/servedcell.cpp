@@ -6,8 +6,11 @@
 #include <ostrel/store.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 
 #include "cellfile.h"
 #include "diagnostics.h"
@@ -39,6 +42,23 @@ std::string beside_cell(const CellModel& model, const std::string& file) {
 
 std::string log_path(const CellModel& model) {
     return model.log.empty() ? "" : beside_cell(model, model.log);
+}
+
+// Beside the log, which is where people look for what has happened.
+std::string audit_path(const CellModel& model, const std::string& store) {
+    if (model.audit)
+        return model.audit->empty() ? "" : beside_cell(model, *model.audit);
+    const std::string log = log_path(model);
+    return log.empty() ? beside_cell(model, store + ".audit")
+                       : (std::filesystem::path(log).parent_path() / (store + ".audit")).string();
+}
+
+// Empty where the file can be appended to, which it then is there for.
+std::string append_fault(const std::string& file) {
+    errno = 0;
+    if (std::ofstream(file, std::ios::app))
+        return "";
+    return file + ": the audit file cannot be written: " + std::strerror(errno);
 }
 
 bool anything_persists(const CellModel& model) {
@@ -114,6 +134,8 @@ std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char
     cell->m_store = store_name != nullptr ? store_name : "";
     if (!cell->open_server(store_name, reasons))
         return nullptr;
+    if (!cell->choose_audit_file(reasons))
+        return nullptr;
     cell->choose_kept_file();
     if (cell->m_kept)
         for (const std::string& line : take_kept_values(cell->m_kept_path, *cell->m_content->model))
@@ -136,6 +158,7 @@ ServedCell::~ServedCell() {
     if (m_kept && m_clock)
         m_kept->write(kept_text(model(), m_content->contents));
     m_kept.reset();
+    record_writes();
     if (m_server != nullptr)
         ostrel_server_close(m_server);
 }
@@ -157,6 +180,28 @@ void ServedCell::choose_kept_file() {
     }
 }
 
+// A file that was asked for by name has to be there before anybody writes.
+bool ServedCell::choose_audit_file(std::string& reason) {
+    const std::string path = m_store.empty() ? "" : audit_path(model(), m_store);
+    if (path == m_audit_path)
+        return true;
+    if (!path.empty() && model().audit)
+        reason = append_fault(path);
+    if (reason.empty())
+        m_audit_path = path;
+    return reason.empty();
+}
+
+void ServedCell::record_writes() {
+    if (m_server == nullptr || m_audit_path.empty())
+        return;
+    char why[512] = "";
+    const bool good = ostrel_server_drain_writes(m_server, m_audit_path.c_str(), why, sizeof why) == 0;
+    if (!good && !m_audit_failed)
+        log_error(__FILE__, __LINE__, 1, 0, "%s; what clients write is not recorded", why);
+    m_audit_failed = !good;
+}
+
 void ServedCell::keep_values(std::int64_t now) {
     if (!m_kept || now - m_last_kept < keep_ns)
         return;
@@ -168,8 +213,10 @@ std::int64_t ServedCell::step() {
     std::int64_t now = steady_now();
     if (m_clock->due(now)) {
         const ScanClock::Tick tick = m_clock->take(now);
-        m_content->scan->run(tick.t, tick.dt);
+        // First, since it makes what this thread writes the cell's own.
         beat(now);
+        m_content->scan->run(tick.t, tick.dt);
+        record_writes();
         keep_values(now);
         now = steady_now();
     } else if (now - m_last_beat >= beat_ns) {
@@ -199,6 +246,9 @@ bool ServedCell::reload(std::string& reasons, std::string& remarks) {
     m_content = std::move(content);
     create_events(model());
     choose_kept_file();
+    std::string reason;
+    if (!choose_audit_file(reason))
+        remarks += (remarks.empty() ? "" : "\n") + reason;
     m_clock->set_period(period_of(model()));
     return true;
 }

@@ -50,6 +50,8 @@ private:
     std::string m_kept_path;
     std::unique_ptr<KeptFile> m_kept;  // null where nothing persists
     std::int64_t m_last_kept = 0;
+    std::string m_audit_path;     // empty where writes are not recorded
+    bool m_audit_failed = false;  // told once, until it works again
 
     ServedCell() = default;
     static std::unique_ptr<Content> read(const std::string& file, std::string& reasons);
@@ -58,6 +60,8 @@ private:
     void beat(std::int64_t now);
     void choose_kept_file();
     void keep_values(std::int64_t now);
+    bool choose_audit_file(std::string& reason);
+    void record_writes();
 };
 
 }  // namespace ostrelcell

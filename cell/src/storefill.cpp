@@ -50,6 +50,16 @@ void set_limits(ostrel_server* server, const Variable& variable) {
     ostrel_server_set_limits(server, variable.label().c_str(), limits, exists, display);
 }
 
+// Records with members have no write operation, and so no rule.
+void set_write_rule(ostrel_server* server, const Variable& variable) {
+    if (has_members(variable.kind))
+        return;
+    const WriteRule& own = variable.write;
+    const ostrel_write_rule rule{own.writable ? 1 : 0, own.least ? 1 : 0, own.most ? 1 : 0, own.least.value_or(0),
+                                 own.most.value_or(0)};
+    ostrel_server_set_write_rule(server, variable.label().c_str(), &rule);
+}
+
 bool put_alias(ostrel_server* server, const CellModel& model, const Alias& alias, std::string& reason) {
     // The store knows no aliases of aliases. An index may be a label here; the store is told the number.
     std::string why;
@@ -73,6 +83,7 @@ bool StoreContents::put(ostrel_server* server, const CellModel& model, std::stri
             return false;
         fill_record(model, variable, m_placed[index]);
         set_limits(server, variable);
+        set_write_rule(server, variable);
     }
     for (const Alias& alias : model.aliases)
         if (!put_alias(server, model, alias, reason))

@@ -40,6 +40,12 @@ protected:
 
 const std::string simple = "[real.SP]\nvalue = 3\n[real.Y]\nexpr = \"SP * 2\"\n[real.CLOCK]\nexpr = \"t\"\n";
 
+std::string contents(const std::string& file) {
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
+
 TEST_F(Program, ServesUntilItIsTerminated) {
     Process cell(command(write(simple)));
     ASSERT_TRUE(cell.says("\n")) << cell.errors();
@@ -138,17 +144,76 @@ TEST_F(Program, AdoptsTheStoreOfAKilledServer) {
     EXPECT_EQ(second.wait(), 0);
 }
 
+TEST_F(Program, RecordsWhatClientsWriteBesideItsFile) {
+    const std::string file = write("[real.SP]\nmax = 5\nvalue = 3\n[real.Y]\nexpr = \"SP * 2\"\n");
+    Process cell(command(file));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 4);
+    const std::string audit = path(m_store + ".audit");
+    ASSERT_TRUE(eventually([&] { return contents(audit).find("\tSP\t3\t4\t") != std::string::npos; }))
+        << contents(audit);
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 6);
+    EXPECT_EQ(number("SP"), 4);
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+    const std::string lines = contents(audit);
+    EXPECT_NE(lines.find("\tSP\t4\t6\trefused"), std::string::npos) << lines;
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 2) << "what the cell writes itself is not told\n" << lines;
+}
+
+TEST_F(Program, RecordsWritesWhereItIsTold) {
+    const std::string head = "[cell]\nname = \"test\"\nscan_ms = 10\nlog = \"logs/cell.log\"\n";
+    std::filesystem::create_directory(path("logs"));
+    for (const auto& [key, place] : {std::pair<std::string, std::string>{"", "logs/" + m_store + ".audit"},
+                                     {"audit = \"who.txt\"\n", "who.txt"}}) {
+        Process cell(command(write(head + key + "[real.SP]\n")));
+        ASSERT_TRUE(cell.says("\n")) << cell.errors();
+        ASSERT_TRUE(is_linked_to(cell));
+        set_real_variable(&record<REAL_VARIABLE>("SP"), 1);
+        cell.signal(SIGTERM);
+        EXPECT_EQ(cell.wait(), 0);
+        EXPECT_NE(contents(path(place)).find("\tSP\t0\t1\t"), std::string::npos) << place;
+    }
+}
+
+TEST_F(Program, RecordsNoWritesWhereItIsToldSo) {
+    Process cell(command(write("[cell]\nname = \"test\"\naudit = \"\"\n[real.SP]\n")));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 1);
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+    EXPECT_FALSE(std::filesystem::exists(path(m_store + ".audit")));
+}
+
+TEST_F(Program, DoesNotServeWithoutTheRecordThatWasAskedFor) {
+    Process cell(command(write("[cell]\nname = \"test\"\naudit = \"nowhere/who.txt\"\n")));
+    EXPECT_EQ(cell.wait(), 1);
+    EXPECT_EQ(cell.errors(), "ostrel-cell: " + path("nowhere/who.txt") +
+                                 ": the audit file cannot be written: No such file or directory\n");
+    EXPECT_FALSE(store_exists());
+}
+
+TEST_F(Program, GoesOnWhereItsRecordCannotBeWritten) {
+    const std::string file = write("[real.SP]\n[real.CLOCK]\nexpr = \"t\"\n");
+    std::filesystem::create_directory(path(m_store + ".audit"));
+    Process cell(command(file));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 1);
+    ASSERT_TRUE(cell.complains("what clients write is not recorded")) << cell.errors();
+    const double before = number("CLOCK");
+    EXPECT_TRUE(eventually([before] { return number("CLOCK") > before + 0.2; }));
+    const std::string errors = cell.errors();
+    EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+    EXPECT_NE(errors.find(m_store + ".audit: cannot be written"), std::string::npos) << errors;
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+}
+
 // What a power cut leaves: no process, no shared memory, the files.
 void forget_store(const std::string& store) {
     for (const auto& entry : std::filesystem::directory_iterator("/dev/shm"))
         if (entry.path().filename().string().rfind("ostrel-" + store, 0) == 0)
             std::filesystem::remove(entry.path());
-}
-
-std::string contents(const std::string& file) {
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    return text.str();
 }
 
 TEST_F(Program, StartsWithTheSetpointsOfTheLastRun) {

@@ -88,3 +88,9 @@ TEST_F(Get, RefusesUnitsThatDoNotFit) {
     refuses({"get", "CYCLES", "--units", "rpm"}, "CYCLES: has no units and cannot be shown in rpm; leave --units out");
     refuses({"get", "TEST_NAME", "--units", "rpm"}, "TEST_NAME: is no number and has no units; leave --units out");
 }
+
+TEST_F(Get, TakesPatterns) {
+    EXPECT_EQ(ostrel({"get", "oil_*"}).output, "OIL_TEMP 90.0 DEGC\nOIL_PRESSURE 3.50 bar\n");
+    EXPECT_EQ(ostrel({"get", "CYC*", "[VX]*"}).output, "CYCLES 42\nVALVES:0 SHUT\nVALVES:1 SHUT\n");
+    refuses({"get", "ZZZ*"}, "ZZZ*: no variable has a name like this; 'ostrel list' shows all");
+}

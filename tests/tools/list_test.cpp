@@ -56,3 +56,9 @@ TEST_F(List, SaysThatNothingMatchesAndWhatWould) {
     refuses({"list", "ZZZ*"}, "ZZZ*: no variable has a name like this; 'ostrel list' shows all");
     EXPECT_EQ(json({"list", "ZZZ*"}, 1).array().size(), 0);
 }
+
+TEST_F(List, GivesNamesAloneToScripts) {
+    EXPECT_EQ(ostrel({"list", "--names", "*SPEED"}).output, "ENGINE_SPEED\nSPEED\nFAN_SPEED\n");
+    EXPECT_EQ(ostrel({"list", "--names", "ZZZ*"}).output, "");
+    EXPECT_EQ(json({"list", "--names", "OIL*"}).array(), (QJsonArray{"OIL_TEMP", "OIL_PRESSURE"}));
+}

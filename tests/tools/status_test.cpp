@@ -26,6 +26,39 @@ TEST_F(Status, IsALineAFactForPeople) {
     EXPECT_EQ(outcome.lines()[1], "alive            yes");
 }
 
+TEST_F(Status, TellsHowFullEachAreaIs) {
+    QJsonObject reals;
+    int variables = 0;
+    for (const QJsonValue& area : json({"status"}).object()["areas"].toArray()) {
+        variables += area["variables"].toInt();
+        if (area["section"] == QJsonValue("gu-real"))
+            reals = area.toObject();
+    }
+    EXPECT_EQ(reals["title"], QJsonValue("General Use (real)"));
+    EXPECT_EQ(reals["kind"], QJsonValue("real"));
+    EXPECT_EQ(reals["variables"], QJsonValue(5));
+    EXPECT_GE(reals["room"].toInt(), 5);
+    EXPECT_EQ(variables, 18) << "15 variables and 3 aliases";
+    const Outcome outcome = ostrel({"status"});
+    EXPECT_NE(outcome.output.find("\n  General Use (real): 5 of "), std::string::npos) << outcome.output;
+}
+
+TEST_F(Status, TellsWhoIsAttachedAndWhatWasDropped) {
+    Program waits(command({"event", "wait", "PURGE"}));
+    const auto purge = [&] {
+        for (const QJsonValue& event : json({"status"}).object()["events"].toArray())
+            if (event["name"] == QJsonValue("PURGE"))
+                return event.toObject();
+        return QJsonObject();
+    };
+    ASSERT_TRUE(eventually([&] { return purge()["attached"] == QJsonValue(1); }));
+    EXPECT_EQ(purge()["dropped"], QJsonValue(0));
+    ostrel({"event", "raise", "PURGE"});
+    EXPECT_EQ(waits.finish().status, 0);
+    EXPECT_EQ(purge()["raised"], QJsonValue(1));
+    EXPECT_EQ(purge()["attached"], QJsonValue(0));
+}
+
 TEST_F(Status, FailsWhenTheServerHasDied) {
     cell().signal(SIGKILL);
     cell().finish();
