@@ -1,6 +1,7 @@
 // Serves a store for the tests: one command per line of standard input, one answer per line of standard output. Ends
 // with its input, leaving the store as a server leaves it that died.
 #include <ostrel/server.h>
+#include <ostrel/store.h>
 
 #include <iostream>
 #include <sstream>
@@ -82,6 +83,49 @@ std::string setLimits(std::istream& words) {
     return "ok";
 }
 
+// "rule LABEL 0|1 MIN MAX", where "-" is no limit.
+std::string setRule(std::istream& words) {
+    std::string label;
+    std::string min;
+    std::string max;
+    ostrel_write_rule rule{};
+    words >> label >> rule.writable >> min >> max;
+    rule.has_min = min != "-";
+    rule.has_max = max != "-";
+    rule.min = rule.has_min ? std::stod(min) : 0;
+    rule.max = rule.has_max ? std::stod(max) : 0;
+    return ostrel_server_set_write_rule(server, label.c_str(), &rule) == 0 ? "ok" : "error no such variable";
+}
+
+std::string drain(std::istream& words) {
+    std::string file;
+    words >> file;
+    return ostrel_server_drain_writes(server, file.c_str(), message, sizeof message) == 0 ? "ok" : failed();
+}
+
+std::string makeRoom(std::istream& words) {
+    int area = 0;
+    int kind = 0;
+    ostrel_server_room room{};
+    words >> area >> kind >> room.variables;
+    room.area = static_cast<SM_AREA_ID>(area);
+    room.kind = static_cast<SM_VARI_TYPE>(kind);
+    const int made = ostrel_server_make_room(server, &room, 1, message, sizeof message);
+    return made < 0 ? failed() : "ok " + std::to_string(made);
+}
+
+// The server's own write of a real variable.
+std::string set(std::istream& words) {
+    std::string label;
+    double value = 0;
+    words >> label >> value;
+    SHARED_MEMORY mem{};
+    if (find_variable(label.data(), &mem) != 0)
+        return "error no such variable";
+    set_real_variable(static_cast<REAL_VARIABLE*>(get_vrbl_adr(mem)), value);
+    return "ok";
+}
+
 std::string begin(std::istream& words) {
     int area = 0;
     words >> area;
@@ -120,6 +164,14 @@ std::string obey(const std::string& command, std::istream& words) {
         return putAlias(words);
     if (command == "limits")
         return setLimits(words);
+    if (command == "rule")
+        return setRule(words);
+    if (command == "drain")
+        return drain(words);
+    if (command == "room")
+        return makeRoom(words);
+    if (command == "set")
+        return set(words);
     if (command == "churn")
         return churn(words);
     if (command == "beat")

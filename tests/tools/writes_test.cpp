@@ -23,7 +23,7 @@ TEST_F(Writes, TakesAPattern) {
     ostrel({"set", "CYCLES", "43"});
     EXPECT_EQ(ostrel({"writes", "oil*"}).lines().size(), 2u);
     refuses({"writes", "NOBODY*"},
-            "ostrel: NOBODY*: nobody has written to a variable with a name like this; 'ostrel writes' shows all\n");
+            "NOBODY*: nobody has written to a variable with a name like this; 'ostrel writes' shows all");
 }
 
 TEST_F(Writes, PrintsJson) {

@@ -101,13 +101,13 @@ int appendTo(const std::string& path, const std::string& lines) {
 
 }  // namespace
 
-bool WriteFile::isGivenUp(uint64_t number) {
+bool WriteFile::isGivenUp(uint64_t number, uint64_t taken) {
     const int64_t now = monotonicNow();
-    if (m_unfinished != number) {
-        m_unfinished = number;
-        m_unfinishedSince = now;
+    if (number > m_waitedFor) {
+        m_waitedFor = taken;
+        m_waitingSince = now;
     }
-    return now - m_unfinishedSince > kPatience;
+    return now - m_waitingSince > kPatience;
 }
 
 std::string WriteFile::lineOf(uint64_t number, const WriteNote& note) {
@@ -139,7 +139,7 @@ WriteFile::Batch WriteFile::take(const WriteMemory& memory, uint64_t from, uint6
         const uint64_t number = batch.upTo + 1;
         WriteNote note{};
         const NoteState state = readNote(memory, number, note);
-        if (state == NoteState::kUnderWay && !isGivenUp(number))
+        if (state == NoteState::kUnderWay && !isGivenUp(number, to))
             break;
         batch.upTo = number;
         if (state != NoteState::kWhole) {

@@ -24,12 +24,13 @@ private:
     };
 
     Batch take(const WriteMemory& memory, uint64_t from, uint64_t to);
-    bool isGivenUp(uint64_t number);
+    bool isGivenUp(uint64_t number, uint64_t taken);
     std::string lineOf(uint64_t number, const WriteNote& note);
 
     std::map<uid_t, std::string> m_users;
-    uint64_t m_unfinished = 0;  // the write that was found unfinished, and when
-    int64_t m_unfinishedSince = 0;
+    // Since when it is waited for unfinished writes up to that number.
+    uint64_t m_waitedFor = 0;
+    int64_t m_waitingSince = 0;
 };
 
 #endif
