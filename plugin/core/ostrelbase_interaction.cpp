@@ -1,4 +1,6 @@
 // What an operator does to a widget: its menu, dragging names, double clicks.
+#include <ostrel/store.h>
+#include <ostrel/units.h>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -7,11 +9,18 @@
 #include <QDropEvent>
 #include <QFontDialog>
 #include <QMap>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
+#include <vector>
 
 #include "core/names.h"
 #include "core/ostrelbase.h"
+#include "core/recordtext.h"
+#include "properties/mycontroller.h"
+#include "selection/unitsdialog.h"
+#include "selection/variableselectiondialog.h"
 
 namespace {
 
@@ -34,6 +43,26 @@ QString firstItemText(const QMimeData* data) {
     return QString();
 }
 
+// The choice that stands for a variable's own units.
+const QString ownUnits = QStringLiteral("default");
+
+// The keywords that fit the units of the record; false where those have no dimension.
+bool listCompatibleUnits(const void* record, QStringList* list) {
+    constexpr short room = 30;
+    // Real and integer records have their units there.
+    constexpr size_t unitsOffset = offsetof(REAL_VARIABLE, units);
+    static_assert(unitsOffset == 160 && unitsOffset == offsetof(INTEGER_VARIABLE, units));
+    UNITS_NAME units;
+    std::memcpy(units, static_cast<const char*>(record) + unitsOffset, sizeof(units));
+    std::vector<std::array<char, sizeof(UNITS_NAME)>> keywords(room);
+    short num_keywords = room;
+    if (LV_get_units2(UnitKeyword(units).text(), &num_keywords, reinterpret_cast<UNITS_NAME*>(keywords.data())) == -1)
+        return false;
+    for (size_t i = 0; i < keywords.size() && static_cast<short>(i) < num_keywords; ++i)
+        list->append(QString::fromLatin1(keywords[i].data(), static_cast<int>(strnlen(keywords[i].data(), 16))));
+    return true;
+}
+
 }  // namespace
 
 void OstrelBase::initContextMenu() {
@@ -52,11 +81,64 @@ void OstrelBase::initContextMenu() {
     disableAction = add(tr("Disable Widget"), &OstrelBase::disable);
 }
 
-void OstrelBase::changeVariable() {}
+// The form may be closed, and this widget with it, while a dialog of its own runs.
+void OstrelBase::changeVariable() {
+    if (userInterfaceLock()) {
+        QMessageBox::warning(this, tr("ChangeVariable"), tr("variable selection is disabled for this widget"),
+                             QMessageBox::Ok);
+        return;
+    }
+    const QString origName = _name;
+    const QPointer<VariableSelectionDialog> dialog = new VariableSelectionDialog(this, _varType, _name);
+    changeVar = dialog;
+    const bool isAccepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return;
+    if (isAccepted) {
+        const QString varName = dialog->text() + dialog->subText();
+        SHARED_MEMORY mem{};
+        if (dialog->indexOfSelectedVarName() == -1) {
+            QMessageBox message(QMessageBox::Warning, tr("Invalid Variable"),
+                                tr("An invalid variable name was entered.\n\nThe previous variable name will be used."),
+                                QMessageBox::Ok, this);
+            message.exec();
+            setName(origName);
+        } else if (find_variable(varName.toLatin1().data(), &mem) != 0) {
+            setName(origName);
+        } else {
+            setName(varName);
+        }
+    }
+    delete dialog;
+}
 
-void OstrelBase::changeUnits() {}
+void OstrelBase::changeUnits() {
+    if (userInterfaceLock() || changeUnitsLock()) {
+        QMessageBox::warning(this, tr("ChangeUnits"), tr("units selection is disabled for this widget"),
+                             QMessageBox::Ok);
+        return;
+    }
+    QStringList list;
+    if (*_units)
+        list.append(ownUnits);
+    if (!_ptr || !listCompatibleUnits(_ptr, &list))
+        return;
+    const QPointer<OstrelBase> self = this;
+    UnitsDialog dialog(nullptr);
+    dialog.setItems(list);
+    if (dialog.exec() != QDialog::Accepted || !self)
+        return;
+    const QString chosen = dialog.value();
+    unitsChanged = true;
+    setUnits(chosen == ownUnits ? QString() : chosen);
+    setName(QString(_name));
+}
 
-void OstrelBase::viewProperties() {}
+// The dialog goes with the widget.
+void OstrelBase::viewProperties() {
+    auto* dialog = new MyController(this, className, userInterfaceLock());
+    dialog->show();
+}
 
 void OstrelBase::copyVarName() {
     QApplication::clipboard()->setText(_name);

@@ -1,0 +1,51 @@
+#include "properties/mycontroller.h"
+
+#include <QDialogButtonBox>
+#include <QVBoxLayout>
+
+#include "properties/objectcontroller.h"
+
+namespace {
+
+// Whatever the form around the widget looks like, the dialog can be read.
+const QString plainLook = QStringLiteral("background-color: #f4f4f4; color: #000000;");
+
+}  // namespace
+
+MyController::MyController(QWidget* parent, QString classToView, bool userInterfaceLock) : QDialog(parent, Qt::Drawer) {
+    setMinimumWidth(320);
+    theController = new ObjectController(this);
+    setStyleSheet(plainLook);
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->setStyleSheet(plainLook);
+    theControlledObject = parent;
+    connect(buttons, SIGNAL(rejected()), this, SLOT(reject()));
+    connect(buttons, SIGNAL(accepted()), this, SLOT(accepted()));
+    buttons->setStandardButtons(QDialogButtonBox::Close);
+    layOut(buttons);
+    theController->setObject(parent, classToView, userInterfaceLock);
+}
+
+MyController::MyController(QWidget* parent) : QDialog(parent, Qt::Drawer) {
+    theController = new ObjectController(this);
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->setStyleSheet(plainLook);
+    theControlledObject = parent;
+    connect(buttons, SIGNAL(rejected()), this, SLOT(reject()));
+    buttons->setStandardButtons(QDialogButtonBox::Close);
+    layOut(buttons);
+    theController->setObject(parent, QStringLiteral("ALL"), false);
+}
+
+MyController::~MyController() = default;
+
+void MyController::layOut(QWidget* buttons) {
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(theController);
+    layout->addWidget(buttons);
+    setWindowTitle(tr("Edit Properties:"));
+}
+
+void MyController::accepted() {}
+
+void MyController::rejected() {}
