@@ -190,25 +190,28 @@ void* _MEMORY_LINK_SIZE(const char* name, size_t*) {
 short int link_to_memory(short int area, void** base) {
     called("link_to_memory", area);
     *base = nullptr;
-    short code = unknown;
-    answered("link_to_memory", &code);
-    return code;
+    short code = 0;
+    if (answered("link_to_memory", &code) && code != 0)
+        return code;
+    *base = platform().areas().link(static_cast<SM_AREA_ID>(area));
+    return *base ? short{0} : unknown;
 }
 
 short int shrd_mem_in_use(SM_AREA_ID area) {
     called("shrd_mem_in_use", static_cast<int>(area));
-    short code = 0;
+    short code = platform().areas().links(area) > 0;
     answered("shrd_mem_in_use", &code);
     return code;
 }
 
 void* get_shrd_mem(SM_AREA_ID area, size_t size) {
     called("get_shrd_mem", static_cast<int>(area), size);
-    return nullptr;
+    return platform().areas().link(area);
 }
 
 void fre_shrd_mem(SM_AREA_ID area) {
     called("fre_shrd_mem", static_cast<int>(area));
+    platform().areas().release(area);
 }
 
 void set_real_variable(REAL_VARIABLE* var, double value) {

@@ -19,6 +19,7 @@ void Platform::reset() {
     m_aliases.clear();
     m_factors.clear();
     m_keywords.clear();
+    m_areas.reset();
 }
 
 Slot& Platform::addSlot(const char* label, SM_AREA_ID area, SM_VARI_TYPE kind, size_t size) {

@@ -21,6 +21,7 @@
 #include <thread>
 #include <vector>
 
+#include "scripted/areas.h"
 #include "scripted/events.h"
 
 namespace scripted {
@@ -166,6 +167,7 @@ public:
     void forgetCalls();
 
     Events& events() { return m_events; }
+    Areas& areas() { return m_areas; }
 
     // ---- for the functions of the platform ----
 
@@ -230,6 +232,7 @@ private:
     QMap<QString, QStringList> m_keywords;
     RECONFIG_DATA m_reconfiguration{};
     Events m_events;
+    Areas m_areas;
 };
 
 // The platform of this process; it is never destroyed, since threads go on waiting for it.
