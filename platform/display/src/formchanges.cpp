@@ -1,32 +1,325 @@
 #include "ostrel-display/formchanges.h"
 
+#include <QCryptographicHash>
+#include <QHash>
+#include <QMap>
+#include <QWidget>
+#include <QXmlStreamReader>
+#include <algorithm>
+
+#include "formdocument.h"
+#include "formfile.h"
+#include "livewidgets.h"
+
 uint qHash(const FormKey& key, uint seed) {
     return qHash(key.className, qHash(key.objectName, qHash(key.property, seed)));
 }
 
-FormChanges::FormChanges(QObject* parent) : QObject(parent) {}
+namespace {
+
+struct Entry {
+    QVariant own;  // what the form set while it loaded; invalid where it set nothing
+    QVariant last;
+    bool changed = false;
+    FormElement element;  // of a change: <property> as it is to be
+};
+
+QString nameOf(const FormEdit& edit) {
+    return QStringLiteral("%1: %2").arg(edit.objectName, edit.propertyName());
+}
+
+QString hashOf(const QByteArray& text) {
+    return QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex());
+}
+
+QStringList namesOf(const std::vector<FormEdit>& edits) {
+    QStringList names;
+    for (const FormEdit& edit : edits)
+        names.append(nameOf(edit));
+    return names;
+}
+
+// Those of `edits` that have no widget in `document`; they are taken out.
+std::vector<FormEdit> takeUnplaced(std::vector<FormEdit>& edits, const FormDocument& document) {
+    const auto first = std::stable_partition(edits.begin(), edits.end(), [&](const FormEdit& edit) {
+        return document.hasWidget(edit.className, edit.objectName);
+    });
+    std::vector<FormEdit> unplaced(first, edits.end());
+    edits.erase(first, edits.end());
+    return unplaced;
+}
+
+}  // namespace
+
+struct FormChanges::Private {
+    QString path;
+    QByteArray text;  // of the form as the changes know it
+    bool opened = false;
+    std::unique_ptr<FormDocument> document;  // of `text`, once it is wanted
+    QHash<FormKey, Entry> entries;
+    LiveWidgets widgets;
+    int holds = 0;
+    int changed = 0;  // entries that count as changes
+
+    const FormDocument* form() {
+        if (!document && opened)
+            document = FormDocument::read(text);
+        return document.get();
+    }
+    void setText(const QByteArray& read) {
+        text = read;
+        document.reset();
+        opened = true;
+    }
+    std::vector<FormEdit> edits() const;
+    bool judge(const FormKey& key, Entry& entry, bool live);
+    bool isNews(const FormEdit& edit, const FormElement& own);
+    void settle(const std::vector<FormEdit>& saved);
+    QStringList changedMeanwhile(const FormDocument& now, const std::vector<FormEdit>& placed);
+};
+
+// In the order of their names, so that a file comes out the same each time.
+std::vector<FormEdit> FormChanges::Private::edits() const {
+    std::vector<FormEdit> edits;
+    for (auto at = entries.begin(); at != entries.end(); ++at)
+        if (at->changed)
+            edits.push_back({at.key().className, at.key().objectName, at->element});
+    std::sort(edits.begin(), edits.end(), [](const FormEdit& one, const FormEdit& other) {
+        return std::tuple(one.objectName, one.propertyName(), one.className) <
+               std::tuple(other.objectName, other.propertyName(), other.className);
+    });
+    return edits;
+}
+
+bool FormChanges::Private::isNews(const FormEdit& edit, const FormElement& own) {
+    const FormDocument* known = form();
+    if (!known)
+        return edit.property != own;
+    if (!known->hasWidget(edit.className, edit.objectName) || known->says(edit))
+        return false;
+    return edit.property != own || known->property(edit.className, edit.objectName, edit.propertyName()).has_value();
+}
+
+// Whether the entry's last value is a change.
+bool FormChanges::Private::judge(const FormKey& key, Entry& entry, bool live) {
+    const QWidget* widget = widgets.widget(key.className, key.objectName);
+    const QMetaProperty property = widget ? LiveWidgets::property(widget, key.property) : QMetaProperty();
+    if (!live || (widgets.hasForm() && !property.isValid()))
+        return false;
+    const std::optional<FormElement> value = elementOfValue(property, entry.last);
+    if (!value)
+        return false;
+    entry.element = propertyElement(key.property, *value);
+    const QVariant own = entry.own.isValid() || !widget ? entry.own : widgets.former(widget, key.property);
+    const std::optional<FormElement> former = own.isValid() ? elementOfValue(property, own) : std::nullopt;
+    return isNews({key.className, key.objectName, entry.element},
+                  former ? propertyElement(key.property, *former) : FormElement());
+}
+
+void FormChanges::Private::settle(const std::vector<FormEdit>& saved) {
+    for (const FormEdit& edit : saved) {
+        Entry& entry = entries[{edit.className, edit.objectName, edit.propertyName()}];
+        changed -= entry.changed ? 1 : 0;
+        entry.changed = false;
+        entry.own = entry.last;
+    }
+}
+
+QStringList FormChanges::Private::changedMeanwhile(const FormDocument& now, const std::vector<FormEdit>& placed) {
+    QStringList names;
+    for (const FormEdit& edit : placed) {
+        const auto said = form() ? form()->property(edit.className, edit.objectName, edit.propertyName())
+                                 : std::optional<FormElement>();
+        const auto says = now.property(edit.className, edit.objectName, edit.propertyName());
+        if (said != says && !now.says(edit))
+            names.append(nameOf(edit));
+    }
+    return names;
+}
+
+FormChanges::Hold::Hold(FormChanges* changes) : m_changes(changes) {
+    if (m_changes)
+        ++m_changes->d->holds;
+}
+
+FormChanges::Hold::~Hold() {
+    if (m_changes)
+        --m_changes->d->holds;
+}
+
+FormChanges::FormChanges(QObject* parent) : QObject(parent), d(std::make_unique<Private>()) {}
+
+FormChanges::~FormChanges() = default;
 
 void FormChanges::remember(const FormKey& key, const QVariant& value, bool live) {
+    FormKey known = key;
+    if (d->holds > 0)
+        return;
+    if (const QWidget* widget = d->widgets.widget(key.className, key.objectName)) {
+        const QMetaProperty property = LiveWidgets::property(widget, key.property);
+        if (property.isValid() && LiveWidgets::isStatusColour(property, key.className))
+            return;
+        if (property.isValid())
+            known.property = QLatin1String(property.name());
+    }
     const bool wasDirty = isDirty();
-    Entry& entry = m_entries[key];
-    m_changed -= entry.changed ? 1 : 0;
+    Entry& entry = d->entries[known];
+    const bool wasChanged = entry.changed;
     entry.last = value;
-    if (!live)
+    if (!live && !d->widgets.hasForm())
         entry.own = value;
-    entry.changed = live && entry.own != value;
-    m_changed += entry.changed ? 1 : 0;
+    entry.changed = d->judge(known, entry, live || d->widgets.hasForm());
+    d->changed += (entry.changed ? 1 : 0) - (wasChanged ? 1 : 0);
     if (isDirty() != wasDirty)
         emit dirtyChanged(isDirty());
+    if (entry.changed || wasChanged)
+        emit changed();
 }
 
 bool FormChanges::isDirty() const {
-    return m_changed > 0;
+    return d->changed > 0;
+}
+
+int FormChanges::count() const {
+    return d->changed;
+}
+
+QStringList FormChanges::summary() const {
+    QMap<QString, QStringList> properties;
+    for (const FormEdit& edit : d->edits())
+        properties[edit.objectName].append(edit.propertyName());
+    QStringList lines;
+    for (auto at = properties.begin(); at != properties.end(); ++at)
+        lines.append(QStringLiteral("%1: %2").arg(at.key(), at->join(QStringLiteral(", "))));
+    return lines;
 }
 
 QVariant FormChanges::value(const FormKey& key) const {
-    return m_entries.value(key).last;
+    return d->entries.value(key).last;
 }
 
 bool FormChanges::isChanged(const FormKey& key) const {
-    return m_entries.value(key).changed;
+    return d->entries.value(key).changed;
+}
+
+QString FormChanges::path() const {
+    return d->path;
+}
+
+void FormChanges::setPath(const QString& path) {
+    d->path = path;
+}
+
+bool FormChanges::open() {
+    if (d->path.isEmpty())  // as in Qt Designer, where Qt would complain about a file without a name
+        return false;
+    const std::optional<QByteArray> read = readFormFile(d->path, nullptr);
+    if (!read || !FormDocument::read(*read))
+        return false;
+    d->setText(*read);
+    return true;
+}
+
+void FormChanges::formLoaded(QWidget* form, const QByteArray& text) {
+    const bool wasDirty = isDirty();
+    d->entries.clear();
+    d->changed = 0;
+    d->setText(text);
+    d->widgets.setForm(form);
+    if (wasDirty)
+        emit dirtyChanged(false);
+    emit changed();
+}
+
+QByteArray FormChanges::text() const {
+    return d->text;
+}
+
+FormSaving FormChanges::save() {
+    FormSaving saving;
+    const std::optional<QByteArray> now = readFormFile(d->path, &saving.fault);
+    if (!now)
+        return saving;
+    QString reason;
+    const auto document = FormDocument::read(*now, &reason);
+    if (!document) {
+        saving.fault = QStringLiteral("%1: %2; save the form under another name").arg(d->path, reason);
+        return saving;
+    }
+    std::vector<FormEdit> placed = d->edits();
+    saving.unplaced = namesOf(takeUnplaced(placed, *document));
+    if (*now != d->text)
+        saving.overwritten = d->changedMeanwhile(*document, placed);
+    const QByteArray written = document->with(placed);
+    if (written != *now)
+        saving.fault = replaceFormFile(d->path, written);
+    if (!saving.fault.isEmpty())
+        return saving;
+    const bool wasDirty = isDirty();
+    d->setText(written);
+    d->settle(placed);
+    if (isDirty() != wasDirty)
+        emit dirtyChanged(isDirty());
+    emit changed();
+    return saving;
+}
+
+FormSaving FormChanges::saveAs(const QString& path) {
+    FormSaving saving;
+    const QByteArray written = appliedTo(d->text, &saving.unplaced);
+    saving.fault = replaceFormFile(path, written);
+    if (!saving.fault.isEmpty())
+        return saving;
+    d->path = path;
+    const FormSaving rest = save();
+    saving.fault = rest.fault;
+    return saving;
+}
+
+QByteArray FormChanges::appliedTo(const QByteArray& form, QStringList* unplaced) const {
+    const auto document = FormDocument::read(form);
+    if (!document)
+        return form;
+    std::vector<FormEdit> placed = d->edits();
+    const std::vector<FormEdit> lost = takeUnplaced(placed, *document);
+    if (unplaced)
+        *unplaced += namesOf(lost);
+    return document->with(placed);
+}
+
+QByteArray FormChanges::packed() const {
+    QString text =
+        QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<changes form=\"%1\">\n").arg(hashOf(d->text));
+    for (const FormEdit& edit : d->edits())
+        text += QStringLiteral(" <change class=\"%1\" object=\"%2\">%3</change>\n")
+                    .arg(escapedAttribute(edit.className), escapedAttribute(edit.objectName),
+                         elementText(edit.property, {}));
+    return (text + QStringLiteral("</changes>\n")).toUtf8();
+}
+
+bool FormChanges::takeOver(const QByteArray& packed, const QByteArray& form, bool* madeFor) {
+    QXmlStreamReader xml(packed);
+    if (!xml.readNextStartElement() || xml.name() != QLatin1String("changes"))
+        return false;
+    const FormElement changes = readElement(xml);
+    if (xml.hasError())
+        return false;
+    if (madeFor)
+        *madeFor = changes.attributes.contains({QStringLiteral("form"), hashOf(form), {}});
+    const bool wasDirty = isDirty();
+    for (const FormElement& change : changes.children) {
+        if (change.attributes.size() != 2 || change.children.size() != 1 ||
+            change.children.first().attributes.isEmpty())
+            continue;
+        const FormElement& property = change.children.first();
+        Entry& entry =
+            d->entries[{change.attributes[0].value, change.attributes[1].value, property.attributes.first().value}];
+        d->changed += entry.changed ? 0 : 1;
+        entry.changed = true;
+        entry.element = property;
+    }
+    if (isDirty() != wasDirty)
+        emit dirtyChanged(isDirty());
+    emit changed();
+    return true;
 }

@@ -1,37 +1,18 @@
 #include "ostrel-display/uifilewriter.h"
 
-#include <QFile>
-#include <QXmlStreamReader>
-
 #include "ostrel-display/formchanges.h"
 
 // A child of the writer, so that it goes with it.
 struct UIFileWriter::Private : public FormChanges {
-    Private(QString formPath, QObject* parent) : FormChanges(parent), path(std::move(formPath)) {}
-
-    QString path;
+    using FormChanges::FormChanges;
 };
 
-namespace {
-
-bool isForm(QIODevice* device) {
-    QXmlStreamReader xml(device);
-    if (!xml.readNextStartElement() || xml.name() != QLatin1String("ui"))
-        return false;
-    while (!xml.atEnd())
-        xml.readNext();
-    return !xml.hasError();
+UIFileWriter::UIFileWriter(QString path, QObject* parent) : QObject(parent), d(new Private(this)) {
+    d->setPath(path);
 }
 
-}  // namespace
-
-UIFileWriter::UIFileWriter(QString path, QObject* parent) : QObject(parent), d(new Private(std::move(path), this)) {}
-
 bool UIFileWriter::openFile() {
-    if (d->path.isEmpty())  // as in Qt Designer, where Qt would complain about a file without a name
-        return false;
-    QFile file(d->path);
-    return file.open(QIODevice::ReadOnly) && isForm(&file);
+    return d->open();
 }
 
 void UIFileWriter::cacheProperty(const QString& className, const QString& objectName, const QString& property,
