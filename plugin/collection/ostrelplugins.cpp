@@ -1,5 +1,7 @@
 #include "collection/ostrelplugins.h"
 
+#include "widgets/zelgroupplugin.h"
+#include "widgets/zelgroupplugin_fl.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
@@ -11,6 +13,8 @@ OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));
+    m_widgets.append(new ZelGroupPlugin(this));
+    m_widgets.append(new ZelGroupPlugin_fl(this));
 }
 
 OstrelPlugins::~OstrelPlugins() {

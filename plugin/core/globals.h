@@ -5,6 +5,7 @@
 #ifndef OSTREL_CORE_GLOBALS_H
 #define OSTREL_CORE_GLOBALS_H
 
+class QObject;
 class UIFileWriter;
 
 extern bool inDesigner;                 // true: forms are being built, no ticks and no events reach a widget
@@ -19,6 +20,8 @@ extern bool InitializationDone;         // the store can be used; threads that w
 extern char ParentUIFile[256];          // path of the form file, for the form writer
 extern bool propertiesChanged;          // a variable name inside a group changed
 extern UIFileWriter* writer;            // the one form writer, made by the first widget that needs it
+extern QObject*
+    runQtUIWindow;  // the host's object: signals ctrlLPressed() and saveConfig(), slot closeEvent(); may be null
 
 // Limit colours as red, green, blue; for the host.
 extern int System_HighAlarm[3];

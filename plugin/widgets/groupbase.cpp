@@ -1,0 +1,214 @@
+#include "widgets/groupbase.h"
+
+#include <ostrel-display/qdwindow.h>
+#include <ostrel-display/uifilewriter.h>
+#include <ostrel/store.h>
+
+#include <QAction>
+#include <QEvent>
+#include <QFile>
+#include <QGridLayout>
+
+#include "core/formwriter.h"
+#include "core/globals.h"
+#include "groupfile/groupfile.h"
+#include "properties/mycontroller.h"
+
+QDWindow* displayWindow = nullptr;
+bool Display_QD_Window = false;
+
+GroupBase::GroupBase(QWidget* parent) : QGroupBox(parent) {}
+
+GroupBase::~GroupBase() = default;
+
+void GroupBase::startAs(const char* widgetClass) {
+    className = QLatin1String(widgetClass);
+    ensureFormWriter();
+}
+
+void GroupBase::addMenu(const char* propertiesSlot, const char* displaySlot) {
+    viewPropertiesAction = new QAction(tr("Edit Properties"), this);
+    connect(viewPropertiesAction, SIGNAL(triggered()), this, propertiesSlot);
+    viewDisplay = new QAction(tr("Edit Display"), this);
+    connect(viewDisplay, SIGNAL(triggered()), this, displaySlot);
+    addActions({viewPropertiesAction, viewDisplay});
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+// By the names of signals and slots: the display's object is known by nothing else.
+void GroupBase::connectToDisplay(const char* saveSlot, const char* toggleSlot) {
+    if (runQtUIWindow)
+        connect(runQtUIWindow, SIGNAL(saveConfig()), this, saveSlot);
+    connect(this, SIGNAL(toggled(bool)), this, toggleSlot);
+}
+
+bool GroupBase::eventFilter(QObject* o, QEvent* e) {
+    return o->event(e);
+}
+
+void GroupBase::remember(const char* property, const QVariant& value) {
+    writer->cacheProperty(className, objectName(), QLatin1String(property), value, initFlag);
+}
+
+void GroupBase::rememberLive(const char* property, const QVariant& value) {
+    if (initFlag)
+        remember(property, value);
+}
+
+void GroupBase::rememberFontLive(const char* property, const QFont& font) {
+    if (initFlag)
+        writer->cachePropertyFont(className, objectName(), QLatin1String(property), font, initFlag);
+}
+
+void GroupBase::setMyTitle(const QString& title) {
+    setTitle(title);
+    rememberLive("title", title);
+}
+
+void GroupBase::setToolTipString(const QString& toolTip) {
+    setToolTip(toolTip);
+    rememberLive("toolTip", toolTip);
+}
+
+// Kept: forms have the name as the family of a font.
+void GroupBase::setName(const QString& newName) {
+    name = newName;
+    rememberFontLive("name", QFont(newName));
+}
+
+void GroupBase::applyFont(const QFont& font) {
+    setFont(font);
+    grpFont = font;
+}
+
+void GroupBase::applyBackColor(const QColor& color) {
+    gBackColor = color;
+    QPalette colors = palette();
+    colors.setBrush(QPalette::Window, QBrush(gBackColor));
+    setPalette(colors);
+    rememberLive("gBackColor", gBackColor);
+}
+
+void GroupBase::setOrientation(const Qt::Orientation& ori) {
+    const bool differs = orientation != ori;
+    orientation = ori;
+    remember("SimpleValueOrientation", ori);
+    if (differs)
+        setFileName(fileName);
+}
+
+void GroupBase::setFileName(const QString& fn) {
+    if (fn.isEmpty())
+        return;
+    if (initLayout && fn == last_fileName && orientation == last_orientation)
+        return;
+    last_fileName = fn;
+    last_orientation = orientation;
+    QFile file(fn);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    clearLayout();
+    auto* grid = new QGridLayout;
+    fill(grid, file.readAll());
+    namesChanged = false;
+    setLayout(grid);
+    resize(size());
+    updateGeometry();
+    fileName = fn;
+    remember("FileName", fileName);
+    initLayout = true;
+}
+
+// A read-out outside the grid is in no layout, and stays.
+void GroupBase::clearLayout() {
+    if (!layout())
+        return;
+    while (QLayoutItem* item = layout()->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    delete layout();
+    updateGeometry();
+}
+
+void GroupBase::fill(QGridLayout* grid, const QByteArray& text) {
+    varNames.clear();
+    varRow.clear();
+    varCol.clear();
+    const GroupContents contents = readGroup(text);
+    if (contents.hasTitle)
+        setTitle(contents.title);
+    for (const GroupVariable& variable : contents.variables) {
+        QWidget* value = makeValue(variable.name, variable.row, variable.column);
+        varNames.append(variable.name);
+        varRow.append(variable.row);
+        varCol.append(variable.column);
+        grid->addWidget(value, variable.row, variable.column);
+    }
+}
+
+void GroupBase::renameVariable(const QString& newName, int row, int col) {
+    for (int i = 0; i < varNames.size(); ++i) {
+        if (varRow[i] != row || varCol[i] != col)
+            continue;
+        varNames[i] = newName;
+        namesChanged = true;
+        propertiesChanged = true;
+        return;
+    }
+}
+
+void GroupBase::saveNames() {
+    if (fileName.isEmpty() || !namesChanged)
+        return;
+    QVector<GroupVariable> variables;
+    for (int i = 0; i < varNames.size(); ++i)
+        variables.append({varNames[i], varRow[i], varCol[i]});
+    saveGroup(fileName, writeGroup(title(), variables));
+    namesChanged = false;
+}
+
+// The dialog stays a child of the group box; each opening makes another one.
+void GroupBase::openProperties() {
+    auto* dialog = new MyController(this, className, false);
+    initFlag = true;
+    dialog->show();
+}
+
+void GroupBase::openEditor(const char* closedSlot) {
+    if (Display_QD_Window)
+        return;
+    Display_QD_Window = true;
+    if (!displayWindow)
+        displayWindow = new QDWindow(nullptr);
+    connect(displayWindow, SIGNAL(closed(QString)), this, closedSlot);
+    displayWindow->show(fileName);
+}
+
+void GroupBase::editorClosed(const QString& editedFile, const char* closedSlot) {
+    if (!editedFile.isEmpty()) {
+        initLayout = false;
+        setFileName(editedFile);
+    }
+    if (displayWindow)
+        disconnect(displayWindow, SIGNAL(closed(QString)), this, closedSlot);
+    Display_QD_Window = false;
+}
+
+bool GroupBase::findLogical(const QString& variable) {
+    SHARED_MEMORY mem{};
+    if (find_variable(variable.toLatin1().data(), &mem) != 0 || mem.vari_type != LOGI_TYPE)
+        return false;
+    lptr = static_cast<LOGICAL_VARIABLE*>(get_vrbl_adr(mem));
+    return lptr != nullptr;
+}
+
+void GroupBase::leadVariable() {
+    valid_logi = true;
+    writeToggle(isChecked());
+    namesChanged = false;
+}
+
+void GroupBase::writeToggle(bool on) {
+    lptr->value = on ? 1 : 0;
+}

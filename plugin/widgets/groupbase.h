@@ -1,0 +1,112 @@
+// What the two group boxes share: a box that fills itself with read-outs from a group file.
+#ifndef GROUPBASE_H
+#define GROUPBASE_H
+
+#include <ostrel/records.h>
+
+#include <QColor>
+#include <QFont>
+#include <QGroupBox>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class QAction;
+class QDWindow;
+class QGridLayout;
+
+// The one editor window of the process, made when it is first needed, and whether it is open: only one group is edited
+// at a time.
+extern QDWindow* displayWindow;
+extern bool Display_QD_Window;
+
+// It has no meta-object of its own: the meta-object of each group box derives from QGroupBox's directly. Properties and
+// slots are declared by the group boxes.
+class Q_DECL_EXPORT GroupBase : public QGroupBox {
+public:
+    ~GroupBase() override;
+
+    bool eventFilter(QObject* o, QEvent* e) override;
+
+    QString getMyTitle() const { return title(); }
+    void setMyTitle(const QString& title);
+    QFont getGrpFont() const { return font(); }
+    QColor getgBackColor() const { return gBackColor; }
+    QColor getTextColor() const { return textColor; }
+    // The group file in force. A file that cannot be opened changes nothing. The file is read once, until another name
+    // or another orientation is set or the editor closes.
+    QString getFileName() const { return fileName; }
+    void setFileName(const QString& fn);
+    // Names beside their values, or above them. Another orientation builds the read-outs anew.
+    Qt::Orientation getOrientation() const { return orientation; }
+    void setOrientation(const Qt::Orientation& ori);
+    QString getToolTipString() const { return toolTip(); }
+    void setToolTipString(const QString& toolTip);
+    // The logical variable that a checkable group box switches.
+    QString getCheckBoxVarName() const { return boxVarName; }
+    QString getName() const { return name; }
+    void setName(const QString& newName);
+
+protected:
+    explicit GroupBase(QWidget* parent);
+
+    // The context menu; not in a remote display.
+    virtual void initContextMenu() = 0;
+    // Makes the read-out of one variable of the file, with everything set but its place in the grid.
+    virtual QWidget* makeValue(const QString& variable, int row, int column) = 0;
+
+    // The steps of a construction before and after the form is built.
+    void startAs(const char* widgetClass);
+    void addMenu(const char* propertiesSlot, const char* displaySlot);
+    void connectToDisplay(const char* saveSlot, const char* toggleSlot);
+
+    void openProperties();
+    void openEditor(const char* closedSlot);
+    void editorClosed(const QString& editedFile, const char* closedSlot);
+    void saveNames();
+    void renameVariable(const QString& newName, int row, int col);
+
+    void applyBackColor(const QColor& color);
+    void applyFont(const QFont& font);
+
+    // True when the store has the variable and it is a logical one: `lptr` leads to it.
+    bool findLogical(const QString& variable);
+    // The check box leads: its state goes to the variable, now and with each toggling.
+    void leadVariable();
+    void writeToggle(bool on);
+
+    // Hand a property to the form writer: at once, or only after "Edit Properties" was used.
+    void remember(const char* property, const QVariant& value);
+    void rememberLive(const char* property, const QVariant& value);
+    void rememberFontLive(const char* property, const QFont& font);
+
+    bool initFlag = false;      // the properties were opened: changes from now on are the operator's
+    bool namesChanged = false;  // a read-out shows another variable than the group file says
+    bool valid_logi = false;    // the check box may write to *lptr
+    QColor textColor;
+    QString boxVarName;
+    Qt::Orientation orientation = Qt::Horizontal;
+    LOGICAL_VARIABLE* lptr = nullptr;
+
+private:
+    void clearLayout();
+    void fill(QGridLayout* grid, const QByteArray& text);
+
+    bool initLayout = false;  // false: the next setFileName() reads the file in any case
+    QString name;
+    QColor gBackColor;
+    QFont grpFont;
+    QString className;
+    QAction* viewPropertiesAction = nullptr;
+    QAction* viewDisplay = nullptr;
+    QString fileName;
+    // What the last load was asked for, successful or not.
+    Qt::Orientation last_orientation = Qt::Horizontal;
+    QString last_fileName;
+    // One entry for each read-out, in the order of the file.
+    QStringList varNames;
+    QList<int> varRow;
+    QList<int> varCol;
+};
+
+#endif

@@ -1,0 +1,15 @@
+#ifndef ZELGROUPPLUGIN_H
+#define ZELGROUPPLUGIN_H
+
+#include "collection/widgetplugin.h"
+
+class Q_DECL_EXPORT ZelGroupPlugin : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelGroupPlugin(QObject* parent = nullptr);
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+#endif

@@ -1,0 +1,21 @@
+#include "widgets/zelgroupplugin_fl.h"
+
+#include "widgets/zelgroupwidget_fl.h"
+
+namespace {
+
+constexpr WidgetDescription description{
+    .name = "ZelGroup_fl",
+    .icon = "zelgroup",
+    .includeFile = "zelgroupwidget_fl",
+    .form = WidgetDescription::Form::Container,
+    .container = true,
+};
+
+}  // namespace
+
+ZelGroupPlugin_fl::ZelGroupPlugin_fl(QObject* parent) : WidgetPlugin(description, parent) {}
+
+QWidget* ZelGroupPlugin_fl::createWidget(QWidget* parent) {
+    return new ZelGroup_fl(parent);
+}

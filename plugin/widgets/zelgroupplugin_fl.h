@@ -1,0 +1,15 @@
+#ifndef ZELGROUPPLUGIN_FL_H
+#define ZELGROUPPLUGIN_FL_H
+
+#include "collection/widgetplugin.h"
+
+class Q_DECL_EXPORT ZelGroupPlugin_fl : public WidgetPlugin {
+    Q_OBJECT
+    Q_INTERFACES(QDesignerCustomWidgetInterface)
+
+public:
+    explicit ZelGroupPlugin_fl(QObject* parent = nullptr);
+    QWidget* createWidget(QWidget* parent) override;
+};
+
+#endif
