@@ -20,8 +20,7 @@ extern bool InitializationDone;         // the store can be used; threads that w
 extern char ParentUIFile[256];          // path of the form file, for the form writer
 extern bool propertiesChanged;          // a variable name inside a group changed
 extern UIFileWriter* writer;            // the one form writer, made by the first widget that needs it
-extern QObject*
-    runQtUIWindow;  // the host's object: signals ctrlLPressed() and saveConfig(), slot closeEvent(); may be null
+extern QObject* runQtUIWindow;          // signals ctrlLPressed() and saveConfig(), slot closeEvent(); null without
 
 // Limit colours as red, green, blue; for the host.
 extern int System_HighAlarm[3];
