@@ -122,3 +122,9 @@ std::vector<std::string> knownNames() {
         names.push_back(alias);
     return names;
 }
+
+std::vector<std::string> knownNames(const std::string& pattern) {
+    std::vector<std::string> names = knownNames();
+    std::erase_if(names, [&](const std::string& name) { return !pattern.empty() && !matches(pattern, name); });
+    return names;
+}

@@ -35,3 +35,6 @@ std::multimap<std::string, std::string> aliases();
 
 // Every name that can be asked for, aliases included, members and elements not.
 std::vector<std::string> knownNames();
+
+// Those of them that the pattern takes; all where it is empty.
+std::vector<std::string> knownNames(const std::string& pattern);

@@ -15,7 +15,7 @@ void complain(const std::string& message);
 // Variables whose name or alias the glob pattern takes; all where it is empty.
 int listCommand(const std::string& pattern, bool json);
 
-// Names and aliases of those variables, a line each, and nothing else; for scripts.
+// Names and aliases that the pattern takes, a line each and nothing else; for scripts.
 int namesCommand(const std::string& pattern, bool json);
 
 // Values in their own units or in `units`; a name may be a pattern. Unknown names are told at the end, after all that

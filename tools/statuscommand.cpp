@@ -40,9 +40,9 @@ std::vector<Area> areas() {
 }
 
 Json areaJson(const Area& area) {
-    return Json::Object{{"area", static_cast<int>(area.section->area)},   {"section", area.section->name},
-                        {"title", area.section->title}, {"kind", kindName(area.section->kind)},
-                        {"variables", area.variables},  {"room", area.room}};
+    return Json::Object{
+        {"area", static_cast<int>(area.section->area)}, {"section", area.section->name}, {"title", area.section->title},
+        {"kind", kindName(area.section->kind)},         {"variables", area.variables},   {"room", area.room}};
 }
 
 // People look for what is there; machines get the empty ones too.

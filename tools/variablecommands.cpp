@@ -260,11 +260,7 @@ void write(const Variable& variable, const std::string& value, const std::string
 }  // namespace
 
 int namesCommand(const std::string& pattern, bool json) {
-    std::vector<std::string> names;
-    for (const CatalogueEntry& entry : catalogue(pattern)) {
-        names.push_back(entry.variable.name);
-        names.insert(names.end(), entry.aliases.begin(), entry.aliases.end());
-    }
+    const std::vector<std::string> names = knownNames(pattern);
     if (json)
         std::puts(Json(Json::Array(names.begin(), names.end())).text().c_str());
     else

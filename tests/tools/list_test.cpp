@@ -58,7 +58,7 @@ TEST_F(List, SaysThatNothingMatchesAndWhatWould) {
 }
 
 TEST_F(List, GivesNamesAloneToScripts) {
-    EXPECT_EQ(ostrel({"list", "--names", "*SPEED"}).output, "ENGINE_SPEED\nSPEED\nFAN_SPEED\n");
+    EXPECT_EQ(ostrel({"list", "--names", "*SPEED"}).output, "ENGINE_SPEED\nFAN_SPEED\nSPEED\nMEAN_SPEED\n");
     EXPECT_EQ(ostrel({"list", "--names", "ZZZ*"}).output, "");
     EXPECT_EQ(json({"list", "--names", "OIL*"}).array(), (QJsonArray{"OIL_TEMP", "OIL_PRESSURE"}));
 }
