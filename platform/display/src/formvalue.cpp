@@ -70,7 +70,8 @@ FormElement fontElement(const QFont& font) {
         element.children.append(leaf("weight", font.weight()));
     if (decided & QFont::StyleResolved)
         element.children.append(leaf("italic", font.italic()));
-    if (decided & QFont::WeightResolved)
+    // Readers take <bold> for more than <weight>, and know one bold weight by it.
+    if ((decided & QFont::WeightResolved) && (font.weight() == QFont::Normal || font.weight() == QFont::Bold))
         element.children.append(leaf("bold", font.bold()));
     if (decided & QFont::UnderlineResolved)
         element.children.append(leaf("underline", font.underline()));
@@ -190,7 +191,8 @@ std::optional<FormElement> elementOfEnum(const QMetaEnum& names, const QVariant&
     for (const QByteArray& key : names.valueToKeys(*number).split('|'))
         if (!key.isEmpty())
             keys.append(scoped(names, key));
-    return leaf("set", keys.join(QLatin1Char('|')));
+    // A set without a key is read as every flag.
+    return keys.isEmpty() ? leaf("number", *number) : leaf("set", keys.join(QLatin1Char('|')));
 }
 
 }  // namespace
