@@ -1,0 +1,118 @@
+// Opening stores that are cut short, of another version, or no stores at all. On the objects themselves.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstring>
+
+#include "eventmemory.h"
+#include "fuzzinputs.h"
+#include "storeobjects.h"
+
+namespace {
+
+class StoreOpen : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(createStoreObjects(made, name, defaultCapacities(), {}, problem)) << problem;
+        StoreHeader& header = *made.storeHeader();
+        header.layoutVersion = kLayoutVersion;
+        header.eventBytes = eventMemorySize();
+        header.sectionCount = kSections;
+        header.magic = kMagic;
+        header.state = kLive;
+        ASSERT_EQ(open(), StoreLook::kUsable);
+    }
+
+    void TearDown() override { unlinkStoreObjects(name); }
+
+    StoreLook open() {
+        StoreObjects objects;
+        problem.clear();
+        return openStoreObjects(objects, name, problem);
+    }
+
+    void resize(const std::string& suffix, size_t size) {
+        const int fd = shm_open(("/ostrel-" + name + suffix).c_str(), O_RDWR, 0);
+        ASSERT_GE(fd, 0) << suffix;
+        ASSERT_EQ(ftruncate(fd, static_cast<off_t>(size)), 0);
+        close(fd);
+    }
+
+    const std::string name = "test-open-" + std::to_string(getpid());
+    StoreObjects made;
+    std::string problem;
+};
+
+TEST_F(StoreOpen, AnotherVersionIsSaid) {
+    made.storeHeader()->layoutVersion = 7;
+    EXPECT_EQ(open(), StoreLook::kDamaged);
+    EXPECT_EQ(problem, "has layout version 7, this program knows " + std::to_string(kLayoutVersion));
+}
+
+TEST_F(StoreOpen, WhatIsNoStoreIsSaid) {
+    std::memset(made.header.data(), 'x', 4096);
+    EXPECT_EQ(open(), StoreLook::kDamaged);
+    EXPECT_EQ(problem, "is no store");
+}
+
+TEST_F(StoreOpen, ObjectsCutShortAreSaid) {
+    FuzzInputs random(21);
+    const struct {
+        std::string suffix;
+        size_t size;
+    } objects[] = {{"-area54", made.areas[GU_REAL_MEM].size()},
+                   {"-area63", made.areas[ALIAS_MEM].size()},
+                   {"-elements", made.elements.size()},
+                   {"-events", made.events.size()},
+                   {"-blocks", made.blocks.size()},
+                   {"-writes", made.writes.size()}};
+    for (int i = 0; i < FuzzInputs::scaled(300); ++i) {
+        const auto& object = objects[random.below(std::size(objects))];
+        resize(object.suffix, random.below(object.size));
+        EXPECT_EQ(open(), StoreLook::kDamaged) << object.suffix;
+        resize(object.suffix, object.size);
+        EXPECT_EQ(open(), StoreLook::kUsable) << object.suffix << ": " << problem;
+    }
+}
+
+TEST_F(StoreOpen, AHeaderCutShortIsSaid) {
+    FuzzInputs random(22);
+    const size_t size = made.header.size();
+    for (int i = 0; i < FuzzInputs::scaled(300); ++i) {
+        // The page at the front stays as this test has it mapped.
+        resize("", 4096 + random.below(size - 4096));
+        EXPECT_EQ(open(), StoreLook::kDamaged);
+    }
+    resize("", size);
+    made = StoreObjects();
+    resize("", 0);
+    EXPECT_EQ(open(), StoreLook::kAbsent) << "as one that is just being made";
+}
+
+TEST_F(StoreOpen, ARandomHeaderNeverHarms) {
+    FuzzInputs random(23);
+    constexpr size_t size = sizeof(StoreHeader);
+    const std::string whole(made.header.data(), size);
+    int usable = 0;
+    for (int i = 0; i < FuzzInputs::scaled(15000); ++i) {
+        for (size_t spoils = 1 + random.below(3); spoils > 0; --spoils)
+            random.spoil(made.header.data(), i % 2 == 0 ? 1488 : 64);
+        usable += open() == StoreLook::kUsable;
+        std::memcpy(made.header.data(), whole.data(), size);
+    }
+    EXPECT_GT(usable, 0) << "names of files may be anything";
+    EXPECT_EQ(open(), StoreLook::kUsable);
+}
+
+TEST_F(StoreOpen, CapacitiesThatTheObjectsHaveNoRoomForAreSaid) {
+    made.storeHeader()->sections[0].capacity = INT16_MAX;
+    EXPECT_EQ(open(), StoreLook::kDamaged);
+    made.storeHeader()->sections[0].capacity = 0;
+    EXPECT_EQ(open(), StoreLook::kDamaged);
+    made.storeHeader()->sections[0].capacity = UINT32_MAX;
+    EXPECT_EQ(open(), StoreLook::kDamaged);
+}
+
+}  // namespace
