@@ -17,7 +17,9 @@ QWidget* PropertyDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
     QWidget* editor = m_tree->makeEditor(index, parent);
     if (!editor)
         return nullptr;
+    // With and without a style sheet the editor covers the row's selection.
     editor->setAutoFillBackground(true);
+    editor->setAttribute(Qt::WA_StyledBackground);
     // Keys reach the widget inside that has the focus; the tree itself adds the filter to the editor alone.
     const QList<QWidget*> inside = editor->findChildren<QWidget*>();
     for (QWidget* widget : inside)
