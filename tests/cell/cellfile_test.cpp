@@ -348,7 +348,7 @@ TEST(CellFile, FindsNoMistakeInTheDemo) {
     Diagnostics diagnostics(DEMO_CELL_FILE);
     read_cell_file(DEMO_CELL_FILE, model, simulation, diagnostics);
     EXPECT_EQ(diagnostics.text(), "");
-    EXPECT_GE(model.variables.size(), 60U);
+    EXPECT_GE(model.variables.size(), 150U);
 }
 
 }  // namespace
