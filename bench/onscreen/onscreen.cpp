@@ -1,4 +1,5 @@
-// CPU, memory and time to the first live picture of a window full of read-outs, each as a ratio to labels.
+// CPU, memory and time to the first live picture of a window full of read-outs, each as a ratio to labels; and how long
+// a form with as many of them takes to load.
 //
 // Every kind of window runs in a process of its own, which counts its own processor time; the store is served by
 // another process, which is not counted. The kinds take turns, so that a drift of the machine's speed meets all.
@@ -11,6 +12,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGridLayout>
@@ -18,6 +20,7 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QTimer>
+#include <QUiLoader>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -27,6 +30,7 @@
 #include <vector>
 
 #include "core/globals.h"
+#include "widgets/zel_simplevalue.h"
 #include "widgets/zel_value.h"
 
 namespace {
@@ -38,6 +42,7 @@ struct Result {
     double cores = 0.0;       // processor seconds per second
     double memory = 0.0;      // MiB resident
     double firstPicture = 0;  // ms from the start of main() to the first paint with values
+    double load = 0;          // ms that the form took, where the window is one
 };
 
 double processorSeconds() {
@@ -145,15 +150,59 @@ void showNumbers(QWidget& window, QGridLayout& grid, int count, bool changing) {
     timer->start(period);
 }
 
+template <class Widget>
 void showValues(QGridLayout& grid, int count) {
-    inDesigner = false;
-    InitializationDone = true;
     for (int i = 0; i < count; ++i) {
-        auto* value = new ZelValue;
+        auto* value = new Widget;
         value->setSampleRate(period);
         value->setName(QString::fromLatin1(variableName(i)));
         grid.addWidget(value, i / columns, i % columns);
     }
+}
+
+QWidget* fillWindow(const QByteArray& kind, int count, bool changing) {
+    auto* window = new QWidget;
+    auto* grid = new QGridLayout(window);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(2);
+    if (kind == "labels")
+        showNumbers<QLabel>(*window, *grid, count, changing);
+    else if (kind == "edits")
+        showNumbers<QLineEdit>(*window, *grid, count, changing);
+    else if (kind == "simple")
+        showValues<ZelSimpleValue>(*grid, count);
+    else
+        showValues<ZelValue>(*grid, count);
+    return window;
+}
+
+QByteArray formText(const QByteArray& widgetClass, int count) {
+    QByteArray text =
+        "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\">"
+        "<layout class=\"QGridLayout\" name=\"grid\">";
+    const QByteArray property = widgetClass == "QLabel" ? "text" : "name";
+    for (int i = 0; i < count; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        text += "<item row=\"" + QByteArray::number(i / columns) + "\" column=\"" + QByteArray::number(i % columns) +
+                "\"><widget class=\"" + widgetClass + "\" name=\"w" + number + "\"><property name=\"" + property +
+                "\"><string>" + variableName(i) + "</string></property></widget></item>";
+    }
+    return text + "</layout></widget></ui>";
+}
+
+// Loads a form as a display does; the library is loaded before, as it is for any form.
+QWidget* loadForm(const QByteArray& widgetClass, int count, double& milliseconds) {
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(QStringLiteral(PLUGIN_FOLDER));
+    QByteArray text = formText(widgetClass, count);
+    QBuffer form(&text);
+    form.open(QIODevice::ReadOnly);
+    QElapsedTimer time;
+    time.start();
+    QWidget* window = loader.load(&form);
+    milliseconds = double(time.nsecsElapsed()) * 1e-6;
+    return window;
 }
 
 int runWindow(int argc, char** argv) {
@@ -164,16 +213,11 @@ int runWindow(int argc, char** argv) {
     const bool changing = std::strcmp(argv[4], "changing") == 0;
     const int seconds = std::atoi(argv[5]);
     QApplication application(argc, argv);
-    QWidget window;
-    QGridLayout grid(&window);
-    grid.setContentsMargins(0, 0, 0, 0);
-    grid.setSpacing(2);
-    if (kind == "labels")
-        showNumbers<QLabel>(window, grid, count, changing);
-    else if (kind == "edits")
-        showNumbers<QLineEdit>(window, grid, count, changing);
-    else
-        showValues(grid, count);
+    inDesigner = false;
+    InitializationDone = true;
+    double load = 0.0;
+    QWidget& window =
+        kind.startsWith("form:") ? *loadForm(kind.mid(5), count, load) : *fillWindow(kind, count, changing);
     window.resize(columns * 140, (count / columns) * 75);
     window.show();
     while (!window.isVisible() || !window.windowHandle()->isExposed())
@@ -189,7 +233,7 @@ int runWindow(int argc, char** argv) {
     QTimer::singleShot(1000 + seconds * 1000, [&] { application.quit(); });
     QApplication::exec();
     const double cores = (processorSeconds() - before) / (double(measured.nsecsElapsed()) * 1e-9);
-    std::printf("%f %f %f\n", cores, residentMemory(), firstPicture);
+    std::printf("%f %f %f %f\n", cores, residentMemory(), firstPicture, load);
     std::fflush(stdout);
     // The waiting threads of the timers never end by themselves.
     _exit(0);
@@ -207,7 +251,7 @@ Result medianOf(const std::vector<Result>& runs) {
             values.push_back(run.*field);
         return median(values);
     };
-    return {pick(&Result::cores), pick(&Result::memory), pick(&Result::firstPicture)};
+    return {pick(&Result::cores), pick(&Result::memory), pick(&Result::firstPicture), pick(&Result::load)};
 }
 
 Result measure(const QString& program, const QString& kind, int count, bool changing, int seconds) {
@@ -218,27 +262,56 @@ Result measure(const QString& program, const QString& kind, int count, bool chan
                    changing ? QStringLiteral("changing") : QStringLiteral("steady"), QString::number(seconds)});
     process.waitForFinished(-1);
     const QList<QByteArray> fields = process.readAllStandardOutput().simplified().split(' ');
-    return {fields.value(0).toDouble(), fields.value(1).toDouble(), fields.value(2).toDouble()};
+    return {fields.value(0).toDouble(), fields.value(1).toDouble(), fields.value(2).toDouble(),
+            fields.value(3).toDouble()};
+}
+
+// The medians of each kind of window; the kinds take turns.
+std::vector<Result> measureAll(const QString& program, const QStringList& kinds, int count, bool changing, int seconds,
+                               int rounds) {
+    std::vector<std::vector<Result>> runs(static_cast<size_t>(kinds.size()));
+    for (int round = 0; round < rounds; ++round)
+        for (int k = 0; k < kinds.size(); ++k)
+            runs[static_cast<size_t>(k)].push_back(measure(program, kinds[k], count, changing, seconds));
+    std::vector<Result> medians;
+    for (const auto& results : runs)
+        medians.push_back(medianOf(results));
+    return medians;
 }
 
 void compare(const QString& program, int count, bool changing, int seconds, int rounds) {
     const Store store(count, changing);
-    const QStringList kinds = {QStringLiteral("labels"), QStringLiteral("edits"), QStringLiteral("values")};
-    std::vector<std::vector<Result>> runs(3);
-    for (int round = 0; round < rounds; ++round)
-        for (int k = 0; k < 3; ++k)
-            runs[static_cast<size_t>(k)].push_back(measure(program, kinds[k], count, changing, seconds));
-    const Result floor = medianOf(runs[0]);
+    const QStringList kinds = {QStringLiteral("labels"), QStringLiteral("edits"), QStringLiteral("values"),
+                               QStringLiteral("simple")};
+    const char* names[] = {"QLabel", "QLineEdit", "ZelValue", "ZelSimpleValue"};
+    const std::vector<Result> results = measureAll(program, kinds, count, changing, seconds, rounds);
+    const Result& floor = results.front();
     std::printf("\n%d fields at 10 Hz, %s (median of %d runs of %d s)\n", count,
                 changing ? "all changing" : "none changing", rounds, seconds);
-    std::printf("%-12s %10s %8s %10s %8s %12s %8s\n", "", "cores", "ratio", "MiB", "ratio", "first ms", "ratio");
-    const char* names[] = {"QLabel", "QLineEdit", "ZelValue"};
-    for (size_t k = 0; k < 3; ++k) {
-        const Result result = medianOf(runs[k]);
-        std::printf("%-12s %10.4f %8.2f %10.1f %8.2f %12.1f %8.2f\n", names[k], result.cores,
+    std::printf("%-14s %10s %8s %10s %8s %12s %8s\n", "", "cores", "ratio", "MiB", "ratio", "first ms", "ratio");
+    for (size_t k = 0; k < results.size(); ++k) {
+        const Result& result = results[k];
+        std::printf("%-14s %10.4f %8.2f %10.1f %8.2f %12.1f %8.2f\n", names[k], result.cores,
                     result.cores / floor.cores, result.memory, result.memory / floor.memory, result.firstPicture,
                     result.firstPicture / floor.firstPicture);
     }
+    std::fflush(stdout);
+}
+
+void compareForms(const QString& program, int count, int rounds) {
+    const Store store(count, false);
+    const QStringList classes = {QStringLiteral("QLabel"), QStringLiteral("ZelSimpleValue"),
+                                 QStringLiteral("ZelValue")};
+    QStringList kinds;
+    for (const QString& name : classes)
+        kinds.append(QStringLiteral("form:") + name);
+    const std::vector<Result> results = measureAll(program, kinds, count, false, 0, rounds);
+    std::printf("\na form with %d of them (median of %d)\n", count, rounds);
+    std::printf("%-14s %10s %8s %12s %8s\n", "", "load ms", "ratio", "first ms", "ratio");
+    for (size_t k = 0; k < results.size(); ++k)
+        std::printf("%-14s %10.1f %8.2f %12.1f %8.2f\n", qPrintable(classes[static_cast<int>(k)]), results[k].load,
+                    results[k].load / results.front().load, results[k].firstPicture,
+                    results[k].firstPicture / results.front().firstPicture);
     std::fflush(stdout);
 }
 
@@ -254,5 +327,6 @@ int main(int argc, char** argv) {
     const QString program = QString::fromLocal8Bit(argv[0]);
     compare(program, count, true, seconds, rounds);
     compare(program, count, false, seconds, rounds);
+    compareForms(program, count, rounds);
     return 0;
 }

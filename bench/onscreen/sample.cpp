@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "core/globals.h"
+#include "widgets/zel_simplevalue.h"
 #include "widgets/zel_value.h"
 
 namespace {
@@ -36,24 +37,28 @@ bool serveOneVariable() {
     return true;
 }
 
+template <class Widget>
 void unchanged_sample(benchmark::State& state) {
-    ZelValue widget;
+    Widget widget;
     widget.setName("SPEED");
     for (auto _ : state)
-        widget.sample(false);
+        widget.ostrelTimerEvent(widget.getSampleRate());
 }
-BENCHMARK(unchanged_sample);
+BENCHMARK_TEMPLATE(unchanged_sample, ZelValue)->Name("unchanged_sample");
+BENCHMARK_TEMPLATE(unchanged_sample, ZelSimpleValue)->Name("unchanged_sample_simple");
 
+template <class Widget>
 void changed_sample(benchmark::State& state) {
-    ZelValue widget;
+    Widget widget;
     widget.setName("SPEED");
     double value = 1000.0;
     for (auto _ : state) {
         record->value = value += 0.37;
-        widget.sample(false);
+        widget.ostrelTimerEvent(widget.getSampleRate());
     }
 }
-BENCHMARK(changed_sample);
+BENCHMARK_TEMPLATE(changed_sample, ZelValue)->Name("changed_sample");
+BENCHMARK_TEMPLATE(changed_sample, ZelSimpleValue)->Name("changed_sample_simple");
 
 void changed_sample_in_other_units(benchmark::State& state) {
     ZelValue widget;
