@@ -84,16 +84,23 @@ int runDisplay(const Options& options) {
     openStore(options);
 
     EndSignals endSignals;
-    QObject::connect(&endSignals, &EndSignals::endAsked, qApp, &QCoreApplication::quit);
+    bool ended = false;  // a question before the window is up has its own loop, which takes the quit for itself
+    QObject::connect(&endSignals, &EndSignals::endAsked, qApp, [&ended] {
+        ended = true;
+        QCoreApplication::quit();
+    });
     CellWatch watch;
-    auto window = std::make_unique<MainWindow>(form, &watch);
+    const bool silent = options.kiosk || !picture.isEmpty();
+    auto window = std::make_unique<MainWindow>(form, &watch, silent ? Manners::Silent : Manners::Asks);
     window->takePlace(options);
     if (!picture.isEmpty()) {
         window->setAttribute(Qt::WA_DontShowOnScreen);
         takePictureLater(window.get(), &watch, picture, options.after);
     }
-    window->show();
-    const int status = QCoreApplication::exec();
+    window->setWindowState(options.kiosk ? Qt::WindowFullScreen : Qt::WindowNoState);
+    if (!ended)
+        window->show();
+    const int status = ended ? 0 : QCoreApplication::exec();
     MainWindowClose = true;
     window.reset();
     TimerModerator::shutDown();

@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "core/ostrelbase.h"
 #include "fabric/ostrelgblreconfigevent.h"
+#include "unsavedchanges.h"
 
 namespace {
 
@@ -20,6 +21,11 @@ bool wantsVariable(const OstrelBase* widget) {
 
 FormBindings::FormBindings(QWidget* form, const CellState& built, QObject* parent)
     : QObject(parent), m_form(form), m_bound(built) {}
+
+void FormBindings::setForm(QWidget* form, const CellState& built) {
+    m_form = form;
+    m_bound = built;
+}
 
 QList<OstrelBase*> FormBindings::widgets() const {
     if (!m_form)
@@ -87,6 +93,8 @@ void FormBindings::pause(short area) {
 }
 
 void FormBindings::bindAgain() {
+    // A name or units that a widget takes over from the new store are nobody's edit of the form.
+    const FormChanges::Hold hold(formChanges());
     for (OstrelBase* widget : widgets()) {
         // A widget that still holds a record would keep its pointer of that kind and show the old store's value.
         widget->clearMem();

@@ -26,6 +26,9 @@ public:
     // `built` is the state of the cell in which the form's widgets looked for their variables.
     FormBindings(QWidget* form, const CellState& built, QObject* parent = nullptr);
 
+    // Another form takes the place of the former one.
+    void setForm(QWidget* form, const CellState& built);
+
     // Gives widgets, by object name, the units that the form asks for. A widget takes its variable's own units whenever
     // it binds to another variable, also while its form loads, so the form's units come after the form.
     void applyUnits(const QHash<QString, QString>& unitsOfObjects);

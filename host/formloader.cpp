@@ -1,5 +1,6 @@
 #include "formloader.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -26,18 +27,25 @@ QSet<QString> FormLoader::knownClasses() const {
     return QSet<QString>(ofQt.begin(), ofQt.end()) + QSet<QString>(ours.begin(), ours.end());
 }
 
-LoadedForm FormLoader::loadForm(const QString& path) {
+QByteArray FormLoader::readForm(const QString& path) {
     QFile file(path);
     if (QFileInfo(path).isDir())
         throw Failure(path + QStringLiteral(": is a folder; give a form made with Qt Designer"));
     if (!file.open(QIODevice::ReadOnly))
         throw Failure(QStringLiteral("%1: %2; give a form made with Qt Designer").arg(path, file.errorString()));
-    FormOutline outline = outlineForm(&file, path, knownClasses());
+    return file.readAll();
+}
+
+LoadedForm FormLoader::loadForm(const QString& path, const QByteArray& text) {
+    QBuffer buffer;
+    buffer.setData(text);
+    buffer.open(QIODevice::ReadOnly);
+    FormOutline outline = outlineForm(&buffer, path, knownClasses());
     if (!outline.faults.isEmpty())
         throw Failure(outline.faults.join('\n'));
-    file.seek(0);
+    buffer.seek(0);
     setWorkingDirectory(QFileInfo(path).absoluteDir());
-    LoadedForm form{std::unique_ptr<QWidget>(load(&file)), std::move(outline.units)};
+    LoadedForm form{std::unique_ptr<QWidget>(load(&buffer)), std::move(outline.units)};
     if (!form.widget)
         throw Failure(QStringLiteral("%1: %2; save it again with Qt Designer").arg(path, errorString()));
     return form;

@@ -25,8 +25,12 @@ public:
     // The classes that a form may use.
     QSet<QString> knownClasses() const;
 
-    // Throws Failure, with a line for each fault, when the file is no form that can be built.
-    LoadedForm loadForm(const QString& path);
+    // The content of a form file; throws Failure where it cannot be read.
+    static QByteArray readForm(const QString& path);
+
+    // Builds the form `text`, which stands in the file `path` or is to stand there. Throws Failure, with a line for
+    // each fault, when it is no form that can be built.
+    LoadedForm loadForm(const QString& path, const QByteArray& text);
 
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override;
 

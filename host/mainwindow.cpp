@@ -1,19 +1,31 @@
 #include "mainwindow.h"
 
+#include <QCloseEvent>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <cstdio>
 
 #include "banner.h"
 #include "cellwatch.h"
+#include "core/globals.h"
+#include "core/ostrelbase.h"
 #include "displaycontrol.h"
 #include "fabric/signalslotsingleton.h"
+#include "failure.h"
 #include "formarea.h"
 #include "formbindings.h"
 #include "formloader.h"
+#include "formwatch.h"
+#include "offerbar.h"
 #include "options.h"
+#include "questions.h"
+#include "unsavedchanges.h"
 
 namespace {
 
@@ -28,21 +40,26 @@ QString widgetsText(int number, const char* what) {
 
 }  // namespace
 
-MainWindow::MainWindow(const QString& path, CellWatch* watch) {
+MainWindow::MainWindow(const QString& path, CellWatch* watch, Manners manners)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_watch(watch), m_manners(manners) {
     // Widgets connect to the control while they are built.
-    runQtUIWindow = new DisplayControl(this);
-    LoadedForm form = FormLoader().loadForm(path);
-    const QString title = form.widget->windowTitle();
-    setWindowTitle(title.isEmpty() ? QFileInfo(path).fileName() : title);
-    m_bindings = new FormBindings(form.widget.get(), watch->state(), this);
-    m_bindings->applyUnits(form.units);
+    m_control = new DisplayControl(this);
+    runQtUIWindow = m_control;
+    m_unsaved = new UnsavedChanges(m_path, this);
+    m_formWatch = new FormWatch(this);
+    m_bindings = new FormBindings(nullptr, watch->state(), this);
     connect(m_bindings, &FormBindings::storeUsable, &SignalSlotSingleton::getInstance(),
             &SignalSlotSingleton::readFromOstrel);
-    addForm(std::move(form));
-    m_storeField = addField("storeField");
-    m_heartbeatField = addField("heartbeatField");
-    m_bindingField = addField("bindingField");
+    layOut();
+    const QByteArray text = FormLoader::readForm(path);
+    build(text, manners == Manners::Asks ? offerRecovery(text) : QByteArray());
+    if (manners == Manners::Asks) {
+        addMenu();
+        connect(m_formWatch, &FormWatch::formChanged, this, &MainWindow::offerReload);
+    }
+    connect(m_unsaved, &UnsavedChanges::changed, this, &MainWindow::showChanges);
     connect(watch, &CellWatch::looked, this, &MainWindow::tell);
+    showChanges();
     tell(watch->state());
 }
 
@@ -50,16 +67,101 @@ MainWindow::~MainWindow() {
     runQtUIWindow = nullptr;
 }
 
-void MainWindow::addForm(LoadedForm form) {
+void MainWindow::layOut() {
     auto* contents = new QWidget;
-    auto* column = new QVBoxLayout(contents);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    m_column = new QVBoxLayout(contents);
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(0);
     m_banner = new Banner;
-    m_area = new FormArea(form.widget.release());
-    column->addWidget(m_banner);
-    column->addWidget(m_area, 1);
+    m_offer = new OfferBar;
+    m_column->addWidget(m_banner);
+    m_column->addWidget(m_offer);
     setCentralWidget(contents);
+    m_storeField = addField("storeField");
+    m_heartbeatField = addField("heartbeatField");
+    m_bindingField = addField("bindingField");
+    m_changesField = addField("changesField");
+    connect(m_offer, &OfferBar::accepted, this, &MainWindow::reload);
+    connect(m_unsaved, &UnsavedChanges::recoveryFailed, this, [this](bool failed) {
+        m_changesField->setStyleSheet(failed ? QStringLiteral("color: #b20018;") : QString());
+        m_changesField->setStatusTip(failed ? tr("They would be lost with this display: nothing can be written beside "
+                                                 "the form.")
+                                            : QString());
+    });
+}
+
+void MainWindow::addMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Form"));
+    const auto add = [&](const QString& text, const QKeySequence& keys, auto slot) {
+        menu->addAction(text, this, slot, keys);
+    };
+    add(tr("&Save Form Changes"), QKeySequence::Save, &MainWindow::save);
+    add(tr("Save Form &As…"), QKeySequence(tr("Ctrl+Shift+S")), &MainWindow::saveAs);
+    add(tr("&Revert to Saved"), {}, &MainWindow::revert);
+    menu->addSeparator();
+    add(tr("&Close"), QKeySequence(tr("Ctrl+Q")), &MainWindow::close);
+}
+
+// The changes to begin with, packed; empty for none.
+QByteArray MainWindow::offerRecovery(const QByteArray& text) {
+    const std::optional<FoundRecovery> found = findRecovery(m_path);
+    FormChanges changes;
+    bool sameForm = false;
+    if (!found || !changes.takeOver(found->changes, text, &sameForm) || !changes.isDirty())
+        return QByteArray();
+    RecoveryOffer offer{QFileInfo(m_path).fileName(), found->written, changes.summary(), {}, {}};
+    changes.appliedTo(text, &offer.unplaced);
+    if (!sameForm)
+        offer.formChanged = QFileInfo(m_path).lastModified();
+    const RecoveryAnswer answer = askRecovery(offer);
+    if (answer == RecoveryAnswer::Later)
+        return QByteArray();
+    // Restored changes have this display's own file before the one that they come from goes.
+    const bool kept = answer == RecoveryAnswer::Discard || RecoveryFile(m_path).write(found->changes);
+    if (kept)
+        QFile::remove(found->path);
+    return answer == RecoveryAnswer::Restore ? found->changes : QByteArray();
+}
+
+// Throws Failure, with the former form still on show.
+void MainWindow::build(const QByteArray& text, const QByteArray& packed) {
+    FormChanges added;
+    const QByteArray shown = packed.isEmpty() || !added.takeOver(packed) ? text : added.appliedTo(text);
+    QWidget* widget = nullptr;
+    {
+        const FormChanges::Hold hold(formChanges());
+        LoadedForm form = FormLoader().loadForm(m_path, shown);
+        widget = form.widget.get();
+        m_bindings->setForm(widget, m_watch->state());
+        m_bindings->applyUnits(form.units);
+        place(std::move(form));
+    }
+    m_unsaved->formLoaded(widget, text, packed);
+    m_formWatch->follow(m_path, text);
+    for (OstrelBase* each : widget->findChildren<OstrelBase*>())
+        connect(each, &OstrelBase::saveUIfile, this, &MainWindow::save);
+    if (InitializationDone)
+        emit SignalSlotSingleton::getInstance().readFromOstrel();
+}
+
+void MainWindow::place(LoadedForm form) {
+    const QString title = form.widget->windowTitle();
+    setWindowTitle((title.isEmpty() ? QFileInfo(m_path).fileName() : title) + QStringLiteral("[*]"));
+    delete m_area;
+    m_area = new FormArea(form.widget.release());
+    m_column->addWidget(m_area, 1);
+}
+
+bool MainWindow::rebuild(const QByteArray& packed) {
+    try {
+        build(FormLoader::readForm(m_path), packed);
+        m_offer->hide();
+        tell(m_watch->state());
+        return true;
+    } catch (const Failure& failure) {
+        tellNotBuilt(this, QString::fromUtf8(failure.what()));
+        return false;
+    }
 }
 
 QLabel* MainWindow::addField(const char* name) {
@@ -81,13 +183,94 @@ void MainWindow::takePlace(const Options& options) {
         move(*options.geometry->x, *options.geometry->y);
 }
 
+bool MainWindow::save() {
+    emit m_control->saveConfig();
+    return settle(m_unsaved->save());
+}
+
+bool MainWindow::saveAs() {
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Form As"), m_path, tr("Forms (*.ui)"));
+    if (path.isEmpty())
+        return false;
+    emit m_control->saveConfig();
+    return settle(m_unsaved->saveAs(path));
+}
+
+// What is to be done after saving: true when all is saved.
+bool MainWindow::settle(const FormSaving& saving) {
+    if (FormChanges* changes = formChanges(); changes && saving.fault.isEmpty()) {
+        m_path = changes->path();
+        m_formWatch->follow(m_path, changes->text());
+        m_offer->hide();
+    }
+    if (m_manners == Manners::Silent) {
+        if (!saving.fault.isEmpty())
+            std::fprintf(stderr, "ostrel-display: %s\n", qPrintable(saving.fault));
+        return saving.isComplete();
+    }
+    if (!saving.fault.isEmpty())
+        return tellSavingFailed(this, saving.fault) && saveAs();
+    tellMerged(this, saving.unplaced, saving.overwritten);
+    return saving.isComplete();
+}
+
+void MainWindow::revert() {
+    if (m_unsaved->any() && !askRevert(this, formName(), m_unsaved->summary()))
+        return;
+    rebuild(QByteArray());
+}
+
+void MainWindow::reload() {
+    FormChanges* changes = formChanges();
+    const QByteArray packed = changes && changes->isDirty() ? changes->packed() : QByteArray();
+    if (!rebuild(packed) || packed.isEmpty())
+        return;
+    QStringList unplaced;
+    changes->appliedTo(changes->text(), &unplaced);
+    tellMerged(this, unplaced, {});
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    m_unsaved->look();
+    // Where nobody answers, the changes wait in the recovery file.
+    if (!m_unsaved->any() || m_manners == Manners::Silent)
+        return event->accept();
+    const ClosingAnswer answer = askClosing(this, formName(), m_unsaved->summary());
+    const bool close = answer == ClosingAnswer::Discard || (answer == ClosingAnswer::Save && save());
+    if (close && answer == ClosingAnswer::Discard)
+        m_unsaved->discard();
+    event->setAccepted(close);
+}
+
+QString MainWindow::formName() const {
+    return QFileInfo(m_path).fileName();
+}
+
+void MainWindow::offerReload() {
+    m_offer->offer(m_unsaved->any()
+                       ? tr("The form was changed on the disk. Your unsaved changes are kept when it is reloaded.")
+                       : tr("The form was changed on the disk."),
+                   tr("Reload"));
+}
+
 void MainWindow::tell(const CellState& state) {
+    m_unsaved->look();
     m_bindings->follow(state);
     m_banner->tell(noDataHeadline(state), noDataReason(state));
     m_area->setFrozen(!state.alive());
     setText(m_storeField, storeText(state));
     setText(m_heartbeatField, heartbeatText(state));
     showBindings();
+}
+
+void MainWindow::showChanges() {
+    const int count = m_unsaved->count();
+    setWindowModified(count > 0);
+    setText(m_changesField, count == 0   ? QString()
+                            : count == 1 ? tr("1 unsaved change")
+                                         : tr("%1 unsaved changes").arg(count));
+    m_changesField->setToolTip(m_unsaved->any() ? m_unsaved->summary().join(QLatin1Char('\n')) : QString());
+    m_changesField->setVisible(count > 0);
 }
 
 void MainWindow::showBindings() {

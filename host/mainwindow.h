@@ -8,35 +8,75 @@
 
 class Banner;
 class CellWatch;
+class DisplayControl;
 class FormArea;
 class FormBindings;
+class FormWatch;
+class OfferBar;
 class QLabel;
+class QVBoxLayout;
+class UnsavedChanges;
+struct FormSaving;
 struct LoadedForm;
 struct Options;
+
+// Whether there is somebody to answer questions. A display without has no menu either.
+enum class Manners { Asks, Silent };
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    // Loads the form; throws Failure where that cannot be done. `watch` outlives the window.
-    MainWindow(const QString& path, CellWatch* watch);
+    // Loads the form; throws Failure where that cannot be done. `watch` outlives the window. Where there is somebody to
+    // ask, and changes of a display that died were left, asks what to do with them first.
+    MainWindow(const QString& path, CellWatch* watch, Manners manners = Manners::Asks);
     ~MainWindow() override;
 
     // The place that was asked for, or else the form's own size as far as the screen has room for it.
     void takePlace(const Options& options);
 
+public Q_SLOTS:
+    // True when nothing is unsaved afterwards. Tells where that cannot be.
+    bool save();
+    bool saveAs();
+    // Goes back to what the form file says.
+    void revert();
+    // Builds the form anew from its file and puts the unsaved changes into it.
+    void reload();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
-    void addForm(LoadedForm form);
+    void layOut();
+    void addMenu();
+    QByteArray offerRecovery(const QByteArray& text);
+    void build(const QByteArray& text, const QByteArray& packed);
+    void place(LoadedForm form);
+    bool rebuild(const QByteArray& packed);
+    bool settle(const FormSaving& saving);
     void tell(const CellState& state);
     void showBindings();
+    void showChanges();
+    void offerReload();
+    QString formName() const;
     QLabel* addField(const char* name);
 
+    QString m_path;
+    CellWatch* m_watch;
+    Manners m_manners;
+    DisplayControl* m_control = nullptr;
     FormBindings* m_bindings = nullptr;
+    UnsavedChanges* m_unsaved = nullptr;
+    FormWatch* m_formWatch = nullptr;
     Banner* m_banner = nullptr;
+    OfferBar* m_offer = nullptr;
     FormArea* m_area = nullptr;
+    QVBoxLayout* m_column = nullptr;
     QLabel* m_storeField = nullptr;
     QLabel* m_heartbeatField = nullptr;
     QLabel* m_bindingField = nullptr;
+    QLabel* m_changesField = nullptr;
 };
 
 #endif

@@ -74,6 +74,7 @@ void addWindowOptions(CLI::App& app, Options& options, std::string& geometry) {
         ->capture_default_str()
         ->needs(screenshot);
     app.add_option("--geometry", geometry, "Size and place of the window")->type_name("WxH[+X+Y]");
+    app.add_flag("--kiosk", options.kiosk, "Full screen, no menu, and no questions")->excludes(screenshot);
     app.add_option("--style-sheet", options.styleSheet, "Qt style sheet for the whole display")->type_name("FILE");
 }
 

@@ -21,6 +21,7 @@ struct Options {
     std::string styleSheet;  // empty: none
     std::optional<Geometry> geometry;
     bool remote = false;
+    bool kiosk = false;
     int updateRate = 2000;  // ms, of a remote display
     int lock = 3;
     bool lockUnits = false;

@@ -15,7 +15,8 @@
 
 class Window {
 public:
-    explicit Window(const QString& form = QStringLiteral(HOST_TEST_FILES "/live.ui")) : m_window(form, &m_watch) {
+    explicit Window(const QString& form = QStringLiteral(HOST_TEST_FILES "/live.ui"), Manners manners = Manners::Asks)
+        : m_window(form, &m_watch, manners) {
         m_window.resize(420, 640);
         m_window.show();
     }

@@ -1,0 +1,465 @@
+// What an operator changes in a form: marked, saved, asked for, recovered.
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <csignal>
+
+#include <ostrel-display/uifilewriter.h>
+
+#include "core/globals.h"
+#include "displaycontrol.h"
+#include "fabric/timermoderator.h"
+#include "testcell.h"
+#include "unsavedchanges.h"
+#include "window.h"
+
+namespace {
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+// Presses a button of the next question of that name, and keeps what it said.
+class Operator : public QObject {
+public:
+    Operator(const char* question, const char* button) : m_question(question), m_button(button) {
+        connect(&m_timer, &QTimer::timeout, this, &Operator::look);
+        m_timer.start(20);
+    }
+    const QString& read() const { return m_read; }
+    bool wasAsked() const { return !m_read.isEmpty(); }
+
+private:
+    void look() {
+        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!question || question->objectName() != m_question)
+            return;
+        m_timer.stop();
+        m_read = question->text() + '\n' + question->informativeText();
+        const QString pictures = qEnvironmentVariable("OSTREL_TEST_PICTURES");
+        if (!pictures.isEmpty())
+            question->grab().save(pictures + '/' + m_question + ".png");
+        QTest::mouseClick(question->findChild<QPushButton*>(m_button), Qt::LeftButton);
+    }
+
+    QString m_question;
+    QString m_button;
+    QString m_read;
+    QTimer m_timer;
+};
+
+QFont largeFont() {
+    QFont font;
+    font.setFamily("DejaVu Sans");
+    font.setPointSize(21);
+    return font;
+}
+
+}  // namespace
+
+class UnsavedTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+    void loadedFormHasNoChanges();
+    void changeIsMarked();
+    void statusColourIsNoChange();
+    void keysSaveTheForm();
+    void savedFormSaysTheChangeAndNothingElse();
+    void savingTellsWidgetsWithFilesOfTheirOwn();
+    void groupsChangeCountsUntilSaved();
+    void widgetWithoutVariableCanBeEdited();
+    void reconfigurationIsNoChange();
+    void closingWithoutChangesAsksNothing();
+    void closingAsksAndSaves();
+    void closingAsksAndDiscards();
+    void closingCanBeCancelled();
+    void silentDisplayAsksNothing();
+    void revertGoesBackToTheFile();
+    void fileThatCannotBeWrittenIsToldAndNothingIsLost();
+    void savesUnderAnotherName();
+    void formSavedByAnotherIsOfferedAndReloaded();
+    void reloadKeepsUnsavedChanges();
+    void ownSavingIsNotOffered();
+    void brokenFormIsNotOffered();
+    void changesOfADisplayThatDiedAreOffered();
+    void recoveredChangesOverANewerFormSaySo();
+    void discardedRecoveryIsGone();
+    void postponedRecoveryIsOfferedAgain();
+    void changesOfALivingDisplayAreNotOffered();
+    void silentDisplayIsNotOfferedARecovery();
+
+private:
+    void open(Manners manners = Manners::Asks);
+    QStringList leftBeside() const;
+    QString leftByAnother();
+    void edit() { m_window->widget("speed")->setName("OIL_TEMP"); }
+    QString shown(const char* name = "speed") { return m_window->widget(name)->getName(); }
+
+    std::unique_ptr<TestCell> m_cell;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Window> m_window;
+    QString m_form;
+    QByteArray m_original;
+};
+
+void UnsavedTest::initTestCase() {
+    m_cell = std::make_unique<TestCell>();
+    QVERIFY(m_cell->start());
+    m_original = contentOf(HOST_TEST_FILES "/live.ui");
+}
+
+void UnsavedTest::init() {
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_form = m_folder->filePath("live.ui");
+    write(m_form, m_original);
+    open();
+}
+
+void UnsavedTest::cleanup() {
+    m_window.reset();
+    m_folder.reset();
+}
+
+void UnsavedTest::cleanupTestCase() {
+    TimerModerator::shutDown();
+    m_cell.reset();
+}
+
+// As a process of its own would: with a writer of its own.
+void UnsavedTest::open(Manners manners) {
+    m_window.reset();
+    delete writer;
+    writer = nullptr;
+    qstrcpy(ParentUIFile, QFile::encodeName(m_form).constData());
+    m_window = std::make_unique<Window>(m_form, manners);
+    EVENTUALLY(m_window->looksGood());
+    EVENTUALLY(m_window->widget("speed")->getInitFlag());
+}
+
+QStringList UnsavedTest::leftBeside() const {
+    return QDir(m_folder->path()).entryList({".live.ui.unsaved-*"}, QDir::Files | QDir::Hidden);
+}
+
+// What a display leaves that was killed: the process of its name is gone.
+QString UnsavedTest::leftByAnother() {
+    edit();
+    if (!QTest::qWaitFor([&] { return leftBeside().size() == 1; }, patience))
+        return QString();
+    const QByteArray changes = contentOf(m_folder->filePath(leftBeside().first()));
+    const QString process = QString::number(QCoreApplication::applicationPid());
+    const QString left = m_folder->filePath(leftBeside().first().replace("-" + process + "-", "-999999999-"));
+    m_window.reset();
+    for (const QString& own : leftBeside())
+        QFile::remove(m_folder->filePath(own));
+    write(left, changes);
+    return left;
+}
+
+void UnsavedTest::loadedFormHasNoChanges() {
+    QVERIFY(!m_window->window().isWindowModified());
+    QVERIFY(m_window->window().windowTitle().startsWith("Live values"));
+    QCOMPARE(m_window->field("changesField"), QString());
+    QVERIFY(leftBeside().isEmpty());
+}
+
+void UnsavedTest::changeIsMarked() {
+    edit();
+    QVERIFY(m_window->window().isWindowModified());
+    QVERIFY(m_window->window().windowTitle().contains("[*]"));
+    QVERIFY(m_window->field("changesField").contains("unsaved change"));
+    m_window->widget("speed")->setName("ENGINE_SPEED");
+    QVERIFY(!m_window->window().isWindowModified());
+}
+
+void UnsavedTest::statusColourIsNoChange() {
+    QVERIFY(m_window->widget("speed")->getInitFlag());
+    m_window->widget("speed")->setColor(Qt::red);
+    QVERIFY(!m_window->window().isWindowModified());
+}
+
+void UnsavedTest::keysSaveTheForm() {
+    edit();
+    QApplication::setActiveWindow(&m_window->window());
+    QTest::keyClick(&m_window->window(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!m_window->window().isWindowModified());
+    QVERIFY(contentOf(m_form) != m_original);
+}
+
+void UnsavedTest::savedFormSaysTheChangeAndNothingElse() {
+    edit();
+    m_window->widget("cycles")->setProperty("valueFont", largeFont());
+    QVERIFY(m_window->window().save());
+    QByteArray expected = m_original;
+    expected.replace(expected.indexOf("ENGINE_SPEED"), int(strlen("ENGINE_SPEED")), "OIL_TEMP");
+    const int rate = expected.indexOf("</property>", expected.indexOf("sampleRate", expected.indexOf("CYCLES")));
+    expected.insert(rate + int(strlen("</property>")),
+                    "\n      <property name=\"valueFont\">\n       <font>\n        <family>DejaVu Sans</family>\n"
+                    "        <pointsize>21</pointsize>\n       </font>\n      </property>");
+    QCOMPARE(contentOf(m_form), expected);
+    open();
+    QCOMPARE(shown(), QString("OIL_TEMP"));
+    BECOMES(m_window->value("speed"), "100.0");
+    QCOMPARE(m_window->widget("cycles")->property("valueFont").value<QFont>().pointSize(), 21);
+}
+
+void UnsavedTest::savingTellsWidgetsWithFilesOfTheirOwn() {
+    QSignalSpy saving(runQtUIWindow, SIGNAL(saveConfig()));
+    QVERIFY(m_window->window().save());
+    QCOMPARE(saving.count(), 1);
+    QCOMPARE(contentOf(m_form), m_original);
+}
+
+void UnsavedTest::groupsChangeCountsUntilSaved() {
+    propertiesChanged = true;
+    EVENTUALLY(m_window->window().isWindowModified());
+    QVERIFY(m_window->window().save());
+    QVERIFY(!propertiesChanged);
+    QVERIFY(!m_window->window().isWindowModified());
+}
+
+void UnsavedTest::widgetWithoutVariableCanBeEdited() {
+    QVERIFY(!m_window->widget("later")->getInitFlag());
+    m_window->widget("later")->setName("CYCLES");
+    QVERIFY(m_window->window().isWindowModified());
+    QVERIFY(m_window->window().save());
+    open();
+    QCOMPARE(shown("later"), QString("CYCLES"));
+}
+
+void UnsavedTest::reconfigurationIsNoChange() {
+    const QByteArray cellFile = contentOf(m_cell->file("cell.toml"));
+    m_cell->write(cellFile + "\n[real.COOLANT_TEMP]\nvalue = 88\nformat = \"%.0f\"\n");
+    m_cell->signal(SIGHUP);
+    BECOMES(m_window->value("later"), "88");
+    m_cell->write(cellFile);
+    m_cell->signal(SIGHUP);
+    BECOMES(m_window->value("later"), "-");
+    QVERIFY(!m_window->window().isWindowModified());
+}
+
+void UnsavedTest::closingWithoutChangesAsksNothing() {
+    QVERIFY(m_window->window().close());
+}
+
+void UnsavedTest::closingAsksAndSaves() {
+    edit();
+    const Operator person("closingQuestion", "save");
+    QVERIFY(m_window->window().close());
+    QVERIFY(person.read().contains("Save the changes to \"live.ui\" before closing?"));
+    QVERIFY(person.read().contains("speed: name"));
+    QVERIFY(contentOf(m_form) != m_original);
+    m_window.reset();
+    QVERIFY(leftBeside().isEmpty());
+}
+
+void UnsavedTest::closingAsksAndDiscards() {
+    edit();
+    EVENTUALLY(leftBeside().size() == 1);
+    const Operator person("closingQuestion", "discard");
+    QVERIFY(m_window->window().close());
+    QVERIFY(person.wasAsked());
+    QCOMPARE(contentOf(m_form), m_original);
+    m_window.reset();
+    QVERIFY(leftBeside().isEmpty());
+}
+
+void UnsavedTest::closingCanBeCancelled() {
+    edit();
+    const Operator person("closingQuestion", "cancel");
+    QVERIFY(!m_window->window().close());
+    QVERIFY(person.wasAsked());
+    QVERIFY(m_window->window().isVisible());
+    QVERIFY(m_window->window().isWindowModified());
+    QCOMPARE(contentOf(m_form), m_original);
+}
+
+void UnsavedTest::silentDisplayAsksNothing() {
+    open(Manners::Silent);
+    edit();
+    QVERIFY(m_window->window().menuWidget() == nullptr || m_window->window().menuBar()->actions().isEmpty());
+    QVERIFY(m_window->window().close());
+    m_window.reset();
+    QCOMPARE(contentOf(m_form), m_original);
+    QCOMPARE(leftBeside().size(), 1);
+}
+
+void UnsavedTest::revertGoesBackToTheFile() {
+    edit();
+    {
+        const Operator person("revertQuestion", "cancel");
+        m_window->window().revert();
+        QVERIFY(person.wasAsked());
+        QCOMPARE(shown(), QString("OIL_TEMP"));
+    }
+    const Operator person("revertQuestion", "revert");
+    m_window->window().revert();
+    QCOMPARE(shown(), QString("ENGINE_SPEED"));
+    QVERIFY(!m_window->window().isWindowModified());
+    BECOMES(m_window->value("speed"), "1500.2");
+    QVERIFY(leftBeside().isEmpty());
+}
+
+void UnsavedTest::fileThatCannotBeWrittenIsToldAndNothingIsLost() {
+    edit();
+    QVERIFY(QFile::remove(m_form));
+    const Operator person("savingFailed", "close");
+    QVERIFY(!m_window->window().save());
+    QVERIFY(person.read().contains(m_form + ": No such file or directory"));
+    QVERIFY(m_window->window().isWindowModified());
+    EVENTUALLY(leftBeside().size() == 1);
+}
+
+void UnsavedTest::savesUnderAnotherName() {
+    edit();
+    const QString copy = m_folder->filePath("copy.ui");
+    QCOMPARE(formChanges()->path(), m_form);
+    QTimer typist;
+    connect(&typist, &QTimer::timeout, this, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        typist.stop();
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(copy);
+        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    });
+    typist.start(20);
+    QVERIFY(m_window->window().saveAs());
+    QCOMPARE(contentOf(m_form), m_original);
+    QVERIFY(
+        contentOf(copy).contains("<string>OIL_TEMP</string>\n      </property>\n      <property name=\"sampleRate"));
+    QVERIFY(!m_window->window().isWindowModified());
+}
+
+void UnsavedTest::formSavedByAnotherIsOfferedAndReloaded() {
+    write(m_form, QByteArray(m_original).replace("CYL_TEMP:1", "CYL_TEMP:0"));
+    auto* bar = m_window->window().findChild<QWidget*>("offerBar");
+    EVENTUALLY(bar->isVisible());
+    QCOMPARE(shown("cylinder"), QString("CYL_TEMP:1"));
+    QTest::mouseClick(bar->findChild<QPushButton*>("offerAccept"), Qt::LeftButton);
+    QCOMPARE(shown("cylinder"), QString("CYL_TEMP:0"));
+    QVERIFY(!bar->isVisible());
+    BECOMES(m_window->value("cylinder"), "401");
+    QVERIFY(!m_window->window().isWindowModified());
+}
+
+void UnsavedTest::reloadKeepsUnsavedChanges() {
+    edit();
+    const QByteArray designed = QByteArray(m_original).replace("CYL_TEMP:1", "CYL_TEMP:0");
+    write(m_form, designed);
+    EVENTUALLY(m_window->window().findChild<QWidget*>("offerBar")->isVisible());
+    m_window->window().reload();
+    QCOMPARE(shown("cylinder"), QString("CYL_TEMP:0"));
+    QCOMPARE(shown(), QString("OIL_TEMP"));
+    QVERIFY(m_window->window().isWindowModified());
+    QVERIFY(m_window->window().save());
+    QVERIFY(contentOf(m_form).contains("CYL_TEMP:0"));
+    QCOMPARE(contentOf(m_form).count("OIL_TEMP"), 3);
+}
+
+void UnsavedTest::ownSavingIsNotOffered() {
+    edit();
+    QVERIFY(m_window->window().save());
+    // Somebody else's saving comes after it, so that the first one has been seen when the second is.
+    auto* bar = m_window->window().findChild<QWidget*>("offerBar");
+    QVERIFY(!bar->isVisible());
+    write(m_form, m_original);
+    EVENTUALLY(bar->isVisible());
+}
+
+void UnsavedTest::brokenFormIsNotOffered() {
+    write(m_form, m_original.left(m_original.size() / 2));
+    auto* bar = m_window->window().findChild<QWidget*>("offerBar");
+    const Operator person("notBuilt", "close");
+    m_window->window().reload();
+    QVERIFY(person.wasAsked());
+    QVERIFY(!bar->isVisible());
+    QCOMPARE(shown(), QString("ENGINE_SPEED"));
+    BECOMES(m_window->value("speed"), "1500.2");
+}
+
+void UnsavedTest::changesOfADisplayThatDiedAreOffered() {
+    QVERIFY(!leftByAnother().isEmpty());
+    const Operator person("recoveryQuestion", "restore");
+    open();
+    QVERIFY(person.read().contains("Restore the unsaved changes to \"live.ui\"?"));
+    QVERIFY(person.read().contains("speed: name"));
+    QVERIFY(!person.read().contains("was changed as well"));
+    QCOMPARE(shown(), QString("OIL_TEMP"));
+    QVERIFY(m_window->window().isWindowModified());
+    QCOMPARE(leftBeside().size(), 1);
+    QVERIFY(m_window->window().save());
+    QVERIFY(leftBeside().isEmpty());
+    open();
+    QCOMPARE(shown(), QString("OIL_TEMP"));
+}
+
+void UnsavedTest::recoveredChangesOverANewerFormSaySo() {
+    QVERIFY(!leftByAnother().isEmpty());
+    QByteArray designed = m_original;
+    designed.replace("name=\"speed\"", "name=\"revolutions\"");
+    write(m_form, designed);
+    const Operator person("recoveryQuestion", "later");
+    m_window.reset();
+    delete writer;
+    writer = nullptr;
+    m_window = std::make_unique<Window>(m_form);
+    QVERIFY2(person.read().contains("The form itself was changed as well"), qPrintable(person.read()));
+    QVERIFY(person.read().contains("no such widgets any more"));
+    QVERIFY(m_window->widget("revolutions"));
+}
+
+void UnsavedTest::discardedRecoveryIsGone() {
+    const QString left = leftByAnother();
+    const Operator person("recoveryQuestion", "discard");
+    open();
+    QVERIFY(person.wasAsked());
+    QVERIFY(!QFile::exists(left));
+    QCOMPARE(shown(), QString("ENGINE_SPEED"));
+}
+
+void UnsavedTest::postponedRecoveryIsOfferedAgain() {
+    const QString left = leftByAnother();
+    {
+        const Operator person("recoveryQuestion", "later");
+        open();
+        QVERIFY(person.wasAsked());
+        QCOMPARE(shown(), QString("ENGINE_SPEED"));
+    }
+    const Operator person("recoveryQuestion", "restore");
+    open();
+    QVERIFY(person.wasAsked());
+    QCOMPARE(shown(), QString("OIL_TEMP"));
+}
+
+void UnsavedTest::changesOfALivingDisplayAreNotOffered() {
+    edit();
+    EVENTUALLY(leftBeside().size() == 1);
+    QVERIFY(!findRecovery(m_form));
+}
+
+void UnsavedTest::silentDisplayIsNotOfferedARecovery() {
+    const QString left = leftByAnother();
+    open(Manners::Silent);
+    QCOMPARE(shown(), QString("ENGINE_SPEED"));
+    QVERIFY(QFile::exists(left));
+}
+
+QTEST_MAIN(UnsavedTest)
+#include "unsaved_test.moc"
