@@ -1,12 +1,16 @@
 #include "scripted/areas.h"
 
+#include <algorithm>
+
 namespace scripted {
 
 void Areas::reset() {
     m_isServed = false;
     m_refused.clear();
-    for (const auto& [area, block] : m_memory)
-        std::memset(block.get(), 0, areaSize);
+    for (auto& [area, memory] : m_memory) {
+        std::memset(memory.block.get(), 0, memory.written);
+        memory.written = 0;
+    }
     m_links.clear();
 }
 
@@ -26,11 +30,12 @@ void Areas::release(SM_AREA_ID area) {
     --m_links[area];
 }
 
-char* Areas::memory(SM_AREA_ID area) {
-    auto& block = m_memory[area];
-    if (!block)
-        block.reset(static_cast<char*>(std::calloc(1, areaSize)));
-    return block.get();
+char* Areas::memory(SM_AREA_ID area, size_t written) {
+    Memory& memory = m_memory[area];
+    if (!memory.block)
+        memory.block.reset(static_cast<char*>(std::calloc(1, areaSize)));
+    memory.written = std::max(memory.written, written);
+    return memory.block.get();
 }
 
 }  // namespace scripted

@@ -25,14 +25,16 @@ public:
     void serve() { m_isServed = true; }
     void refuse(SM_AREA_ID area) { m_refused.insert(area); }
 
-    SYSTEM_ATTRIBUTES& attributes() { return *reinterpret_cast<SYSTEM_ATTRIBUTES*>(memory(SYS_ATTR_MEM)); }
+    SYSTEM_ATTRIBUTES& attributes() {
+        return *reinterpret_cast<SYSTEM_ATTRIBUTES*>(memory(SYS_ATTR_MEM, sizeof(SYSTEM_ATTRIBUTES)));
+    }
 
     // An active record in a slot of the section that begins at byte `start` of the area.
     template <class Record>
     Record& put(SM_AREA_ID area, int slot, const char* label, size_t start = 0) {
         const size_t offset = start + static_cast<size_t>(slot) * sizeof(Record);
         Q_ASSERT(offset + sizeof(Record) <= areaSize);
-        auto& record = *reinterpret_cast<Record*>(memory(area) + offset);
+        auto& record = *reinterpret_cast<Record*>(memory(area, offset + sizeof(Record)) + offset);
         std::memset(record.label, 0, sizeof(record.label));
         std::memcpy(record.label, label, strnlen(label, sizeof(record.label)));
         record.active = 1;
@@ -51,14 +53,18 @@ private:
     struct Free {
         void operator()(char* block) const { std::free(block); }
     };
+    struct Memory {
+        std::unique_ptr<char, Free> block;
+        size_t written = 0;  // bytes from the base that a test may have written to
+    };
 
     static constexpr size_t areaSize = 1 << 21;
 
-    char* memory(SM_AREA_ID area);
+    char* memory(SM_AREA_ID area, size_t written = 0);
 
     bool m_isServed = false;
     std::set<int> m_refused;
-    std::map<int, std::unique_ptr<char, Free>> m_memory;
+    std::map<int, Memory> m_memory;
     std::map<int, int> m_links;
 };
 
