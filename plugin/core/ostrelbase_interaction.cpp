@@ -43,6 +43,19 @@ QString firstItemText(const QMimeData* data) {
     return QString();
 }
 
+// What the operator chose, or the former name where that is no variable.
+QString chosenName(QWidget* widget, const VariableSelectionDialog& dialog, const QString& former) {
+    if (dialog.indexOfSelectedVarName() == -1) {
+        QMessageBox::warning(
+            widget, OstrelBase::tr("Invalid Variable"),
+            OstrelBase::tr("An invalid variable name was entered.\n\nThe previous variable name will be used."));
+        return former;
+    }
+    const QString name = dialog.text() + dialog.subText();
+    SHARED_MEMORY mem{};
+    return find_variable(name.toLatin1().data(), &mem) == 0 ? name : former;
+}
+
 // The choice that stands for a variable's own units.
 const QString ownUnits = QStringLiteral("default");
 
@@ -92,23 +105,8 @@ void OstrelBase::changeVariable() {
     const QPointer<VariableSelectionDialog> dialog = new VariableSelectionDialog(this, _varType, _name);
     changeVar = dialog;
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog)
-        return;
-    if (isAccepted) {
-        const QString varName = dialog->text() + dialog->subText();
-        SHARED_MEMORY mem{};
-        if (dialog->indexOfSelectedVarName() == -1) {
-            QMessageBox message(QMessageBox::Warning, tr("Invalid Variable"),
-                                tr("An invalid variable name was entered.\n\nThe previous variable name will be used."),
-                                QMessageBox::Ok, this);
-            message.exec();
-            setName(origName);
-        } else if (find_variable(varName.toLatin1().data(), &mem) != 0) {
-            setName(origName);
-        } else {
-            setName(varName);
-        }
-    }
+    if (dialog && isAccepted)
+        setName(chosenName(this, *dialog, origName));
     delete dialog;
 }
 

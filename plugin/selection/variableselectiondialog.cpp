@@ -7,6 +7,7 @@
 #include <QListView>
 #include <QRegExpValidator>
 #include <QRegularExpression>
+#include <QStandardItemModel>
 
 #include "core/globals.h"
 #include "core/recordtext.h"
@@ -83,6 +84,11 @@ void VariableSelectionDialog::setUpVariableBox() {
     const QRegExp name(QStringLiteral("[A-Za-z_][A-Za-z0-9_]*[\\.]?(\\:[A-Za-z0-9_]*){0,6}"), Qt::CaseSensitive);
     box->setValidator(new QRegExpValidator(name, this));
     box->setCompleter(new QCompleter(box->model(), this));
+    // Every row is a line of text: none of the lists needs to measure all of them.
+    for (QAbstractItemView* view : {box->view(), box->completer()->popup()})
+        if (auto* list = qobject_cast<QListView*>(view))
+            list->setUniformItemSizes(true);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }
 
 void VariableSelectionDialog::connectSlots() {
@@ -142,8 +148,14 @@ QStringList VariableSelectionDialog::namesOfAllGroups() const {
     return names;
 }
 
+// Into the model behind the sorting one, all at once: the box itself would hand them over one by one, each to be sorted
+// in, which takes half a minute for tens of thousands.
 void VariableSelectionDialog::insertVariables(const QStringList& names) {
-    ui->variableComboBox->insertItems(ui->variableComboBox->count(), names);
+    QList<QStandardItem*> items;
+    items.reserve(names.size());
+    for (const QString& name : names)
+        items.append(new QStandardItem(name));
+    static_cast<QStandardItemModel*>(proxy_->sourceModel())->invisibleRootItem()->appendRows(items);
 }
 
 void VariableSelectionDialog::sortVariables() {
