@@ -12,6 +12,7 @@
 #include "cellcheck.h"
 #include "names.h"
 #include "nearestname.h"
+#include "straycharacter.h"
 #include "tablereader.h"
 #include "variablekeys.h"
 
@@ -195,6 +196,10 @@ void read_document(const toml::table& document, CellModel& model, Diagnostics& d
 }  // namespace
 
 void read_cell_text(const std::string& text, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
+    if (const int line = line_of_stray_character(text)) {
+        diagnostics.add(line, "a character that is not ASCII stands outside of quotes and comments");
+        return;
+    }
     try {
         const toml::table document = toml::parse(text);
         read_document(document, model, diagnostics);

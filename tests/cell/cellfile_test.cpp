@@ -79,6 +79,12 @@ const Mistake mistakes[] = {
      "cell.toml:4: composition.A: writable is for what clients can write; a composition variable has no use for it"},
     {"persist_stat", "[real.X]\n[stat.A]\nsource = \"X\"\npersist = true\n",
      "cell.toml:6: stat.A: persist is for what clients can write; a stat variable has no use for it"},
+    {"stray_letter", "[real.A]\nunits \xC2\xB5 = 5\n",
+     "cell.toml:4: a character that is not ASCII stands outside of quotes and comments"},
+    {"letter_behind_a_value", "[real.A]\nvalue = 5 \xC3\xA4\n",
+     "cell.toml:4: a character that is not ASCII stands outside of quotes and comments"},
+    {"letter_behind_a_text", "[string.A]\nvalue = \"\"\"\n\\\"a\"\"\"\"\" \xC3\xA4\n",
+     "cell.toml:5: a character that is not ASCII stands outside of quotes and comments"},
     {"bad_name", "[real.\"A-B\"]\n",
      "cell.toml:3: real.A-B: \"A-B\" is no name; use letters, digits and underscores, and no digit first"},
     {"digit_first", "[real.1A]\n",
@@ -322,6 +328,14 @@ TEST(CellFile, SaysThatAFolderIsNoFile) {
     Diagnostics diagnostics("/tmp");
     read_cell_file("/tmp", model, simulation, diagnostics);
     EXPECT_EQ(diagnostics.text(), "/tmp: is a directory; name a cell file");
+}
+
+TEST(CellFile, TakesEveryLetterInQuotesAndComments) {
+    EXPECT_EQ(faults("[string.A] # \xC3\xA4\nvalue = \"\xC2\xB5 \\\" \xC2\xB5\"\n"
+                     "[string.B]\nvalue = '\xC3\xA4'\n"
+                     "[string.C]\nvalue = \"\"\"\n\"\xC3\xA4\"\n\"\"\"\n"
+                     "[string.D]\nvalue = \"\" # \xC3\xA4\n"),
+              "");
 }
 
 TEST(CellFile, NothingIsRightWithAnEmptyFile) {
