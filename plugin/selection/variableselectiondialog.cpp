@@ -8,6 +8,7 @@
 #include <QRegExpValidator>
 #include <QRegularExpression>
 #include <QStandardItemModel>
+#include <algorithm>
 
 #include "core/globals.h"
 #include "core/recordtext.h"
@@ -24,6 +25,22 @@ Catalogue* Master_variables = nullptr;
 QT_OSTREL_VAR_TYPE VMLType;
 // The members that were offered last.
 QStringList* Master_subVariables = nullptr;
+
+// Sorts names, and knows when its source holds them in order already: the comparison of names is what a long list takes
+// its time for.
+class NameOrder : public QSortFilterProxyModel {
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+    void setSourceInOrder(bool isInOrder) { m_sourceIsInOrder = isInOrder; }
+
+protected:
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
+        return m_sourceIsInOrder ? left.row() < right.row() : QSortFilterProxyModel::lessThan(left, right);
+    }
+
+private:
+    bool m_sourceIsInOrder = false;
+};
 
 constexpr int drawer = 7;
 constexpr int distanceBelowParent = 40;
@@ -76,7 +93,7 @@ VariableSelectionDialog::~VariableSelectionDialog() = default;
 
 void VariableSelectionDialog::setUpVariableBox() {
     QComboBox* const box = ui->variableComboBox;
-    proxy_ = new QSortFilterProxyModel(box);
+    proxy_ = new NameOrder(box);
     proxy_->setSourceModel(box->model());
     box->model()->setParent(proxy_);
     box->setModel(proxy_);
@@ -123,7 +140,6 @@ void VariableSelectionDialog::showEvent(QShowEvent*) {
     ui->variableComboBox->clear();
     insertVariables(namesOfAllGroups());
     ui->variableComboBox->clearEditText();
-    sortVariables();
     showOriginalName();
     initializingClass = false;
     emit mapParent();
@@ -148,18 +164,19 @@ QStringList VariableSelectionDialog::namesOfAllGroups() const {
     return names;
 }
 
-// Into the model behind the sorting one, all at once: the box itself would hand them over one by one, each to be sorted
-// in, which takes half a minute for tens of thousands.
-void VariableSelectionDialog::insertVariables(const QStringList& names) {
+// Fills the empty box. The names go into the model behind the sorting one all at once: the box itself would hand them
+// over one by one, each to be sorted in, which takes half a minute for tens of thousands.
+void VariableSelectionDialog::insertVariables(QStringList names) {
+    std::sort(names.begin(), names.end());
     QList<QStandardItem*> items;
     items.reserve(names.size());
-    for (const QString& name : names)
+    for (const QString& name : qAsConst(names))
         items.append(new QStandardItem(name));
+    auto* const sorting = static_cast<NameOrder*>(proxy_);
+    sorting->setSourceInOrder(true);
     static_cast<QStandardItemModel*>(proxy_->sourceModel())->invisibleRootItem()->appendRows(items);
-}
-
-void VariableSelectionDialog::sortVariables() {
-    ui->variableComboBox->model()->sort(0, Qt::AscendingOrder);
+    sorting->sort(0, Qt::AscendingOrder);
+    sorting->setSourceInOrder(false);
 }
 
 bool VariableSelectionDialog::selectVariable(const QString& listed, const QString& shown) {
@@ -207,7 +224,6 @@ void VariableSelectionDialog::groupIndexChanged(QString item) {
     box->clearEditText();
     const bool isAll = ui->groupComboBox->currentIndex() == 0;
     insertVariables(isAll ? namesOfAllGroups() : variables->value(item));
-    sortVariables();
     if (!isAll && !variables->isEmpty())
         box->setEnabled(true);
     box->setCurrentIndex(0);

@@ -49,8 +49,7 @@ private Q_SLOTS:
 private:
     void setUpVariableBox();
     void connectSlots();
-    void insertVariables(const QStringList& names);
-    void sortVariables();
+    void insertVariables(QStringList names);
     QStringList namesOfAllGroups() const;
     bool selectVariable(const QString& listed, const QString& shown);
     void selectMember(const QString& member);
