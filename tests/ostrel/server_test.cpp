@@ -44,6 +44,30 @@ TEST_F(Server, TheStatusDescribesTheStore) {
     EXPECT_GE(now.heartbeat_age_s, 0);
 }
 
+// Memory that the system has given to the store, in bytes.
+int64_t memoryOf(const std::string& store) {
+    int64_t bytes = 0;
+    for (const std::string& object : objectsOf(store)) {
+        struct stat status {};
+        if (stat(("/dev/shm/" + object).c_str(), &status) == 0)
+            bytes += status.st_blocks * 512;
+    }
+    return bytes;
+}
+
+TEST_F(Server, MemoryIsTakenForWhatIsUsedAlone) {
+    constexpr int64_t mebibyte = 1 << 20;
+    const int64_t empty = memoryOf(store);
+    EXPECT_GT(empty, 0);
+    EXPECT_LT(empty, 4 * mebibyte) << "of the 100 MiB that its areas can hold";
+    configure({"put 54 1 A"});
+    EXPECT_LT(memoryOf(store), empty + mebibyte);
+    ASSERT_EQ(server.tell("churn 1 10000"), "ok");
+    const int64_t full = memoryOf(store);
+    EXPECT_GT(full, empty + 10000 * static_cast<int64_t>(sizeof(REAL_VARIABLE)));
+    EXPECT_LT(full, empty + 3 * 10000 * static_cast<int64_t>(sizeof(REAL_VARIABLE)));
+}
+
 TEST_F(Server, NothingIsKnownBeforeTheCommit) {
     ASSERT_EQ(server.tell("begin -1"), "ok");
     ASSERT_EQ(server.tell("put 54 1 A"), "ok 1");

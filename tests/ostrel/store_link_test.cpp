@@ -81,6 +81,27 @@ TEST_F(Link, AWalkThroughTheAreasMeetsEveryVariable) {
     EXPECT_EQ(static_cast<REAL_VARIABLE*>(get_shrd_mem(CI_REAL_MEM, 0))[1].active, 0);
 }
 
+TEST_F(Link, AWalkAsFarAsTheCountsMeetsEveryActiveRecordWhateverHasGone) {
+    configure({"put 54 1 A", "put 54 1 B", "put 54 1 C", "put 24 1 COUNTER", "put 8 2 N0", "put 8 2 N1", "put 8 2 N2"});
+    configure({"put 54 1 C", "put 8 2 N2", "put 24 1 COUNTER"});
+    const auto* counts = static_cast<const SYSTEM_ATTRIBUTES*>(get_shrd_mem(SYS_ATTR_MEM, 0));
+    const auto* reals = static_cast<const REAL_VARIABLE*>(get_shrd_mem(GU_REAL_MEM, 0));
+    const auto* counters = static_cast<const REAL_VARIABLE*>(get_shrd_mem(CI_REAL_MEM, 0));
+    ASSERT_TRUE(counts && reals && counters);
+    std::vector<std::string> active;
+    for (short i = 0; i < counts->max_num_gu_real; ++i)
+        if (reals[i].active != 0)
+            active.emplace_back(reals[i].label);
+    EXPECT_EQ(active, std::vector<std::string>{"C"});
+    EXPECT_EQ(+counts->max_num_gu_real, 3) << "slots that have gone are walked over; none beyond them is";
+    // Counts of pulses and their real values share a count.
+    EXPECT_EQ(+counts->logical_num_ci, 3);
+    EXPECT_EQ(+counters[0].active, 1);
+    EXPECT_EQ(+counters[2].active, 0);
+    for (const SM_AREA_ID area : {SYS_ATTR_MEM, GU_REAL_MEM, CI_REAL_MEM})
+        fre_shrd_mem(area);
+}
+
 TEST_F(Link, AnArrayLinksByItsNameAlone) {
     configure({"array 16 COUNTS 5 2", "alias TALLY COUNTS 0", "put 54 1 SPEED"});
     size_t size = 0;

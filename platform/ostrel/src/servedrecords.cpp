@@ -250,5 +250,11 @@ void ServedRecords::countSlots() {
         if (const Counted* row = counted(sectionRow(section).area))
             counts.*row->count = static_cast<short>(std::max<int>(counts.*row->count, m_store.used(section)));
     }
+    // Two sections that share a count are walked equally far; where that is not reserved a full memory would kill.
+    for (int section = 0; section < kSections; ++section) {
+        const Counted* row = counted(sectionRow(section).area);
+        if (row && counts.*row->count > 0 && reserveSlot(section, counts.*row->count - 1) != 0)
+            counts.*row->count = static_cast<short>(m_store.used(section));
+    }
     std::memcpy(m_store.base(SYS_ATTR_MEM), &counts, sizeof counts);
 }
