@@ -217,7 +217,7 @@ TEST_P(CellFuzzFound, StaysRepaired) {
     take(input(GetParam(), read_file(DEMO_CELL_FILE)));
 }
 
-// A change of the generator or the demo gives them another meaning; they cost nothing all the same.
-INSTANTIATE_TEST_SUITE_P(, CellFuzzFound, testing::Values(16, 17, 4711));
+// Letters outside of quotes: what the parser makes of them is not defined in every release.
+INSTANTIATE_TEST_SUITE_P(, CellFuzzFound, testing::Values(17'450, 22'378));
 
 }  // namespace
