@@ -46,8 +46,11 @@ bool FormDocument::decode(const QByteArray& bytes) {
 }
 
 QByteArray FormDocument::encode(const QString& text) const {
+    const bool holdsAll = m_codec->name().startsWith("UTF");
     QString written = m_marked ? QString(QChar(QChar::ByteOrderMark)) : QString();
-    for (int i = 0; i < text.size(); ++i) {
+    if (holdsAll)
+        written += text;
+    for (int i = 0; i < text.size() && !holdsAll; ++i) {
         const bool pair = text.at(i).isHighSurrogate() && i + 1 < text.size();
         const QString character = text.mid(i, pair ? 2 : 1);
         if (text.at(i).unicode() < 0x80 || m_codec->canEncode(character))
