@@ -236,6 +236,8 @@ TEST_F(Program, StartsWithTheSetpointsOfTheLastRun) {
     ASSERT_TRUE(is_linked_to(third));
     EXPECT_EQ(number("SP"), 6);
     EXPECT_EQ(third.errors(), "");
+    third.signal(SIGTERM);
+    EXPECT_EQ(third.wait(), 0);
 }
 
 // Killed while it writes values that change at every scan: what is left is of one scan, and the next run goes on there.
