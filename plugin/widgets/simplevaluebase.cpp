@@ -12,6 +12,18 @@
 #include "core/valueentry.h"
 #include "fabric/timermoderator.h"
 
+namespace {
+
+// A label asks for a new layout with every text, all the way up to the window, and does not where it counts as hidden.
+// A text that fits needs none: a screen full of values would lay itself out ten times a second for nothing.
+void setTextInPlace(QLabel& label, const QString& text) {
+    label.setAttribute(Qt::WA_WState_Hidden, true);
+    label.setText(text);
+    label.setAttribute(Qt::WA_WState_Hidden, false);
+}
+
+}  // namespace
+
 SimpleValueBase::SimpleValueBase(QWidget* parent) : OstrelBase(parent) {}
 
 void SimpleValueBase::startAs(const QString& name) {
@@ -298,8 +310,14 @@ void SimpleValueBase::showResolution(int decimals) {
 
 void SimpleValueBase::showValue(const QString& text) {
     const QString shown = text.trimmed();
-    if (shown != m_parts->value->text())
-        m_parts->value->setText(shown);
+    FlashingLabel& value = *m_parts->value;
+    if (shown == value.text())
+        return;
+    const bool fits = value.isVisible() && value.fontMetrics().horizontalAdvance(shown) <= value.contentsRect().width();
+    if (fits)
+        setTextInPlace(value, shown);
+    else
+        value.setText(shown);
 }
 
 // ---- Colours ----

@@ -3,13 +3,28 @@
 #include <ostrel/store.h>
 
 #include <QDebug>
+#include <QPointer>
+#include <array>
+#include <utility>
 
 #include "core/recordtext.h"
+#include "selection/channelindexselectiondialog.h"
 #include "widgets/indexuimanager.h"
 
 namespace {
 
 constexpr int noChannel = -999;
+
+// The groups of channels by their titles. Kept in capitals: the dialog shows its groups in mixed case, so a choice
+// moves the index inside the present area only.
+const std::array<std::pair<const char*, int>, 6> areas{{
+    {"ANALOG INPUTS", AI_REAL_MEM},
+    {"FREQUENCY INPUTS (engineering units)", FI_REAL_MEM},
+    {"COUNTER INPUTS (engineering units)", CI_REAL_MEM},
+    {"COUNTER INPUTS (counts)", CI_INTG_MEM},
+    {"DIGITAL INPUT LOGICAL VARIABLES", DI_LOGI_MEM},
+    {"DIGITAL OUTPUT LOGICAL VARIABLES", DO_LOGI_MEM},
+}};
 
 // The counts of channels, linked when first asked for.
 const SYSTEM_ATTRIBUTES* systemAttributes() {
@@ -176,7 +191,23 @@ void ZelSimpleValueChanIndex::setSegmentStyle(const SegmentStyle& style) {
     remember("segmentStyle", static_cast<int>(style));
 }
 
-void ZelSimpleValueChanIndex::changeChanIndex() {}
+void ZelSimpleValueChanIndex::changeChanIndex() {
+    // The dialog goes with the widget, should the form be closed under it.
+    const QPointer<ChannelIndexSelectionDialog> dialog = new ChannelIndexSelectionDialog(this, _varType, _name);
+    changeVar = dialog;
+    const bool isAccepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return;
+    if (isAccepted) {
+        const QString group = dialog->getSelectedVariableTypeText();
+        for (const auto& [title, code] : areas)
+            if (group == QLatin1String(title))
+                setMemCode(code);
+        setMemIndex(dialog->getSelectedChannelIndexNumber().toInt());
+        setVariableInformation();
+    }
+    delete dialog;
+}
 
 void ZelSimpleValueChanIndex::changeEvent(QEvent* event) {
     followPalette(event);

@@ -31,7 +31,7 @@ class Q_DECL_EXPORT ZelSimpleValueChanIndex : public SimpleValueBase {
     Q_PROPERTY(SegmentStyle segmentStyle READ getSegmentStyle WRITE setSegmentStyle)
 
 public:
-    enum SegmentStyle { Outline, Filled, Flat };
+    enum SegmentStyle : int { Outline, Filled, Flat };
     Q_ENUM(SegmentStyle)
 
     explicit ZelSimpleValueChanIndex(QWidget* parent = nullptr);
