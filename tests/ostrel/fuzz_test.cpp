@@ -55,7 +55,9 @@ protected:
         get_variable_units(mem);
         if (!record)
             return;
-        switch (mem.vari_type) {
+        short kind = 0;
+        std::memcpy(&kind, &mem.vari_type, sizeof kind);
+        switch (kind) {
             case REAL_TYPE:
                 set_real_variable(static_cast<REAL_VARIABLE*>(record), 0.5);
                 break;
@@ -69,7 +71,7 @@ protected:
                 set_string_variable(static_cast<STRING_VARIABLE*>(record), text("words"));
                 break;
             case STAT_TYPE:
-                get_stat_format(static_cast<STAT_VARIABLE*>(record), mem.stat_member);
+                get_stat_format(static_cast<STAT_VARIABLE*>(record), static_cast<STAT_MEMBER_TYPE>(mem.offset % 256));
                 break;
             case REAL_ARRAY_TYPE:
                 get_real_array_adr(static_cast<REAL_ARRAY_VARIABLE*>(record), &mem);

@@ -76,7 +76,7 @@ TEST_F(Generation, IsNotMadeForWhatFits) {
 TEST_F(Generation, IsRefusedWhereASectionCannotGrow) {
     configure({"put 54 1 A"});
     for (const char* room : {"room 9 1 894", "room 53 10 35", "room 54 1 32768", "room 65 16 257", "room 1 1 1",
-                             "room 54 2 1", "room -1 1 1", "room 9999 99 1"})
+                             "room 54 2 1", "room -1 1 1", "room 4000 99 1"})
         EXPECT_EQ(server.tell(room).substr(0, 5), "error") << room;
     EXPECT_EQ(server.tell("room 9 1 894"), "error store " + store +
                                                ": the section control-real has room for 893 variables at most; 894 "

@@ -14,6 +14,7 @@
 #include "currentstore.h"
 #include "monotonic.h"
 #include "processidentity.h"
+#include "rawnumber.h"
 
 namespace {
 
@@ -264,9 +265,11 @@ std::optional<Capacities> capacitiesFor(const Attachment& store, std::span<const
     for (int i = 0; i < kSections; ++i)
         capacities[static_cast<size_t>(i)] = static_cast<uint32_t>(store.capacity(i));
     for (const ostrel_server_room& room : rooms) {
-        const int section = sectionNumber(room.area, room.kind);
+        const int area = rawNumber(&room.area);
+        const int kind = rawNumber(&room.kind);
+        const int section = sectionNumber(area, kind);
         if (section < 0) {
-            problem = "area " + std::to_string(room.area) + " has no section for kind " + std::to_string(room.kind);
+            problem = "area " + std::to_string(area) + " has no section for kind " + std::to_string(kind);
             return std::nullopt;
         }
         uint32_t& capacity = capacities[static_cast<size_t>(section)];

@@ -9,6 +9,7 @@
 #include "fullname.h"
 #include "members.h"
 #include "nameindex.h"
+#include "rawnumber.h"
 
 namespace {
 
@@ -125,7 +126,7 @@ char* elementUnits(const SHARED_MEMORY& mem) {
 template <typename Element, typename Array>
 Element* elementAddress(Array* array, int kind, const SHARED_MEMORY* mem) {
     RecordPlace place{};
-    if (!array || !mem || mem->vari_type != kind)
+    if (!array || !mem || kindIn(*mem) != kind)
         return nullptr;
     const Attachment* store = ownerOfRecord(array, kind, place);
     if (!store)
@@ -247,18 +248,19 @@ short int find_emis_label(char* label, SHARED_MEMORY* mem) {
 
 void* get_vrbl_adr(SHARED_MEMORY mem) {
     const Attachment* store = attachment();
-    return store ? store->record(sectionNumber(mem.code, mem.vari_type), mem.index) : nullptr;
+    return store ? store->record(sectionNumber(areaIn(mem), kindIn(mem)), mem.index) : nullptr;
 }
 
 char* get_variable_units(SHARED_MEMORY mem) {
-    if (mem.vari_type == REAL_ARRAY_TYPE)
+    const int kind = kindIn(mem);
+    if (kind == REAL_ARRAY_TYPE)
         return elementUnits<REAL_ARRAY_MEMBER>(mem);
-    if (mem.vari_type == INT_ARRAY_TYPE)
+    if (kind == INT_ARRAY_TYPE)
         return elementUnits<INTEGER_ARRAY_MEMBER>(mem);
     void* record = get_vrbl_adr(mem);
     if (!record)
         return noText();
-    switch (mem.vari_type) {
+    switch (kind) {
         case REAL_TYPE:
             return terminated(static_cast<REAL_VARIABLE*>(record)->units);
         case INT_TYPE:

@@ -12,6 +12,7 @@
 
 #include "currentstore.h"
 #include "processidentity.h"
+#include "rawnumber.h"
 #include "writelog.h"
 
 namespace {
@@ -65,14 +66,17 @@ std::optional<WriteTarget> targetOf(const void* record, int kind) {
 
 // The same for an element: it must be one of the array as it stands now.
 std::optional<WriteTarget> targetOf(const SHARED_MEMORY& mem) {
+    const int kind = kindIn(mem);
     const Attachment* store =
-        isArray(mem.vari_type) && mem.member_adr ? ownerOfElement(mem.member_adr, elementSize(mem.vari_type)) : nullptr;
-    const ElementBlock block = store ? store->elements(mem.vari_type, mem.index) : ElementBlock{};
-    const auto distance = reinterpret_cast<uintptr_t>(mem.member_adr) - reinterpret_cast<uintptr_t>(block.data);
-    const size_t number = distance / elementSize(mem.vari_type);
-    if (!block.data || distance % elementSize(mem.vari_type) != 0 || number >= block.count)
+        isArray(kind) && mem.member_adr ? ownerOfElement(mem.member_adr, elementSize(kind)) : nullptr;
+    const ElementBlock block = store ? store->elements(kind, mem.index) : ElementBlock{};
+    if (!block.data)
         return std::nullopt;
-    return WriteTarget{store, arraySectionNumber(mem.vari_type), mem.index, static_cast<uint32_t>(number + 1)};
+    const auto distance = reinterpret_cast<uintptr_t>(mem.member_adr) - reinterpret_cast<uintptr_t>(block.data);
+    const size_t number = distance / elementSize(kind);
+    if (distance % elementSize(kind) != 0 || number >= block.count)
+        return std::nullopt;
+    return WriteTarget{store, arraySectionNumber(kind), mem.index, static_cast<uint32_t>(number + 1)};
 }
 
 bool isServersOwn(const WriteTarget& target) {
@@ -273,7 +277,7 @@ short int ostrel_set_array_element(const SHARED_MEMORY* mem, double number, cons
     const auto target = mem ? targetOf(*mem) : std::nullopt;
     if (!target)
         return OSTREL_NO_RECORD;
-    switch (mem->vari_type) {
+    switch (kindIn(*mem)) {
         case REAL_ARRAY_TYPE: {
             auto& element = *static_cast<REAL_ARRAY_MEMBER*>(mem->member_adr);
             return writeNumber(*target, element.value, number, [&] { return storeElement(element, number); });
