@@ -80,6 +80,9 @@ VariableSelectionDialog::VariableSelectionDialog(QWidget* parent, QT_OSTREL_VAR_
       varType(type),
       origVarName_(QString::fromLatin1(inName.toLatin1())) {
     ui->setupUi(this);
+    // The form's layout is wider than the dialog.
+    ui->layoutWidget->setContentsMargins(0, 0,
+                                         ui->layoutWidget->x() + ui->layoutWidget->geometry().right() + 1 - width(), 0);
     ui->OkButton->setDefault(true);
     setUpVariableBox();
     ui->groupComboBox->lineEdit()->setReadOnly(true);
