@@ -270,6 +270,8 @@ void MainWindow::showChanges() {
                             : count == 1 ? tr("1 unsaved change")
                                          : tr("%1 unsaved changes").arg(count));
     m_changesField->setToolTip(m_unsaved->any() ? m_unsaved->summary().join(QLatin1Char('\n')) : QString());
+    // In a narrow window the other fields give way.
+    m_changesField->setMinimumWidth(m_changesField->sizeHint().width());
     m_changesField->setVisible(count > 0);
 }
 

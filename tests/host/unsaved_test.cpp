@@ -31,6 +31,13 @@ void write(const QString& path, const QByteArray& content) {
     file.write(content);
 }
 
+// For people who want to see what the tests see.
+void keepPicture(QWidget* widget, const QString& name) {
+    const QString folder = qEnvironmentVariable("OSTREL_TEST_PICTURES");
+    if (!folder.isEmpty())
+        widget->grab().save(QStringLiteral("%1/%2.png").arg(folder, name));
+}
+
 // Presses a button of the next question of that name, and keeps what it said.
 class Operator : public QObject {
 public:
@@ -48,9 +55,7 @@ private:
             return;
         m_timer.stop();
         m_read = question->text() + '\n' + question->informativeText();
-        const QString pictures = qEnvironmentVariable("OSTREL_TEST_PICTURES");
-        if (!pictures.isEmpty())
-            question->grab().save(pictures + '/' + m_question + ".png");
+        keepPicture(question, m_question);
         QTest::mouseClick(question->findChild<QPushButton*>(m_button), Qt::LeftButton);
     }
 
@@ -185,6 +190,7 @@ void UnsavedTest::changeIsMarked() {
     QVERIFY(m_window->window().isWindowModified());
     QVERIFY(m_window->window().windowTitle().contains("[*]"));
     QVERIFY(m_window->field("changesField").contains("unsaved change"));
+    keepPicture(&m_window->window(), "changed");
     m_window->widget("speed")->setName("ENGINE_SPEED");
     QVERIFY(!m_window->window().isWindowModified());
 }
@@ -352,6 +358,7 @@ void UnsavedTest::formSavedByAnotherIsOfferedAndReloaded() {
     write(m_form, QByteArray(m_original).replace("CYL_TEMP:1", "CYL_TEMP:0"));
     auto* bar = m_window->window().findChild<QWidget*>("offerBar");
     EVENTUALLY(bar->isVisible());
+    keepPicture(&m_window->window(), "offer");
     QCOMPARE(shown("cylinder"), QString("CYL_TEMP:1"));
     QTest::mouseClick(bar->findChild<QPushButton*>("offerAccept"), Qt::LeftButton);
     QCOMPARE(shown("cylinder"), QString("CYL_TEMP:0"));
