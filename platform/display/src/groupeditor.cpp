@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QRegularExpressionValidator>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -269,7 +270,8 @@ void GroupEditor::tell() {
     const int variables = m_table->variableCount();
     QString summary = variables == 1 ? tr("1 variable") : tr("%1 variables").arg(variables);
     summary += rows == 1 ? tr(" in 1 row") : tr(" in %1 rows").arg(rows);
-    const QStringList missing = m_table->missingNames();
+    QStringList missing = m_table->missingNames();
+    missing.replaceInStrings(QRegularExpression(QStringLiteral("^$")), tr("(no name)"));
     if (!m_names.hasStore())
         summary += tr("; no store is running, so names are not checked");
     else if (!missing.isEmpty())
