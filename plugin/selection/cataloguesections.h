@@ -10,9 +10,9 @@
 
 // One run of records of one kind inside a memory area.
 struct CatalogueSection {
-    const char* label;               // the group that VariableMapList lists it under
-    const char* title;               // its heading in a flat list of everything
-    SM_AREA_ID area;                 //
+    const char* label;  // the group that VariableMapList lists it under
+    const char* title;  // its heading in a flat list of everything
+    SM_AREA_ID area;
     SM_VARI_TYPE kind;               // tells the record
     size_t start;                    // bytes from the base of the area
     short SYSTEM_ATTRIBUTES::*used;  // slots in use; null where their number is fixed
