@@ -28,12 +28,11 @@ void publishNote(WriteMemory& memory, const WriteNote& note) {
     const uint64_t number = memory.taken.fetch_add(1, std::memory_order_relaxed) + 1;
     WriteEntry& entry = memory.entries[(number - 1) % kWriteEntries];
     entry.sequence.store(2 * number - 1, std::memory_order_relaxed);
-    // The mark must be seen before any word of the new note.
-    std::atomic_thread_fence(std::memory_order_release);
+    // Released one by one: who sees a word of the new note sees the mark too.
     const auto words = std::bit_cast<WriteNoteWords>(note);
     for (size_t i = 0; i < words.size(); ++i)
-        entry.words[i].store(words[i], std::memory_order_relaxed);
-    entry.check.store(checkOf(number, words), std::memory_order_relaxed);
+        entry.words[i].store(words[i], std::memory_order_release);
+    entry.check.store(checkOf(number, words), std::memory_order_release);
     entry.sequence.store(2 * number, std::memory_order_release);
 }
 
@@ -117,9 +116,8 @@ NoteState readNote(const WriteMemory& memory, uint64_t number, WriteNote& note) 
         return before < 2 * number ? NoteState::kUnderWay : NoteState::kLost;
     WriteNoteWords words;
     for (size_t i = 0; i < words.size(); ++i)
-        words[i] = entry.words[i].load(std::memory_order_relaxed);
-    const uint64_t check = entry.check.load(std::memory_order_relaxed);
-    std::atomic_thread_fence(std::memory_order_acquire);
+        words[i] = entry.words[i].load(std::memory_order_acquire);
+    const uint64_t check = entry.check.load(std::memory_order_acquire);
     if (entry.sequence.load(std::memory_order_relaxed) != before || check != checkOf(number, words))
         return NoteState::kLost;
     note = std::bit_cast<WriteNote>(words);
