@@ -32,6 +32,8 @@ void IndexUiManager::placeInRow() {
     ui->gridLayout->addWidget(name, 0, 0, Qt::AlignLeft);
     ui->gridLayout->addWidget(iconLabel, 0, 1);
     ui->gridLayout->addWidget(value, 0, 2, Qt::AlignRight);
+    // Keeps the value from running into its name.
+    value->setContentsMargins(4, 0, 0, 0);
     ui->gridLayout->addWidget(lcdNumber, 0, 3, Qt::AlignRight);
     ui->gridLayout->setContentsMargins(0, 1, 0, 0);
     widget->setMinimumSize(60, 45);
@@ -42,6 +44,7 @@ void IndexUiManager::placeInColumn() {
     ui->gridLayout_3->addWidget(name, 1, 0);
     ui->gridLayout_3->addWidget(iconLabel, 1, 1);
     ui->gridLayout_3->addWidget(value, 2, 0);
+    value->setContentsMargins(0, 0, 0, 0);
     ui->gridLayout->addWidget(lcdNumber, 0, 0, Qt::AlignRight);
     ui->gridLayout->setContentsMargins(0, 0, 2, 0);
     widget->setMinimumSize(60, 38);

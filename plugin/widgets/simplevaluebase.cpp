@@ -164,6 +164,9 @@ void SimpleValueBase::bind(const QString& name) {
 
 void SimpleValueBase::showMissing() {
     unbound();
+    // The operator shall see what is missing.
+    if (!_name.isEmpty() && _name != notSet)
+        m_parts->name->setText(_name);
     m_parts->value->setText(QStringLiteral("  -"));
     clearMem();
     showNotFoundToolTip(true, m_parts->frame, QString());

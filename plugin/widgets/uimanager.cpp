@@ -8,6 +8,8 @@ namespace {
 constexpr int rowHeight = 20;
 constexpr int columnHeight = 38;
 constexpr int smallestWidth = 60;
+// Keeps a value from running into its name.
+constexpr int gap = 4;
 
 template <class Form>
 void takeParts(ReadoutParts& parts, Form& form, QWidget* owner) {
@@ -26,6 +28,7 @@ void placeInRow(const ReadoutParts& parts, Form& form, bool lockMaxHeight) {
     form.gridLayout->addWidget(parts.name, 0, 0);
     form.gridLayout->addWidget(parts.iconLabel, 0, 1);
     form.gridLayout->addWidget(parts.value, 0, 2);
+    parts.value->setContentsMargins(gap, 0, 0, 0);
     form.gridLayout->setSpacing(0);
     form.gridLayout->setContentsMargins(0, 1, 0, 0);
     parts.widget->setMinimumSize(smallestWidth, rowHeight);
@@ -38,6 +41,7 @@ void placeInColumn(const ReadoutParts& parts, Form& form, bool lockMaxHeight, in
     form.gridLayout_2->addWidget(parts.name, 0, 0);
     form.gridLayout_2->addWidget(parts.iconLabel, 0, 1);
     form.gridLayout_3->addWidget(parts.value, 1, 0);
+    parts.value->setContentsMargins(0, 0, 0, 0);
     form.gridLayout->setSpacing(0);
     form.gridLayout->setContentsMargins(0, 0, rightMargin, 0);
     parts.widget->setMinimumSize(smallestWidth, columnHeight);

@@ -321,6 +321,7 @@ void ZelSimpleValueTest::anUnknownVariableIsMarked() {
     QVERIFY(widget.isMarkedMissing());
     QVERIFY(widget.icon()->pixmap(Qt::ReturnByValue).width() > 0);
     QCOMPARE(widget.getName(), QString("NOBODY"));
+    QCOMPARE(widget.label()->text(), QString("NOBODY"));
     QVERIFY(!widget.isSampled());
     QVERIFY(!widget.ptr());
 }
