@@ -18,15 +18,15 @@ std::string subject_of(const Variable& variable) {
 void check_room(const CellModel& model, Diagnostics& diagnostics) {
     std::map<const ostrel_section*, int> used;
     for (const Variable& variable : model.variables) {
-        if (variable.section == nullptr || ++used[variable.section] != variable.section->capacity + 1)
+        if (variable.section == nullptr || ++used[variable.section] != variable.section->largest + 1)
             continue;
         diagnostics.add(variable.line, subject_of(variable) + ": section \"" + variable.section->name +
-                                           "\" is full; it has room for " + std::to_string(variable.section->capacity));
+                                           "\" is full; it has room for " + std::to_string(variable.section->largest));
     }
     const ostrel_section* aliases = ostrel_section_of(ALIAS_MEM, ALIAS_TYPE);
-    if (aliases != nullptr && model.aliases.size() > static_cast<std::size_t>(aliases->capacity))
-        diagnostics.add(model.aliases[static_cast<std::size_t>(aliases->capacity)].line,
-                        "there is room for " + std::to_string(aliases->capacity) + " aliases");
+    if (aliases != nullptr && model.aliases.size() > static_cast<std::size_t>(aliases->largest))
+        diagnostics.add(model.aliases[static_cast<std::size_t>(aliases->largest)].line,
+                        "there is room for " + std::to_string(aliases->largest) + " aliases");
 }
 
 // The aliases of a cycle that `start` leads into, in the order in which they point to each other.

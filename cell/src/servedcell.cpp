@@ -11,6 +11,8 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <vector>
 
 #include "cellfile.h"
 #include "diagnostics.h"
@@ -114,7 +116,26 @@ bool ServedCell::open_server(const char* store_name, std::string& reasons) {
     return m_server != nullptr;
 }
 
+// A configuration that has outgrown the store gets a larger one, to which the clients go over.
+bool ServedCell::make_room(const CellModel& model, std::string& reasons) {
+    std::map<const ostrel_section*, int> needed;
+    for (const Variable& variable : model.variables)
+        ++needed[variable.section];
+    needed[ostrel_section_of(ALIAS_MEM, ALIAS_TYPE)] = static_cast<int>(model.aliases.size());
+    std::vector<ostrel_server_room> rooms;
+    for (const auto& [section, variables] : needed)
+        if (section != nullptr)
+            rooms.push_back({section->area, section->kind, variables});
+    char message[1024] = "";
+    if (ostrel_server_make_room(m_server, rooms.data(), static_cast<int>(rooms.size()), message, sizeof message) >= 0)
+        return true;
+    reasons = message;
+    return false;
+}
+
 bool ServedCell::fill(Content& content, std::string& reasons) {
+    if (!make_room(*content.model, reasons))
+        return false;
     ostrel_server_begin(m_server, static_cast<SM_AREA_ID>(-1));
     if (!content.contents.put(m_server, *content.model, reasons))
         return false;

@@ -56,6 +56,7 @@ private:
     ServedCell() = default;
     static std::unique_ptr<Content> read(const std::string& file, std::string& reasons);
     bool open_server(const char* store_name, std::string& reasons);
+    bool make_room(const CellModel& model, std::string& reasons);
     bool fill(Content& content, std::string& reasons);
     void beat(std::int64_t now);
     void choose_kept_file();

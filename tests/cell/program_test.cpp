@@ -83,6 +83,38 @@ TEST_F(Program, ReloadsOnHangUp) {
     EXPECT_EQ(cell.wait(), 0);
 }
 
+// There is room for 64 arrays of a kind until a cell asks for more.
+std::string arrays(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += "[real_array.A" + std::to_string(i) + "]\nsize = 2\nvalue = " + std::to_string(i) + "\n";
+    return text;
+}
+
+TEST_F(Program, GrowsItsStoreOnHangUp) {
+    Process cell(command(write(simple + arrays(1))));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    const REAL_VARIABLE& former = record<REAL_VARIABLE>("SP");
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 7);
+    write(simple + arrays(100));
+    cell.signal(SIGHUP);
+    ASSERT_TRUE(cell.says("reloaded")) << cell.errors();
+    EXPECT_TRUE(eventually([] { return exists("A99:1") && number("A99:1") == 99; }));
+    EXPECT_EQ(number("SP"), 7);
+    EXPECT_EQ(former.value, 7);
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 8);
+    EXPECT_TRUE(eventually([] { return number("Y") == 16; }));
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+}
+
+TEST_F(Program, StartsWithMoreThanTheUsualRoom) {
+    Process cell(command(write(simple + arrays(100))));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    EXPECT_EQ(number("A99:0"), 99);
+    EXPECT_TRUE(eventually([] { return number("CLOCK") > 0.1; }));
+}
+
 TEST_F(Program, KeepsTheOldCellWhenAReloadFails) {
     const std::string file = write(simple);
     Process cell(command(file));

@@ -274,7 +274,7 @@ std::optional<Capacities> capacitiesFor(const Attachment& store, std::span<const
         }
         uint32_t& capacity = capacities[static_cast<size_t>(section)];
         const auto needed = static_cast<uint32_t>(std::max(room.variables, 0));
-        const uint32_t most = std::max(largestCapacity(section), capacity);
+        const uint32_t most = std::max(static_cast<uint32_t>(ostrel_sections(nullptr)[section].largest), capacity);
         if (needed > most) {
             problem = "the section " + std::string(ostrel_sections(nullptr)[section].name) + " has room for " +
                       std::to_string(most) + " variables at most; " + std::to_string(needed) + " were asked for";

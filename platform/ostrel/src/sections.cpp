@@ -3,13 +3,25 @@
 #include <ostrel/records.h>
 
 #include <array>
+#include <cstdint>
+
+#include "layout.h"
 
 namespace {
 
+// A section of a fixed number of records.
 template <typename Record>
 constexpr ostrel_section section(SM_AREA_ID area, SM_VARI_TYPE kind, size_t start, int capacity, const char* name,
                                  const char* title) {
-    return {area, kind, start, sizeof(Record), capacity, name, title};
+    return {area, kind, start, sizeof(Record), capacity, capacity, name, title};
+}
+
+// A section that has its area for itself, so that a configuration may ask for more room.
+template <typename Record>
+constexpr ostrel_section growing(SM_AREA_ID area, SM_VARI_TYPE kind, int capacity, const char* name,
+                                 const char* title) {
+    const int largest = isArray(kind) ? static_cast<int>(kArraysPerKind) : INT16_MAX;
+    return {area, kind, 0, sizeof(Record), capacity, largest, name, title};
 }
 
 constexpr int kGeneralUse = 20000;
@@ -20,18 +32,17 @@ constexpr int kAliases = 20000;
 
 // Where an area holds several sections, and where it has a fixed number of records, that is part of the wire format.
 constexpr std::array<ostrel_section, kSections> kTable = {{
-    section<REAL_VARIABLE>(GU_REAL_MEM, REAL_TYPE, 0, kGeneralUse, "gu-real", "General Use (real)"),
-    section<INTEGER_VARIABLE>(GU_INTEGER_MEM, INT_TYPE, 0, kGeneralUse, "gu-integer", "General Use (integer)"),
-    section<LOGICAL_VARIABLE>(GU_LOGICAL_MEM, LOGI_TYPE, 0, kGeneralUse, "gu-logical", "General Use (logical)"),
-    section<STRING_VARIABLE>(GU_STRING_MEM, STRING_TYPE, 0, kGeneralUse, "gu-string", "General Use (string)"),
-    section<REAL_VARIABLE>(AI_REAL_MEM, REAL_TYPE, 0, kInputOutput, "analog-input", "Analog Inputs"),
-    section<REAL_VARIABLE>(FI_REAL_MEM, REAL_TYPE, 0, kInputOutput, "frequency-input",
+    growing<REAL_VARIABLE>(GU_REAL_MEM, REAL_TYPE, kGeneralUse, "gu-real", "General Use (real)"),
+    growing<INTEGER_VARIABLE>(GU_INTEGER_MEM, INT_TYPE, kGeneralUse, "gu-integer", "General Use (integer)"),
+    growing<LOGICAL_VARIABLE>(GU_LOGICAL_MEM, LOGI_TYPE, kGeneralUse, "gu-logical", "General Use (logical)"),
+    growing<STRING_VARIABLE>(GU_STRING_MEM, STRING_TYPE, kGeneralUse, "gu-string", "General Use (string)"),
+    growing<REAL_VARIABLE>(AI_REAL_MEM, REAL_TYPE, kInputOutput, "analog-input", "Analog Inputs"),
+    growing<REAL_VARIABLE>(FI_REAL_MEM, REAL_TYPE, kInputOutput, "frequency-input",
                            "Frequency Inputs (engineering units)"),
-    section<REAL_VARIABLE>(CI_REAL_MEM, REAL_TYPE, 0, kInputOutput, "counter-input",
-                           "Counter Inputs (engineering units)"),
-    section<REAL_ARRAY_VARIABLE>(REAL_ARRAY_MEM, REAL_ARRAY_TYPE, 0, kArrays, "real-array", "Real (array)"),
-    section<INTEGER_ARRAY_VARIABLE>(INT_ARRAY_MEM, INT_ARRAY_TYPE, 0, kArrays, "integer-array", "Integer (array)"),
-    section<INTEGER_VARIABLE>(CI_INTG_MEM, INT_TYPE, 0, kInputOutput, "counter-count", "Counter Inputs (counts)"),
+    growing<REAL_VARIABLE>(CI_REAL_MEM, REAL_TYPE, kInputOutput, "counter-input", "Counter Inputs (engineering units)"),
+    growing<REAL_ARRAY_VARIABLE>(REAL_ARRAY_MEM, REAL_ARRAY_TYPE, kArrays, "real-array", "Real (array)"),
+    growing<INTEGER_ARRAY_VARIABLE>(INT_ARRAY_MEM, INT_ARRAY_TYPE, kArrays, "integer-array", "Integer (array)"),
+    growing<INTEGER_VARIABLE>(CI_INTG_MEM, INT_TYPE, kInputOutput, "counter-count", "Counter Inputs (counts)"),
     section<REAL_VARIABLE>(ENGINE_PERF_MEM, REAL_TYPE, 0, 100, "performance-real", "Engine Performance (real)"),
     section<INTEGER_VARIABLE>(ENGINE_PERF_MEM, INT_TYPE, 39000, 50, "performance-integer",
                               "Engine Performance (integer)"),
@@ -45,18 +56,18 @@ constexpr std::array<ostrel_section, kSections> kTable = {{
     section<INTEGER_VARIABLE>(CONTROL_MEM, INT_TYPE, 495760, 4, "control-integer", "Control (integer)"),
     section<STRING_VARIABLE>(CONTROL_MEM, STRING_TYPE, 497080, 298, "control-string", "Control (string)"),
     section<STRING_VARIABLE>(DISPLAY_STRINGS_MEM, STRING_TYPE, 300, 100, "display-string", "Display (string)"),
-    section<STRING_ARRAY_VARIABLE>(STRING_ARRAY_MEM, STRING_ARRAY_TYPE, 0, kArrays, "string-array", "String (array)"),
+    growing<STRING_ARRAY_VARIABLE>(STRING_ARRAY_MEM, STRING_ARRAY_TYPE, kArrays, "string-array", "String (array)"),
     section<LOGICAL_VARIABLE>(LOGI_MEM, LOGI_TYPE, 0, 400, "general-logical", "General Purpose (logical)"),
-    section<LOGICAL_VARIABLE>(DI_LOGI_MEM, LOGI_TYPE, 0, kInputOutput, "digital-input", "Digital Input (logical)"),
-    section<LOGICAL_VARIABLE>(DO_LOGI_MEM, LOGI_TYPE, 0, kInputOutput, "digital-output", "Digital Output (logical)"),
-    section<LOGICAL_VARIABLE>(LIMIT_LOGI_MEM, LOGI_TYPE, 0, kInputOutput, "limit-logical", "Limit (logical)"),
-    section<LOGICAL_ARRAY_VARIABLE>(LOGI_ARRAY_MEM, LOGI_ARRAY_TYPE, 0, kArrays, "logical-array", "Logical (array)"),
-    section<STAT_VARIABLE>(GU_STAT_MEM, STAT_TYPE, 0, kStatistics, "gu-stat", "General Use (statistical)"),
-    section<STAT_VARIABLE>(DP_STAT_MEM, STAT_TYPE, 0, kStatistics, "dp-stat", "Datapoint (statistical)"),
+    growing<LOGICAL_VARIABLE>(DI_LOGI_MEM, LOGI_TYPE, kInputOutput, "digital-input", "Digital Input (logical)"),
+    growing<LOGICAL_VARIABLE>(DO_LOGI_MEM, LOGI_TYPE, kInputOutput, "digital-output", "Digital Output (logical)"),
+    growing<LOGICAL_VARIABLE>(LIMIT_LOGI_MEM, LOGI_TYPE, kInputOutput, "limit-logical", "Limit (logical)"),
+    growing<LOGICAL_ARRAY_VARIABLE>(LOGI_ARRAY_MEM, LOGI_ARRAY_TYPE, kArrays, "logical-array", "Logical (array)"),
+    growing<STAT_VARIABLE>(GU_STAT_MEM, STAT_TYPE, kStatistics, "gu-stat", "General Use (statistical)"),
+    growing<STAT_VARIABLE>(DP_STAT_MEM, STAT_TYPE, kStatistics, "dp-stat", "Datapoint (statistical)"),
     section<COMP_VARIABLE>(PROPERTIES_MEM, COMP_TYPE, 0, 34, "composition", "Gas/Fluid (composition)"),
     section<PROP_VARIABLE>(PROPERTIES_MEM, PROP_TYPE, 70448, 32, "property", "Gas/Fluid (property)"),
     section<EMIS_VARIABLE>(PROPERTIES_MEM, EMIS_TYPE, 377648, 34, "emission", "Emissions"),
-    section<ALIAS_VARIABLE>(ALIAS_MEM, ALIAS_TYPE, 0, kAliases, "alias", "Aliases"),
+    growing<ALIAS_VARIABLE>(ALIAS_MEM, ALIAS_TYPE, kAliases, "alias", "Aliases"),
 }};
 
 constexpr int kKinds = LOGI_ARRAY_TYPE + 1;

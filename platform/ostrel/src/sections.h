@@ -16,7 +16,7 @@ int sectionNumber(int area, int kind);
 /* The section that holds all arrays of that kind, or -1 for a kind that is no array. */
 int arraySectionNumber(int kind);
 
-inline bool isArray(int kind) {
+inline constexpr bool isArray(int kind) {
     return kind >= REAL_ARRAY_TYPE && kind <= LOGI_ARRAY_TYPE;
 }
 

@@ -67,14 +67,6 @@ bool sameShape(const ArrayShape& a, const ArrayShape& b) {
 
 }  // namespace
 
-uint32_t largestCapacity(int section) {
-    const ostrel_section& row = sectionRow(section);
-    if (isArray(row.kind))
-        return kArraysPerKind;
-    const bool isOpen = counted(row.area) || row.kind == ALIAS_TYPE;
-    return isOpen ? uint32_t{INT16_MAX} : static_cast<uint32_t>(row.capacity);
-}
-
 ServedRecords::ServedRecords(Attachment& store, const ServedRecords* former) : m_store(store), m_former(former) {
     for (int i = 0; i < kSections; ++i)
         book(i) = SlotBook(store.capacity(i));

@@ -13,9 +13,6 @@
 #include "attachment.h"
 #include "slotbook.h"
 
-/* The room that a section can have at most: where one ends and the next begins in the same area is fixed. */
-uint32_t largestCapacity(int section);
-
 class ServedRecords {
 public:
     /* Names that `former`, the books of the generation before, knows keep their values. */

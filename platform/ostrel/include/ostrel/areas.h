@@ -154,6 +154,7 @@ typedef struct ostrel_section {
     size_t start;       /* bytes from the base of the area */
     size_t record_size; /* bytes */
     int capacity;       /* records that a store has room for unless its configuration says otherwise; at most 32767 */
+    int largest;        /* records that a configuration may ask room for */
     const char* name;   /* the section's name in a cell file, such as "gu-real" */
     const char* title;  /* for people, such as "General Use (real)" */
 } ostrel_section;
