@@ -113,6 +113,8 @@ TEST_F(Program, StartsWithMoreThanTheUsualRoom) {
     ASSERT_TRUE(cell.says("\n")) << cell.errors();
     EXPECT_EQ(number("A99:0"), 99);
     EXPECT_TRUE(eventually([] { return number("CLOCK") > 0.1; }));
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
 }
 
 TEST_F(Program, KeepsTheOldCellWhenAReloadFails) {
