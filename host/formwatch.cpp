@@ -44,11 +44,10 @@ void FormWatch::look() {
     if (!m_watcher.files().contains(m_form) && QFile::exists(m_form))
         m_watcher.addPath(m_form);
     QFile file(m_form);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const QByteArray text = file.readAll();
-    if (text == m_known || !isWhole(text))
-        return;
-    m_known = text;
-    emit formChanged(text);
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (text != m_known && isWhole(text)) {
+        m_known = text;
+        emit formChanged(text);
+    }
+    emit looked();
 }

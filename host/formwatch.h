@@ -20,6 +20,8 @@ public:
 Q_SIGNALS:
     // The file holds another form now. Not told of a file that is gone, or that is no whole form yet.
     void formChanged(const QByteArray& text);
+    // After each look at the file, whatever came of it.
+    void looked();
 
 private:
     void look();

@@ -14,6 +14,7 @@
 #include "core/globals.h"
 #include "displaycontrol.h"
 #include "fabric/timermoderator.h"
+#include "formwatch.h"
 #include "testcell.h"
 #include "unsavedchanges.h"
 #include "window.h"
@@ -114,6 +115,7 @@ private:
     void open(Manners manners = Manners::Asks);
     QStringList leftBeside() const;
     QString leftByAnother();
+    FormWatch* formWatch() { return m_window->window().findChild<FormWatch*>(); }
     void edit() { m_window->widget("speed")->setName("OIL_TEMP"); }
     // A widget shows the alias of its variable where it has one: "SPEED" for "ENGINE_SPEED".
     QString shown(const char* name = "speed") { return m_window->widget(name)->getName(); }
@@ -382,24 +384,37 @@ void UnsavedTest::reloadKeepsUnsavedChanges() {
 }
 
 void UnsavedTest::ownSavingIsNotOffered() {
+    auto* bar = m_window->window().findChild<QWidget*>("offerBar");
+    const QSignalSpy looked(formWatch(), &FormWatch::looked);
+    const QSignalSpy changed(formWatch(), &FormWatch::formChanged);
     edit();
     QVERIFY(m_window->window().save());
-    // Somebody else's saving comes after it, so that the first one has been seen when the second is.
-    auto* bar = m_window->window().findChild<QWidget*>("offerBar");
+    QVERIFY(looked.isEmpty());
+    EVENTUALLY(!looked.isEmpty());
+    QVERIFY(changed.isEmpty());
     QVERIFY(!bar->isVisible());
+    // The same watch sees somebody else's saving.
     write(m_form, m_original);
     EVENTUALLY(bar->isVisible());
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().first().toByteArray(), m_original);
 }
 
 void UnsavedTest::brokenFormIsNotOffered() {
-    write(m_form, m_original.left(m_original.size() / 2));
     auto* bar = m_window->window().findChild<QWidget*>("offerBar");
+    const QSignalSpy looked(formWatch(), &FormWatch::looked);
+    write(m_form, m_original.left(m_original.size() / 2));
+    QVERIFY(looked.isEmpty());
+    EVENTUALLY(!looked.isEmpty());
+    QVERIFY(!bar->isVisible());
     const Operator person("notBuilt", "close");
     m_window->window().reload();
     QVERIFY(person.wasAsked());
-    QVERIFY(!bar->isVisible());
     QCOMPARE(shown(), QString("SPEED"));
     BECOMES(m_window->value("speed"), "1500.2");
+    // Once it is whole it is offered.
+    write(m_form, QByteArray(m_original).replace("CYL_TEMP:1", "CYL_TEMP:0"));
+    EVENTUALLY(bar->isVisible());
 }
 
 void UnsavedTest::changesOfADisplayThatDiedAreOffered() {
