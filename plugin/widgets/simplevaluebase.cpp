@@ -148,7 +148,7 @@ void SimpleValueBase::bind(const QString& name) {
     VAR_FIND_STATUS status = setupVariable(name_used);
     const bool moved = ptrToOstrelVarChanged() || _ptr != m_boundRecord;
     if (status == VARIABLE_NOTFOUND)
-        showMissing();
+        showMissing(name_used);
     else if (status == VARIABLE_FOUND && !unitsChanged && !moved)
         m_parts->name->setText(_name);
     else
@@ -162,10 +162,10 @@ void SimpleValueBase::bind(const QString& name) {
     update();
 }
 
-void SimpleValueBase::showMissing() {
+void SimpleValueBase::showMissing(const QString& asked) {
     unbound();
-    // The operator shall see what is missing.
-    if (!_name.isEmpty() && _name != notSet)
+    // The operator shall see what is missing. Without a name, as at an empty place, _name may be the former one.
+    if (!asked.isEmpty() && asked != notSet)
         m_parts->name->setText(_name);
     m_parts->value->setText(QStringLiteral("  -"));
     clearMem();

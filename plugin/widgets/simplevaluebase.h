@@ -94,7 +94,7 @@ protected:
 private:
     VAR_FIND_STATUS rebind(VAR_FIND_STATUS status);
     void showFirst();
-    void showMissing();
+    void showMissing(const QString& asked);
     bool isLogical() const;
     bool memberIsTrue() const;
     QString nameUnit() const;

@@ -51,6 +51,14 @@ int indexOf(const char* label) {
     return platform().handle(label).index;
 }
 
+// Gives a variable a place of its own in an area.
+void place(const char* label, SM_AREA_ID area, short index) {
+    SHARED_MEMORY& mem = platform().slotNamed(label)->mem;
+    mem.code = area;
+    mem.index = index;
+    platform().handle(label) = mem;
+}
+
 void bindTo(Display& widget, int area, const char* label) {
     widget.setMemCode(area);
     widget.setMemIndex(indexOf(label));
@@ -82,8 +90,13 @@ private Q_SLOTS:
     void channelsOfEachArea();
     void theNameIsTheStores();
     void anotherIndexBindsAtOnce();
+    void theFirstAnalogInput();
     void anIndexBeyondTheCountIsMissing();
+    void theNameOfTheFormerChannelGoes_data();
+    void theNameOfTheFormerChannelGoes();
+    void anAreaThatIsNotMappedIsMissing();
     void aNegativeIndexAsksTheStore();
+    void aNegativeIndexThatTheStoreKnowsBinds();
     void anAreaWithoutAKindSaysSo();
     void areasHaveTheirCounts();
     void aStateHasNoLimits();
@@ -192,6 +205,9 @@ void ZelSimpleValueChanIndexTest::theMenuOfARemoteDisplay() {
     RemoteDisplay = true;
     const Display widget;
     QVERIFY(!widget.menu().contains("Change Channel Index"));
+    // Nothing is taken away: the menu is that of any other widget there.
+    const Probe other;
+    QCOMPARE(widget.actions().size(), other.actions().size());
 }
 
 // ---- Binding ----
@@ -281,6 +297,21 @@ void ZelSimpleValueChanIndexTest::anotherIndexBindsAtOnce() {
     QCOMPARE(widget.number()->intValue(), indexOf("AIR_TEMP"));
 }
 
+void ZelSimpleValueChanIndexTest::theFirstAnalogInput() {
+    configureChannels();
+    attributes().logical_num_ai = 1;
+    platform().real("OIL_TEMP").value(80.5).units("degc").format("%.1f");
+    place("OIL_TEMP", AI_REAL_MEM, 0);
+    Display widget;
+    widget.setMemCode(6);
+    widget.setMemIndex(0);
+    QCOMPARE(widget.getName(), QString("OIL_TEMP"));
+    QCOMPARE(widget.label()->text(), QString("OIL_TEMP"));
+    QCOMPARE(widget.shown(), QString("80.5"));
+    QCOMPARE(widget.number()->intValue(), 0);
+    QVERIFY(widget.isSampled());
+}
+
 void ZelSimpleValueChanIndexTest::anIndexBeyondTheCountIsMissing() {
     configureChannels();
     platform().real("OIL_TEMP").area(AI_REAL_MEM);
@@ -296,6 +327,65 @@ void ZelSimpleValueChanIndexTest::anIndexBeyondTheCountIsMissing() {
     attributes().logical_num_ai = static_cast<short>(indexOf("OIL_TEMP") + 1);
     widget.setName("");
     QCOMPARE(widget.getName(), QString("OIL_TEMP"));
+    QVERIFY(!widget.isMarkedMissing());
+}
+
+void ZelSimpleValueChanIndexTest::theNameOfTheFormerChannelGoes_data() {
+    QTest::addColumn<bool>("isAlsoAlias");
+    QTest::newRow("a name of its own") << false;
+    // The widget knows no other name of the variable then.
+    QTest::newRow("the name of an alias") << true;
+}
+
+void ZelSimpleValueChanIndexTest::theNameOfTheFormerChannelGoes() {
+    QFETCH(bool, isAlsoAlias);
+    configureChannels();
+    platform().real("OIL_TEMP").area(AI_REAL_MEM).value(80.5).format("%.1f");
+    if (isAlsoAlias)
+        platform().alwaysAnswer("find_alias_label", 0);
+    Display widget;
+    bindTo(widget, AI_REAL_MEM, "OIL_TEMP");
+    widget.ostrelTimerEvent(1000);
+    QVERIFY(widget.getInitFlag());
+    QCOMPARE(widget.label()->text(), QString("OIL_TEMP"));
+    QCOMPARE(widget.shown(), QString("80.5"));
+    attributes().logical_num_ai = static_cast<short>(indexOf("OIL_TEMP"));
+    for (const int beyond : {0, 1}) {
+        widget.setMemIndex(indexOf("OIL_TEMP") + beyond);
+        QCOMPARE(widget.label()->text(), QString());
+        QCOMPARE(widget.shown(), QString("  -"));
+        QVERIFY(widget.isMarkedMissing());
+        QCOMPARE(widget.number()->intValue(), -999);
+        QVERIFY(!widget.isSampled());
+        QVERIFY(!widget.ptr());
+    }
+}
+
+void ZelSimpleValueChanIndexTest::anAreaThatIsNotMappedIsMissing() {
+    configureChannels();
+    platform().real("OIL_TEMP").area(AI_REAL_MEM).value(80.5).format("%.1f");
+    Display widget;
+    bindTo(widget, AI_REAL_MEM, "OIL_TEMP");
+    platform().alwaysAnswer("get_vrbl_adr", 1);
+    QVERIFY(indexOf("OIL_TEMP") < widget.getLogicalNumVars(AI_REAL_MEM));
+    widget.setMemIndex(indexOf("OIL_TEMP"));
+    QCOMPARE(widget.label()->text(), QString());
+    QCOMPARE(widget.shown(), QString("  -"));
+    QVERIFY(widget.isMarkedMissing());
+    QCOMPARE(widget.number()->intValue(), -999);
+    QVERIFY(!widget.isSampled());
+}
+
+void ZelSimpleValueChanIndexTest::aNegativeIndexThatTheStoreKnowsBinds() {
+    configureChannels();
+    platform().real("OIL_TEMP").value(80.5).format("%.1f");
+    place("OIL_TEMP", AI_REAL_MEM, -1);
+    Display widget;
+    widget.setMemCode(AI_REAL_MEM);
+    widget.setMemIndex(-1);
+    QCOMPARE(widget.label()->text(), QString("OIL_TEMP"));
+    QCOMPARE(widget.shown(), QString("80.5"));
+    QCOMPARE(widget.number()->intValue(), -1);
     QVERIFY(!widget.isMarkedMissing());
 }
 

@@ -151,6 +151,10 @@ Slot* Platform::aliasOfTarget(const QString& target) {
 }
 
 Slot* Platform::slotOf(const SHARED_MEMORY& mem) {
+    // A test may have given a variable a place of its own in an area.
+    for (size_t i = m_firstSlot; i < m_slots.size(); ++i)
+        if (m_slots[i]->mem.code == mem.code && m_slots[i]->mem.index == mem.index)
+            return m_slots[i].get();
     const auto index = static_cast<size_t>(mem.index);
     if (mem.code == UNDEFINED || index < m_firstSlot || index >= m_slots.size())
         return nullptr;
