@@ -3,8 +3,11 @@
 
 #include <QGridLayout>
 #include <QSignalSpy>
+#include <memory>
 
 #include "readouttest.h"
+#include "widgets/zelgroupwidget.h"
+#include "widgets/zelgroupwidget_fl.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
 
 namespace {
@@ -41,6 +44,7 @@ private Q_SLOTS:
     void aNewWidgetStandsAsItsFormHasIt();
     void itShowsAVariable();
     void aMovedVariableIsFollowed();
+    void otherKindsAreRefusedWithoutAWord();
 
     void theFrameFollowsTheWidthOfTheName_data();
     void theFrameFollowsTheWidthOfTheName();
@@ -69,6 +73,7 @@ private Q_SLOTS:
     void theFormLearnsEachProperty();
     void aDoubleClickWritesOnceItIsLaidOut();
 
+    void inAGroupItWritesInTheGroupsColour_data();
     void inAGroupItWritesInTheGroupsColour();
     void elsewhereItKeepsItsColours();
 };
@@ -196,6 +201,26 @@ void ZelSimpleValueFlTest::aMovedVariableIsFollowed() {
     widget.tick();
     QCOMPARE(static_cast<void*>(widget.iptr), widget.ptr());
     QCOMPARE(widget.shown(), QString("43"));
+}
+
+void ZelSimpleValueFlTest::otherKindsAreRefusedWithoutAWord() {
+    platform().real("SPEED").value(1500).format("%8.1f");
+    platform().other("SIGNAL", SIGNAL_TYPE, 200);
+    Display widget;
+    widget.setName("SPEED");
+    QSignalSpy told(&widget, &ZelSimpleValue_fl::nameChanged);
+    widget.setName("SIGNAL");
+    QCOMPARE(widget.getName(), QString("SPEED"));
+    QCOMPARE(widget.label()->text(), QString("SPEED"));
+    QCOMPARE(widget.shown(), QString("1500.0"));
+    QVERIFY(!widget.isMarkedMissing());
+    QVERIFY(widget.isSampled());
+    QVERIFY(told.isEmpty());
+    // The mark of a name that was missing goes.
+    widget.setName("NOBODY");
+    QVERIFY(widget.isMarkedMissing());
+    widget.setName("SIGNAL");
+    QVERIFY(widget.icon()->isHidden());
 }
 
 // ---- Sizes ----
@@ -522,17 +547,43 @@ void ZelSimpleValueFlTest::aDoubleClickWritesOnceItIsLaidOut() {
     QCOMPARE(platform().calls({"set_logical_variable"}), QStringList({"set_logical_variable PUMP 1 0 null"}));
 }
 
+void ZelSimpleValueFlTest::inAGroupItWritesInTheGroupsColour_data() {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("a group") << 0;
+    QTest::newRow("a group of free layout") << 1;
+    QTest::newRow("a container of that name") << 2;
+}
+
 void ZelSimpleValueFlTest::inAGroupItWritesInTheGroupsColour() {
-    ZelGroupLike group;
-    QPalette palette = group.palette();
-    palette.setColor(QPalette::Text, QColor(10, 20, 30));
-    group.setPalette(palette);
+    QFETCH(int, kind);
+    const QColor blue(10, 20, 30);
+    std::unique_ptr<QWidget> group;
+    if (kind == 0) {
+        auto zelGroup = std::make_unique<ZelGroup>();
+        zelGroup->setTextColor(blue);
+        group = std::move(zelGroup);
+    } else if (kind == 1) {
+        auto zelGroup = std::make_unique<ZelGroup_fl>();
+        zelGroup->setTextColor(blue);
+        group = std::move(zelGroup);
+    } else {
+        group = std::make_unique<ZelGroupLike>();
+        QPalette palette = group->palette();
+        palette.setColor(QPalette::Text, blue);
+        group->setPalette(palette);
+    }
     ZelSimpleValuePlugin_fl plugin;
-    auto* widget = qobject_cast<ZelSimpleValue_fl*>(plugin.createWidget(&group));
+    auto* widget = qobject_cast<ZelSimpleValue_fl*>(plugin.createWidget(group.get()));
     QVERIFY(widget);
-    QCOMPARE(widget->parentWidget(), &group);
-    QCOMPARE(widget->getNameColor(), QColor(10, 20, 30));
-    QCOMPARE(widget->findChild<QLabel*>("value")->styleSheet(), QString("QLabel { color: rgb(10,20,30);}"));
+    QCOMPARE(widget->parentWidget(), group.get());
+    QCOMPARE(widget->getNameColor(), blue);
+    QCOMPARE(widget->getColor(), blue);
+    const auto* value = widget->findChild<QLabel*>("value");
+    const auto* name = widget->findChild<QLabel*>("name");
+    QCOMPARE(value->styleSheet(), QString("QLabel { color: rgb(10,20,30);}"));
+    QCOMPARE(name->styleSheet(), QString("QLabel{ color: rgb(10,20,30);}"));
+    QCOMPARE(value->palette().color(QPalette::Text), blue);
+    QCOMPARE(name->palette().color(QPalette::Text), blue);
 }
 
 void ZelSimpleValueFlTest::elsewhereItKeepsItsColours() {
