@@ -1,15 +1,21 @@
 // What an operator does to any bound widget: its menu, dragging names, double clicks.
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QDrag>
+#include <QFontDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTimer>
 #include <memory>
 
-#include "plugintest.h"
+#include "readouttest.h"
+#include "widgets/zel_value.h"
 
 namespace {
 
@@ -25,6 +31,27 @@ public:
     int asked = 0;
     QObject* lastSource = nullptr;
 };
+
+// Tells which looks were chosen for it.
+class Painted : public Probe {
+public:
+    void setColor(const QColor& color) override { chosen.append({"color", color}); }
+    void setBColor(QColor color) override { chosen.append({"background", color}); }
+    void setMyFont(const QFont& font) override { chosen.append({"font", font}); }
+    void setValueFont(const QFont& font) override { chosen.append({"value font", font}); }
+    QList<QPair<QString, QVariant>> chosen;
+};
+
+void press(const QDialog& dialog, QDialogButtonBox::StandardButton button) {
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
+}
+
+// What is seen of a value that cannot find its variable.
+bool isMarkedMissing(const ZelValue& value) {
+    return !value.findChild<QLabel*>("iconLabel")->isHidden() &&
+           value.findChild<QFrame*>("frame")->toolTip() == QLatin1String("VARIABLE NOT FOUND") &&
+           value.findChild<QLineEdit*>("value")->text() == QLatin1String("-");
+}
 
 QStringList menuTexts(const QWidget& widget) {
     QStringList texts;
@@ -83,10 +110,16 @@ private Q_SLOTS:
     void aLockedWidgetTakesNoPaste();
     void theWidgetIsSwitchedOff();
     void theSlotsForColoursAndFontsExist();
+    void aColourIsChosen_data();
+    void aColourIsChosen();
+    void aFontIsChosen_data();
+    void aFontIsChosen();
+    void aPasteOfAnUnknownNameIsMarked();
 
     void textAndItemsMayEnter();
     void aDropBindsTheName_data();
     void aDropBindsTheName();
+    void aDropOfAnUnknownNameIsMarked();
     void aLockedWidgetTakesNoDrop();
     void aDropWithControlSwapsTwoWidgets();
     void aDropWithControlFromElsewhereChangesNothing_data();
@@ -169,6 +202,81 @@ void InteractionTest::theSlotsForColoursAndFontsExist() {
     QCOMPARE(widget.names, QStringList());
 }
 
+void InteractionTest::aColourIsChosen_data() {
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QString>("look");
+    QTest::addColumn<bool>("accept");
+    QTest::newRow("colour") << QByteArray("changeColor") << "color" << true;
+    QTest::newRow("colour, cancelled") << QByteArray("changeColor") << "color" << false;
+    QTest::newRow("background") << QByteArray("changeBColor") << "background" << true;
+    QTest::newRow("background, cancelled") << QByteArray("changeBColor") << "background" << false;
+}
+
+void InteractionTest::aColourIsChosen() {
+    QFETCH(QByteArray, slot);
+    QFETCH(QString, look);
+    QFETCH(bool, accept);
+    Painted widget;
+    QColor start;
+    const QObject* parent = &widget;
+    whenOpened<QColorDialog>([&](QColorDialog* dialog) {
+        start = dialog->currentColor();
+        parent = dialog->parent();
+        dialog->setCurrentColor(Qt::red);
+        press(*dialog, accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
+    });
+    QVERIFY(QMetaObject::invokeMethod(&widget, slot));
+    QCOMPARE(start, QColor(Qt::white));
+    QVERIFY(!parent);
+    QCOMPARE(widget.chosen.size(), 1);
+    QCOMPARE(widget.chosen.first().first, look);
+    // The invalid colour after a cancel is what gives a widget its own colour back.
+    QCOMPARE(widget.chosen.first().second.value<QColor>(), accept ? QColor(Qt::red) : QColor());
+}
+
+void InteractionTest::aFontIsChosen_data() {
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QString>("look");
+    QTest::addColumn<bool>("accept");
+    QTest::newRow("font") << QByteArray("changeFont") << "font" << true;
+    QTest::newRow("font, cancelled") << QByteArray("changeFont") << "font" << false;
+    QTest::newRow("font of the value") << QByteArray("changeValueFont") << "value font" << true;
+    QTest::newRow("font of the value, cancelled") << QByteArray("changeValueFont") << "value font" << false;
+}
+
+void InteractionTest::aFontIsChosen() {
+    QFETCH(QByteArray, slot);
+    QFETCH(QString, look);
+    QFETCH(bool, accept);
+    Painted widget;
+    const QObject* parent = nullptr;
+    whenOpened<QFontDialog>([&](QFontDialog* dialog) {
+        parent = dialog->parent();
+        QFont font = dialog->currentFont();
+        font.setPointSize(24);
+        dialog->setCurrentFont(font);
+        press(*dialog, accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
+    });
+    QVERIFY(QMetaObject::invokeMethod(&widget, slot));
+    QCOMPARE(parent, &widget);
+    QCOMPARE(widget.chosen.size(), accept ? 1 : 0);
+    if (accept) {
+        QCOMPARE(widget.chosen.first().first, look);
+        QCOMPARE(widget.chosen.first().second.value<QFont>().pointSize(), 24);
+    }
+}
+
+void InteractionTest::aPasteOfAnUnknownNameIsMarked() {
+    platform().real("SPEED").value(1).format("%g");
+    ZelValue widget;
+    widget.setName("SPEED");
+    QVERIFY(!isMarkedMissing(widget));
+    QApplication::clipboard()->setText("NOBODY");
+    trigger(widget, "Paste Variable Name");
+    QVERIFY(isMarkedMissing(widget));
+    QCOMPARE(widget.getName(), QString("NOBODY"));
+}
+
 void InteractionTest::textAndItemsMayEnter() {
     Probe widget;
     widget.setAcceptDrops(true);
@@ -192,6 +300,18 @@ void InteractionTest::aDropBindsTheName() {
     widget.setDDEnabled(false);
     drop(widget, fromList ? *itemData("SPEED") : *textData("SPEED"));
     QCOMPARE(widget.names, QStringList({"SPEED"}));
+}
+
+void InteractionTest::aDropOfAnUnknownNameIsMarked() {
+    platform().real("SPEED").value(1).format("%g");
+    ZelValue widget;
+    widget.setName("SPEED");
+    drop(widget, *textData("NOBODY"));
+    QVERIFY(isMarkedMissing(widget));
+    QCOMPARE(widget.getName(), QString("NOBODY"));
+    drop(widget, *itemData("SPEED"));
+    QVERIFY(!isMarkedMissing(widget));
+    QCOMPARE(widget.getName(), QString("SPEED"));
 }
 
 void InteractionTest::aLockedWidgetTakesNoDrop() {
