@@ -77,10 +77,11 @@ void MainWindow::layOut() {
     m_column->addWidget(m_banner);
     m_column->addWidget(m_offer);
     setCentralWidget(contents);
+    // First: a window that has no room for all fields cuts the last ones off.
+    m_changesField = addField("changesField");
     m_storeField = addField("storeField");
     m_heartbeatField = addField("heartbeatField");
     m_bindingField = addField("bindingField");
-    m_changesField = addField("changesField");
     connect(m_offer, &OfferBar::accepted, this, &MainWindow::reload);
     connect(m_unsaved, &UnsavedChanges::recoveryFailed, this, [this](bool failed) {
         m_changesField->setStyleSheet(failed ? QStringLiteral("color: #b20018;") : QString());
