@@ -51,12 +51,15 @@ private Q_SLOTS:
     void anEmptyCatalogueLeavesItEmpty();
     void theButtonsAcceptAndReject_data();
     void theButtonsAcceptAndReject();
+    void withoutAStoreTheProcessEnds();
 };
 
 void ChannelIndexSelectionDialogTest::theFormIsAsForUsersOfItsNames() {
     ChannelIndexSelectionDialog dialog(nullptr, QT_OSTREL_IO_MEM, QString());
     QCOMPARE(dialog.objectName(), QString("ChannelIndexSelectionDialog"));
     QCOMPARE(dialog.windowTitle(), QString("Variable Selection"));
+    // No flags of its own: a dialog as any other.
+    QCOMPARE(dialog.windowFlags(), QDialog(nullptr, Qt::WindowFlags()).windowFlags());
     QCOMPARE(dialog.size(), QSize(416, 105));
     QCOMPARE(dialog.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
     QCOMPARE(dialog.styleSheet(), QString("background-color: rgb(244, 244, 244);\ncolor: rgb(0, 0, 0);"));
@@ -144,5 +147,20 @@ void ChannelIndexSelectionDialogTest::theButtonsAcceptAndReject() {
     QVERIFY(worker.isDone());
 }
 
-QTEST_MAIN(ChannelIndexSelectionDialogTest)
+void ChannelIndexSelectionDialogTest::withoutAStoreTheProcessEnds() {
+    QCOMPARE(outputWithoutAStore(), QByteArray("\n Ostrel must be running to use this command\n"));
+}
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (isWithoutAStore()) {
+        startAsHost();
+        ChannelIndexSelectionDialog dialog(nullptr, QT_OSTREL_IO_MEM, QString());
+        dialog.show();
+        return 3;
+    }
+    ChannelIndexSelectionDialogTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "channelindexselectiondialog_test.moc"

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QTimer>
 #include <functional>
@@ -86,6 +87,20 @@ private:
     QElapsedTimer m_elapsed;
     QWidget* m_last = nullptr;
 };
+
+// Runs this program once more, without a store: what it writes, once it has ended by itself with status 0.
+inline QByteArray outputWithoutAStore() {
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {"without-a-store"});
+    if (!child.waitForFinished() || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
+        return "it did not end with status 0";
+    return child.readAllStandardOutput();
+}
+
+// Whether this is the program that runs without a store.
+inline bool isWithoutAStore() {
+    return QCoreApplication::arguments().contains(QLatin1String("without-a-store"));
+}
 
 // Types into a line edit in place of what stands there.
 inline void retype(QLineEdit* edit, const QString& text) {

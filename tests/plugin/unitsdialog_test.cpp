@@ -26,6 +26,8 @@ void UnitsDialogTest::theFormIsAsForUsersOfItsNames() {
     QCOMPARE(dialog.objectName(), QString("UnitsDialog"));
     QCOMPARE(dialog.windowTitle(), QString("Enter Units"));
     QCOMPARE(int(dialog.windowFlags() & Qt::WindowType_Mask), 9);
+    const QDialog popup(nullptr, Qt::WindowFlags(9));
+    QCOMPARE(dialog.windowFlags(), popup.windowFlags());
     QCOMPARE(dialog.size(), QSize(198, 110));
     QCOMPARE(dialog.minimumSize(), QSize(178, 96));
     QCOMPARE(dialog.styleSheet(), QString("QDialog#UnitsDialog {\n  \tbackground-color: rgb(244, 244, 244);\n}"));

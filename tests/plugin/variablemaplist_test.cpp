@@ -187,6 +187,7 @@ private Q_SLOTS:
     void inputsAndOutputsWithAnythingElseAreNoSuchRequest();
 
     void aFlatCatalogueHasNamesWithTheGroupReadLast();
+    void aFlatCatalogueOfInputsAndOutputsHasNamesToo();
     void aFlatCatalogueHasNoAliases();
     void onlyTheMapAskedForIsReplaced();
 
@@ -194,6 +195,7 @@ private Q_SLOTS:
     void anAreaOfThisProcessStaysLinked();
     void anAreaThatDoesNotLinkIsLeftOut();
     void withoutTheRealsNoGeneralUseIsListedAndTheOthersStayLinked();
+    void withoutAPlaceForItsAddressNoAreaIsLinked();
     void withoutAStoreTheProcessEnds();
 };
 
@@ -322,6 +324,21 @@ void VariableMapListTest::aFlatCatalogueHasNamesWithTheGroupReadLast() {
                  {{"TWICE", "Analog Inputs"}, {"ONCE", "Analog Inputs"}, {"AIR.", "Gas/Fluid (property)"}})));
 }
 
+void VariableMapListTest::aFlatCatalogueOfInputsAndOutputsHasNamesToo() {
+    Areas& areas = platform().areas();
+    areas.attributes().logical_num_ai = 3;
+    areas.attributes().logical_num_di = 1;
+    areas.attributes().max_num_gu_real = 1;
+    areas.put<REAL_VARIABLE>(AI_REAL_MEM, 0, "OIL_TEMP");
+    areas.put<REAL_VARIABLE>(AI_REAL_MEM, 2, "AIR_TEMP");
+    areas.put<LOGICAL_VARIABLE>(DI_LOGI_MEM, 0, "DOOR");
+    areas.put<REAL_VARIABLE>(GU_REAL_MEM, 0, "SPEED");
+    platform().alias("T", "OIL_TEMP");
+    QCOMPARE(flatCatalogue(ioMem), (QMap<QString, QString>({{"OIL_TEMP", "Analog Inputs"},
+                                                            {"AIR_TEMP", "Analog Inputs"},
+                                                            {"DOOR", "Digital Input (logical) "}})));
+}
+
 void VariableMapListTest::aFlatCatalogueHasNoAliases() {
     Areas& areas = platform().areas();
     areas.attributes().max_num_gu_real = 1;
@@ -399,6 +416,13 @@ void VariableMapListTest::withoutTheRealsNoGeneralUseIsListedAndTheOthersStayLin
     for (const SM_AREA_ID area : {GU_INTEGER_MEM, GU_LOGICAL_MEM, GU_STRING_MEM})
         QCOMPARE(platform().areas().links(area), 1);
     QCOMPARE(platform().areas().links(AI_REAL_MEM), 0);
+}
+
+void VariableMapListTest::withoutAPlaceForItsAddressNoAreaIsLinked() {
+    platform().forgetCalls();
+    AreaLinks links;
+    QVERIFY(!links.local_link_to_memory(GU_REAL_MEM, nullptr));
+    QCOMPARE(platform().calls(), QStringList());
 }
 
 void VariableMapListTest::withoutAStoreTheProcessEnds() {

@@ -83,6 +83,10 @@ private Q_SLOTS:
     void theMetaObjectHasItsSignalsAndSlots();
 
     void itOpensBelowItsParentWithAllVariables();
+    void itOpensBelowItsParentWhereverThatStands_data();
+    void itOpensBelowItsParentWhereverThatStands();
+    void itOpensWhereItStandsWithoutAParent();
+    void aSecondShowingStartsAgain();
     void anEmptyNameShowsNothing();
     void anUnknownNameShowsNothing_data();
     void anUnknownNameShowsNothing();
@@ -113,6 +117,7 @@ private Q_SLOTS:
     void theCatalogueIsReadOncePerFilter();
     void aReconfigurationMakesTheNextDialogReadAgain();
     void theEndOfAnotherStateDoesNot();
+    void withoutAStoreTheProcessEnds();
 };
 
 // The first case: nothing has published members in this process yet.
@@ -128,6 +133,8 @@ void VariableSelectionDialogTest::theFormIsAsForUsersOfItsNames() {
     QCOMPARE(dialog.objectName(), QString("VariableSelectionDialog"));
     QCOMPARE(dialog.windowTitle(), QString("Variable Selection"));
     QCOMPARE(int(dialog.windowFlags() & Qt::WindowType_Mask), 7);
+    const QDialog drawer(nullptr, Qt::WindowFlags(7));
+    QCOMPARE(dialog.windowFlags(), drawer.windowFlags());
     QVERIFY(dialog.isModal());
     QVERIFY(!dialog.isSizeGripEnabled());
     QCOMPARE(dialog.size(), QSize(375, 162));
@@ -191,6 +198,54 @@ void VariableSelectionDialogTest::itOpensBelowItsParentWithAllVariables() {
                           "Gas/Fluid (property)", "General Use (real)", "General Use (statistical)"}));
     QCOMPARE(opened.group->currentText(), QString("All Variables"));
     QCOMPARE(itemsOf(opened.variable), everything);
+}
+
+void VariableSelectionDialogTest::itOpensBelowItsParentWhereverThatStands_data() {
+    QTest::addColumn<QPoint>("window");
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("in the corner") << QPoint(0, 0) << QPoint(0, 0);
+    QTest::newRow("inside a window") << QPoint(300, 250) << QPoint(120, 70);
+    QTest::newRow("far off") << QPoint(900, 600) << QPoint(10, 0);
+}
+
+void VariableSelectionDialogTest::itOpensBelowItsParentWhereverThatStands() {
+    QFETCH(QPoint, window);
+    QFETCH(QPoint, place);
+    QWidget form;
+    form.setGeometry(QRect(window, QSize(400, 300)));
+    QWidget value(&form);
+    value.setGeometry(QRect(place, QSize(100, 40)));
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    VariableSelectionDialog dialog(&value, filter(QT_OSTREL_ANY), "SPEED");
+    const QSize size = dialog.size();
+    dialog.show();
+    QCOMPARE(dialog.geometry(), QRect(window + place + QPoint(0, 40), size));
+}
+
+void VariableSelectionDialogTest::itOpensWhereItStandsWithoutAParent() {
+    VariableSelectionDialog dialog(nullptr, filter(QT_OSTREL_ANY), "SPEED");
+    dialog.move(200, 100);
+    dialog.show();
+    QCOMPARE(dialog.geometry().topLeft(), QPoint(200, 140));
+}
+
+void VariableSelectionDialogTest::aSecondShowingStartsAgain() {
+    Opened opened("SPEED");
+    opened.group->setCurrentIndex(opened.group->findText("General Use (statistical)"));
+    const QStringList groups = itemsOf(opened.group);
+    opened.dialog->hide();
+    platform().forgetCalls();
+    opened.dialog->show();
+    QCOMPARE(itemsOf(opened.group), groups);
+    QCOMPARE(opened.group->currentText(), QString("All Variables"));
+    QCOMPARE(itemsOf(opened.variable), everything);
+    QCOMPARE(opened.variable->currentText(), QString("SPEED"));
+    // What it fills its boxes with is what it read when it was made.
+    QCOMPARE(platform().calls(), QStringList());
+    // The hand of the operator is followed as before.
+    opened.type("TRQ.");
+    QVERIFY(opened.offers(statMembers));
 }
 
 void VariableSelectionDialogTest::anEmptyNameShowsNothing() {
@@ -502,5 +557,19 @@ void VariableSelectionDialogTest::theEndOfAnotherStateDoesNot() {
     QCOMPARE(walks(), 1);
 }
 
-QTEST_MAIN(VariableSelectionDialogTest)
+void VariableSelectionDialogTest::withoutAStoreTheProcessEnds() {
+    QCOMPARE(outputWithoutAStore(), QByteArray("\n Ostrel must be running to use this command\n"));
+}
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (isWithoutAStore()) {
+        startAsHost();
+        const VariableSelectionDialog dialog(nullptr, filter(QT_OSTREL_ANY), "SPEED");
+        return 3;
+    }
+    VariableSelectionDialogTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "variableselectiondialog_test.moc"
