@@ -77,6 +77,17 @@ private:
     double m_limit = 50;
 };
 
+// Properties that the browser shows in parts.
+class Plate : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QColor paint MEMBER m_paint)
+    Q_PROPERTY(QSize extent MEMBER m_extent)
+
+private:
+    QColor m_paint = Qt::red;
+    QSize m_extent = QSize(3, 4);
+};
+
 namespace {
 
 class Controller : public ObjectController {
@@ -162,9 +173,11 @@ private Q_SLOTS:
     void groupsAreCollapsedByTheStateThatNobodySaved();
 
     void displayNamesReplaceNamesOfPropertiesPartsAndClasses();
+    void displayNamesOfColourAndSizeParts();
     void aFilteredPropertyIsGone();
     void aFilterSetToFalseHidesNothing();
     void aFilteredClassShowsItsPropertiesAtTopLevel();
+    void aFilteredClassOnTheOneArgumentPath();
     void displayNamesAndFiltersAreAnswered();
 
     void anUnreadablePropertyIsNamedAsSuch();
@@ -285,6 +298,26 @@ void ObjectControllerTest::displayNamesReplaceNamesOfPropertiesPartsAndClasses()
     QCOMPARE(controller.propertiesOf("Letters").value(1), QString("Height"));
 }
 
+void ObjectControllerTest::displayNamesOfColourAndSizeParts() {
+    Plate plate;
+    Controller controller;
+    // The key of a part starts with the declared name of its property, whatever name that is shown under.
+    controller.setDisplayName("paint", "Lacquer");
+    controller.setDisplayName("paint.Red", "Warm");
+    controller.setDisplayName("paint.Alpha", "Cover");
+    controller.setDisplayName("Lacquer.Green", "Never seen");
+    controller.setDisplayName("Red", "Nor this");
+    controller.setDisplayName("extent.Height", "Length");
+    controller.setObject(&plate, "Plate", false);
+    QCOMPARE(controller.propertiesOf("Lacquer"), QStringList({"Warm", "Green", "Blue", "Cover"}));
+    QCOMPARE(controller.propertiesOf("extent"), QStringList({"Width", "Length"}));
+    // The parts work under their new names.
+    controller.property("Length")->setValue(9);
+    QCOMPARE(plate.property("extent").toSize(), QSize(3, 9));
+    controller.property("Warm")->setValue(12);
+    QCOMPARE(plate.property("paint").value<QColor>(), QColor(12, 0, 0));
+}
+
 void ObjectControllerTest::aFilteredPropertyIsGone() {
     Dial dial;
     Controller controller;
@@ -315,6 +348,24 @@ void ObjectControllerTest::aFilteredClassShowsItsPropertiesAtTopLevel() {
     QVERIFY(!controller.isExpanded("font"));
     controller.property("label")->setValue("Water");
     QCOMPARE(dial.label, QString("Water"));
+}
+
+void ObjectControllerTest::aFilteredClassOnTheOneArgumentPath() {
+    Dial dial;
+    Controller controller;
+    controller.setFilter("Instrument", true);
+    controller.setFilter("units", true);
+    static_cast<ObjectController&>(controller).setObject(&dial);
+    QCOMPARE(controller.groups(),
+             QStringList({"QObject", "name", "group", "memCode", "memIndex", "Instrument", "Dial"}));
+    QVERIFY(!controller.browser()->isItemVisible(controller.find("Instrument")));
+    QCOMPARE(controller.propertiesOf("Instrument"), QStringList());
+    for (const char* shown : {"QObject", "name", "memIndex", "Dial"})
+        QVERIFY2(controller.browser()->isItemVisible(controller.find(shown)), shown);
+    QCOMPARE(controller.propertiesOf("Dial"), dialProperties);
+    // The properties beside the hidden line are edited like any others.
+    controller.property("name")->setValue("TORQUE");
+    QCOMPARE(dial.property("name").toString(), QString("TORQUE"));
 }
 
 void ObjectControllerTest::displayNamesAndFiltersAreAnswered() {
