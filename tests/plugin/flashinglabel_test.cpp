@@ -1,10 +1,12 @@
 // The labels of the value widgets, and the table that is a shell.
 #include "widgets/flashinglabel.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QImage>
 #include <QMetaProperty>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QTableWidget>
 #include <QTest>
 #include <memory>
@@ -40,6 +42,8 @@ class FlashingLabelTest : public QObject {
 private Q_SLOTS:
     void itPaintsInThePalettesTextColour();
     void aPaletteChangeShowsAtTheNextRepaint();
+    void aStyleSheetBesideThePalette_data();
+    void aStyleSheetBesideThePalette();
     void aDisabledLabelIsBlack();
     void itsStyleIsItsOwn();
     void theStyleIgnoresTheRole();
@@ -72,6 +76,33 @@ void FlashingLabelTest::aPaletteChangeShowsAtTheNextRepaint() {
     Readout label;
     paletteColour(label, QPalette::Text, Qt::red);
     picture(label);
+    paletteColour(label, QPalette::Text, Qt::green);
+    QVERIFY(pixels(picture(label), Qt::green) > 50);
+    QCOMPARE(pixels(picture(label), Qt::red), 0);
+}
+
+void FlashingLabelTest::aStyleSheetBesideThePalette_data() {
+    QTest::addColumn<bool>("ofApplication");
+    QTest::newRow("of the form") << false;
+    QTest::newRow("of the application") << true;
+}
+
+// Sheets for the looks of a screen; the colour of a value's text is not theirs.
+void FlashingLabelTest::aStyleSheetBesideThePalette() {
+    QFETCH(bool, ofApplication);
+    const QString sheet("QWidget { background-color: white; border: 1px solid gray; } QPushButton { color: blue; }");
+    const auto reset = qScopeGuard([] { qApp->setStyleSheet(QString()); });
+    QWidget form;
+    if (ofApplication)
+        qApp->setStyleSheet(sheet);
+    else
+        form.setStyleSheet(sheet);
+    Readout label;
+    label.setParent(&form);
+    paletteColour(label, QPalette::Text, Qt::red);
+    QVERIFY(pixels(picture(label), Qt::red) > 50);
+    QCOMPARE(pixels(picture(label), Qt::blue), 0);
+    // A limit colour that comes later shows as it does without the sheet.
     paletteColour(label, QPalette::Text, Qt::green);
     QVERIFY(pixels(picture(label), Qt::green) > 50);
     QCOMPARE(pixels(picture(label), Qt::red), 0);

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void stringsAreNotSampledHere();
     void aLongNumberIsShortened_data();
     void aLongNumberIsShortened();
+    void aLongIntegerIsShortened_data();
+    void aLongIntegerIsShortened();
     void aTieIsRoundedToEven();
     void aFormatThatDoesNotFitIsReplaced_data();
     void aFormatThatDoesNotFitIsReplaced();
@@ -332,6 +334,45 @@ void SamplingTest::aLongNumberIsShortened() {
         widget.updateFirst_ = true;
         QCOMPARE(widget.text(false), withUnits);
     }
+}
+
+void SamplingTest::aLongIntegerIsShortened_data() {
+    QTest::addColumn<bool>("isElement");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("text");
+    for (const bool isElement : {false, true}) {
+        const QByteArray kind = isElement ? "element, " : "integer, ";
+        QTest::newRow(kind + "16 characters") << isElement << 123456789 << "%16d"
+                                              << "       123456789";
+        // Single precision is what is left of it.
+        QTest::newRow(kind + "17 characters") << isElement << 123456789 << "%17d"
+                                              << "1.23457E+08";
+        QTest::newRow(kind + "short in a long form") << isElement << -42 << "%017d"
+                                                     << "-42";
+        QTest::newRow(kind + "zero") << isElement << 0 << "%17d"
+                                     << "                0";
+    }
+}
+
+void SamplingTest::aLongIntegerIsShortened() {
+    QFETCH(bool, isElement);
+    QFETCH(int, value);
+    QFETCH(QString, format);
+    QFETCH(QString, text);
+    if (isElement) {
+        auto steps = platform().integerArray("STEPS");
+        steps.format(format.toLatin1());
+        steps[1].value = value;
+    } else {
+        platform().integer("COUNT").value(value).format(format.toLatin1());
+    }
+    Probe widget;
+    widget.setName(isElement ? "STEPS:1" : "COUNT");
+    QCOMPARE(widget.text(), text);
+    // The value itself counts as shown, not its shortened text.
+    QCOMPARE(widget._ilastValue, value);
+    QCOMPARE(widget.text(), QString("(nothing new)"));
 }
 
 void SamplingTest::aTieIsRoundedToEven() {

@@ -10,8 +10,18 @@
 #include "fabric/timerwidget.h"
 #include "fabric/timerwidgetplugin.h"
 #include "plugintest.h"
+#include "widgets/zel_value.h"
 
 namespace {
+
+class CountingValue : public ZelValue {
+public:
+    QString* sampleReal(bool hideUnits) override {
+        ++samples;
+        return ZelValue::sampleReal(hideUnits);
+    }
+    int samples = 0;
+};
 
 class GLProbe : public GLOstrelBase {
 public:
@@ -57,6 +67,7 @@ private Q_SLOTS:
 
     void widgetsOfOnePeriodShareAThread();
     void askingTwiceSubscribesOnce();
+    void aWidgetThatAskedTwiceIsSampledOncePerTick();
     void releasingFromAnUnusedPeriodDoesNothing();
     void releasingFromAllPeriodsPassesOverTheNextEntry();
     void anEndedPeriodGetsANewThread();
@@ -134,6 +145,30 @@ void TimerModeratorTest::askingTwiceSubscribesOnce() {
     platform().events().raise(eventOf(period));
     QTRY_VERIFY(isWaiting(period));
     QTRY_COMPARE(widget.ticks.size(), 2);
+}
+
+void TimerModeratorTest::aWidgetThatAskedTwiceIsSampledOncePerTick() {
+    const int period = newPeriod();
+    platform().converts("RPM", "HZ", 0.5);
+    platform().real("SPEED").value(1).units("RPM").format("%g");
+    CountingValue value;
+    value.setSampleRate(period);
+    value.setName("SPEED");
+    QVERIFY(TimerModerator::isRegistered(&value, period));
+    QVERIFY(TimerModerator::requestTimer(&value, period));
+    // Bound anew, it asks for its timer itself.
+    value.setUnits("HZ");
+    value.setName("SPEED");
+    // Ticks come to the widgets in the order in which they asked.
+    Probe last;
+    QVERIFY(TimerModerator::requestTimer(&last, period));
+    for (int tick = 1; tick <= 3; ++tick) {
+        QTRY_VERIFY(isWaiting(period));
+        value.samples = 0;
+        platform().events().raise(eventOf(period));
+        QTRY_COMPARE(last.ticks.size(), tick);
+        QCOMPARE(value.samples, 1);
+    }
 }
 
 void TimerModeratorTest::releasingFromAnUnusedPeriodDoesNothing() {

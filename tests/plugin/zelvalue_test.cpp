@@ -78,6 +78,7 @@ private Q_SLOTS:
 
     void noVariableShowsADash();
     void anUnknownVariableIsMarked();
+    void anUnknownVariableTakesTheUnitsOfTheFormerWithIt();
     void theMarkGoesWithTheNextVariable();
     void theToolTipComesBack();
     void theSameNameAgainLeavesTheTimerAlone();
@@ -308,12 +309,23 @@ void ZelValueTest::anUnknownVariableIsMarked() {
     platform().forgetCalls();
     widget.setName("NOBODY");
     QCOMPARE(widget.shown(), QString("-"));
+    QCOMPARE(widget.unitsLabel()->text(), QString());
     QVERIFY(widget.isMarkedMissing());
     QCOMPARE(widget.getName(), QString("NOBODY"));
     QVERIFY(!widget.isSampled());
     widget.setToolTip("another");
     QVERIFY(widget.isMarkedMissing());
     QCOMPARE(widget.getToolTip(), QString("another"));
+}
+
+void ZelValueTest::anUnknownVariableTakesTheUnitsOfTheFormerWithIt() {
+    platform().real("SPEED").value(5).units("rpm").format("%g");
+    Display widget;
+    widget.setName("SPEED");
+    QCOMPARE(widget.units(), QString("RPM"));
+    widget.setName("NOBODY");
+    QCOMPARE(widget.units(), QString());
+    QCOMPARE(widget.shown(), QString("-"));
 }
 
 void ZelValueTest::theMarkGoesWithTheNextVariable() {
