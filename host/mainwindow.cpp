@@ -77,11 +77,10 @@ void MainWindow::layOut() {
     m_column->addWidget(m_banner);
     m_column->addWidget(m_offer);
     setCentralWidget(contents);
-    // First: a window that has no room for all fields cuts the last ones off.
-    m_changesField = addField("changesField");
     m_storeField = addField("storeField");
     m_heartbeatField = addField("heartbeatField");
     m_bindingField = addField("bindingField");
+    m_changesField = addField("changesField");
     connect(m_offer, &OfferBar::accepted, this, &MainWindow::reload);
     connect(m_unsaved, &UnsavedChanges::recoveryFailed, this, [this](bool failed) {
         m_changesField->setStyleSheet(failed ? QStringLiteral("color: #b20018;") : QString());
@@ -169,6 +168,8 @@ QLabel* MainWindow::addField(const char* name) {
     auto* field = new QLabel;
     field->setObjectName(QLatin1String(name));
     field->setMargin(fontMetrics().height() / 4);
+    // In a narrow window fields get less than their text; squeezed below their minimum they would overlap.
+    field->setMinimumWidth(1);
     statusBar()->addWidget(field);
     return field;
 }
@@ -271,7 +272,7 @@ void MainWindow::showChanges() {
                             : count == 1 ? tr("1 unsaved change")
                                          : tr("%1 unsaved changes").arg(count));
     m_changesField->setToolTip(m_unsaved->any() ? m_unsaved->summary().join(QLatin1Char('\n')) : QString());
-    // In a narrow window the other fields give way.
+    // The other fields give way.
     m_changesField->setMinimumWidth(m_changesField->sizeHint().width());
     m_changesField->setVisible(count > 0);
 }

@@ -165,7 +165,7 @@ void FormEditingTest::changesOfAKilledDisplayAreOfferedAndComeBack() {
 }
 
 void FormEditingTest::numberOfChangesIsLegibleInANarrowWindow() {
-    QVERIFY(openDisplay("160x260"));
+    QVERIFY(openDisplay("220x260"));
     QVERIFY(m_screen->says(valueOf("speed"), "1500.2"));
     QVERIFY(chooseFromMenu("speed", "Disable Widget"));
     QVERIFY(m_screen->says(changesField, "1 unsaved change"));

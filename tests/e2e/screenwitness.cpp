@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QSaveFile>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 
@@ -67,12 +68,24 @@ void addProperties(const QWidget* widget, QJsonObject* entry) {
     entry->insert("nameFontSize", widget->property("nameFont").value<QFont>().pointSize());
 }
 
+// Its text has the room that it needs, and nothing beside it lies across.
+bool isWhole(const QWidget* widget) {
+    if (widget->visibleRegion().boundingRect().width() < widget->sizeHint().width())
+        return false;
+    const QWidget* parent = widget->parentWidget();
+    const auto neighbours =
+        parent ? parent->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly) : QList<QWidget*>();
+    return std::none_of(neighbours.begin(), neighbours.end(), [widget](const QWidget* other) {
+        return other != widget && other->isVisible() && other->geometry().intersects(widget->geometry());
+    });
+}
+
 void addWidget(QWidget* widget, QJsonArray* seen) {
     if (!widget->isVisible())
         return;
     QJsonObject entry = thing(QStringLiteral("widget:") + pathOf(widget), textOf(widget),
                               widget->mapToGlobal(widget->visibleRegion().boundingRect().center()));
-    entry.insert("whole", widget->visibleRegion().boundingRect().width() >= widget->sizeHint().width());
+    entry.insert("whole", isWhole(widget));
     addProperties(widget, &entry);
     seen->append(entry);
     if (const auto* button = qobject_cast<const QAbstractButton*>(widget))

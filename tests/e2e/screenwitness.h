@@ -10,7 +10,7 @@
 // "id", a "text" and the middle "at" which a mouse reaches it:
 //   window:TITLE, widget:NAMES/OF/THE/PARENTS/NAME, button:TEXT, action:TEXT of a menu, cell:FIRST COLUMN:COLUMN for a
 //   row of a list or tree.
-// A widget is "whole" when its text has the room that it needs; one of the collection has its "name" and
+// A widget is "whole" when its text has the room that it needs for itself; one of the collection has its "name" and
 // "nameFontSize".
 class ScreenWitness : public QGenericPlugin {
     Q_OBJECT
