@@ -17,7 +17,7 @@ class ScreenWitness : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "screenwitness.json")
 
 public:
-    QObject* create(const QString& key, const QString& specification) override;
+    QObject* create(const QString& key, const QString& arguments) override;
 
 private:
     void report();
