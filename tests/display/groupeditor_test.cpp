@@ -19,6 +19,7 @@
 #include <memory>
 
 #include "ostrel/storefixture.h"
+#include "whenopened.h"
 
 namespace {
 
@@ -32,19 +33,6 @@ const QByteArray engine =
     "<row>\n"
     "  <var name=\"NOBODY\"/>\n"
     "</row>\n";
-
-// Calls `operate` with the dialog that opens next, when it is there.
-template <class Dialog, class Operate>
-void whenOpened(Operate operate) {
-    auto* watch = new QTimer(qApp);
-    QObject::connect(watch, &QTimer::timeout, watch, [=] {
-        if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
-            watch->deleteLater();
-            operate(dialog);
-        }
-    });
-    watch->start(10);
-}
 
 // Answers the message box that opens next with that button; tells its text.
 void answer(QMessageBox::StandardButton button, QString* text = nullptr) {

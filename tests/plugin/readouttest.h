@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "plugintest.h"
+#include "whenopened.h"
 #include "widgets/flashinglabel.h"
 
 // A read-out of any of the classes, and what an operator sees of it.
@@ -45,19 +46,6 @@ public:
     using OstrelBase::unitsChanged;
     using OstrelBase::updateFirst_;
 };
-
-// Calls `operate` with the dialog that opens next, when it is there.
-template <class Dialog, class Operate>
-void whenOpened(Operate operate) {
-    auto* watch = new QTimer(qApp);
-    QObject::connect(watch, &QTimer::timeout, watch, [=] {
-        if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
-            watch->deleteLater();
-            operate(dialog);
-        }
-    });
-    watch->start(10);
-}
 
 // The names of a class's own properties in the order in which it declares them.
 inline QStringList ownProperties(const QMetaObject& meta) {

@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "plugintest.h"
+#include "whenopened.h"
 #include "widgets/flashinglabel.h"
 
 namespace {
@@ -39,19 +40,6 @@ public:
     using OstrelBase::_varType;
     using OstrelBase::limit_status;
 };
-
-// Calls `operate` with the dialog that opens next, when it is there.
-template <class Dialog, class Operate>
-void whenOpened(Operate operate) {
-    auto* watch = new QTimer(qApp);
-    QObject::connect(watch, &QTimer::timeout, watch, [=] {
-        if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
-            watch->deleteLater();
-            operate(dialog);
-        }
-    });
-    watch->start(10);
-}
 
 }  // namespace
 

@@ -15,6 +15,7 @@
 #include <QToolButton>
 
 #include "browserwindow.h"
+#include "whenopened.h"
 
 Q_DECLARE_METATYPE(QtProperty*)
 
@@ -42,20 +43,6 @@ public:
 
     QtVariantProperty* const property;
 };
-
-// Calls `operate` with the dialog or menu that opens next, when it is there.
-template <class Opened, class Operate>
-void whenOpened(Operate operate) {
-    auto* watch = new QTimer(qApp);
-    QObject::connect(watch, &QTimer::timeout, watch, [=] {
-        QWidget* top = QApplication::activePopupWidget();
-        if (auto* opened = qobject_cast<Opened*>(top ? top : QApplication::activeModalWidget())) {
-            watch->deleteLater();
-            operate(opened);
-        }
-    });
-    watch->start(10);
-}
 
 void press(const QDialog& dialog, QDialogButtonBox::StandardButton button) {
     QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);

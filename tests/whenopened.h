@@ -1,0 +1,23 @@
+// Answering the dialogs and menus that a widget opens.
+#ifndef WHENOPENED_H
+#define WHENOPENED_H
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+// Calls `operate` with the dialog or menu that opens next, when it is there.
+template <class Opened, class Operate>
+void whenOpened(Operate operate) {
+    auto* watch = new QTimer(qApp);
+    QObject::connect(watch, &QTimer::timeout, watch, [=] {
+        QWidget* top = QApplication::activePopupWidget();
+        if (auto* opened = qobject_cast<Opened*>(top ? top : QApplication::activeModalWidget())) {
+            watch->deleteLater();
+            operate(opened);
+        }
+    });
+    watch->start(10);
+}
+
+#endif
