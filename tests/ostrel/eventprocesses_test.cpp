@@ -10,11 +10,11 @@
 #include <thread>
 
 #include "eventcalls.h"
-#include "eventlock.h"
-#include "eventmemory.h"
-#include "eventowner.h"
+#include "events/eventlock.h"
+#include "events/eventmemory.h"
+#include "events/eventowner.h"
 #include "eventstore.h"
-#include "eventtable.h"
+#include "events/eventtable.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <thread>
 
 #include "eventcalls.h"
-#include "eventmemory.h"
+#include "events/eventmemory.h"
 #include "eventstore.h"
-#include "eventtable.h"
+#include "events/eventtable.h"
 
 namespace {
 

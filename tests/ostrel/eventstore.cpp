@@ -9,9 +9,9 @@
 
 #include <vector>
 
-#include "eventlock.h"
-#include "eventmemory.h"
-#include "eventsinuse.h"
+#include "events/eventlock.h"
+#include "events/eventmemory.h"
+#include "events/eventsinuse.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-#include "eventlayout.h"
+#include "events/eventlayout.h"
 
 /* Shared by the test with the child processes that it makes later. */
 class EventStore {

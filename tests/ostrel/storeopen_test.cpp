@@ -6,9 +6,9 @@
 
 #include <cstring>
 
-#include "eventmemory.h"
+#include "events/eventmemory.h"
 #include "fuzzinputs.h"
-#include "storeobjects.h"
+#include "store/storeobjects.h"
 
 namespace {
 

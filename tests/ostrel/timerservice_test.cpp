@@ -4,8 +4,8 @@
 #include <unistd.h>
 
 #include "eventcalls.h"
-#include "eventlock.h"
-#include "eventmemory.h"
+#include "events/eventlock.h"
+#include "events/eventmemory.h"
 #include "eventstore.h"
 
 namespace {

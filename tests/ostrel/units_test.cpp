@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "unitsphysics.h"
-#include "unitstable.h"
+#include "units/unitstable.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include <ostrel/log.h>
 
-#include "currentstore.h"
+#include "store/currentstore.h"
 #include "processidentity.h"
 
 namespace {

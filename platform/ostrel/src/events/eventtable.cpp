@@ -1,0 +1,249 @@
+#include "events/eventtable.h"
+
+#include <ostrel/events.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#include "events/eventlock.h"
+#include "events/eventowner.h"
+
+namespace {
+
+std::uint64_t bitOf(int place) {
+    return std::uint64_t{1} << (static_cast<unsigned>(place) % 64);
+}
+
+template <class Set>
+auto& wordOf(Set& set, int place) {
+    return set[static_cast<unsigned>(place) / 64];
+}
+
+template <class Function>
+void forEachPlace(ThreadSet set, Function function) {
+    for (unsigned word = 0; word < set.size(); ++word) {
+        for (; set[word] != 0; set[word] &= set[word] - 1)
+            function(static_cast<int>(word * 64) + std::countr_zero(set[word]));
+    }
+}
+
+unsigned depthOf(const Subscription& subscription) {
+    return std::clamp(subscription.depth, 1U, deepestQueue);
+}
+
+/* Messages that the attachment has not read and can no longer read. */
+std::uint64_t overflowOf(const EventPlace& event, const Subscription& subscription) {
+    const std::uint64_t waiting = event.raised - subscription.next;
+    const unsigned depth = depthOf(subscription);
+    return waiting > depth ? waiting - depth : 0;
+}
+
+void settleOverflow(EventPlace& event, Subscription& subscription) {
+    const std::uint64_t overflow = overflowOf(event, subscription);
+    if (overflow == 0)
+        return;
+    publish(subscription.next, subscription.next + overflow);
+    event.dropped += overflow;
+}
+
+}  // namespace
+
+std::optional<EventName> toEventName(const char* name) {
+    const std::size_t length = name ? strnlen(name, eventNameSize) : 0;
+    if (length == 0 || length == eventNameSize)
+        return std::nullopt;
+    EventName result{};
+    std::memcpy(result.data(), name, length);
+    return result;
+}
+
+bool isPayload(const void* data, std::size_t size) {
+    return size <= payloadCapacity && (data || size == 0);
+}
+
+unsigned eventCount(const EventLayout& memory) {
+    return std::min(memory.eventCount, eventCapacity);
+}
+
+int periodOf(const EventPlace& event) {
+    const bool isTimer = event.periodMs >= shortestPeriodMs && event.periodMs <= longestPeriodMs;
+    return isTimer ? event.periodMs : 0;
+}
+
+int findEvent(const EventLayout& memory, const EventName& name) {
+    for (unsigned event = 0; event < eventCount(memory); ++event) {
+        if (memory.events[event].name == name)
+            return static_cast<int>(event);
+    }
+    return -1;
+}
+
+int findTimer(const EventLayout& memory, int periodMs) {
+    for (unsigned event = 0; event < eventCount(memory); ++event) {
+        if (periodMs > 0 && periodOf(memory.events[event]) == periodMs)
+            return static_cast<int>(event);
+    }
+    return -1;
+}
+
+int addEvent(EventLayout& memory, const EventName& name, int periodMs) {
+    const unsigned index = eventCount(memory);
+    if (index == eventCapacity)
+        return -1;
+    EventPlace& event = memory.events[index];
+    event = {};
+    event.name = name;
+    event.periodMs = periodMs;
+    // Before the event counts: whoever sees the number and waits for the lock then finds the timer.
+    if (periodMs > 0)
+        memory.timerChanges.fetch_add(1, std::memory_order_relaxed);
+    publish(memory.eventCount, index + 1);
+    if (periodMs > 0)
+        wakeWord(memory.timerChanges);
+    return static_cast<int>(index);
+}
+
+int claimPlace(EventLayout& memory, const ThreadIdentity& thread) {
+    const auto isFree = [](const ThreadPlace& candidate) { return candidate.used != 1; };
+    ThreadPlace* const found = std::ranges::find_if(memory.threads, isFree);
+    if (found == std::end(memory.threads))
+        return -1;
+    found->owner = thread;
+    found->sleeping = 0;
+    publish(found->used, 1U);
+    return static_cast<int>(found - memory.threads);
+}
+
+bool ownsPlace(const EventLayout& memory, int place, const ThreadIdentity& thread) {
+    return memory.threads[place].used == 1 && memory.threads[place].owner == thread;
+}
+
+void releasePlace(EventLayout& memory, int place) {
+    for (unsigned event = 0; event < eventCount(memory); ++event) {
+        if (isSubscribed(memory, static_cast<int>(event), place))
+            unsubscribe(memory, static_cast<int>(event), place);
+    }
+    publish(memory.threads[place].used, 0U);
+}
+
+bool releaseDeadPlaces(EventLayout& memory) {
+    std::array<ThreadIdentity, threadCapacity> owners{};
+    std::array<bool, threadCapacity> isSuspect{};
+    {
+        const EventLock lock(memory);
+        if (!lock.held())
+            return false;
+        for (unsigned place = 0; place < threadCapacity; ++place) {
+            owners[place] = memory.threads[place].owner;
+            isSuspect[place] = memory.threads[place].used == 1;
+        }
+    }
+    // Asking the kernel takes long; nobody waits for the lock meanwhile.
+    for (unsigned place = 0; place < threadCapacity; ++place)
+        isSuspect[place] = isSuspect[place] && isGone(owners[place]);
+    if (std::ranges::none_of(isSuspect, [](bool suspect) { return suspect; }))
+        return false;
+
+    const EventLock lock(memory);
+    if (!lock.held())
+        return false;
+    bool wasReleased = false;
+    for (unsigned place = 0; place < threadCapacity; ++place) {
+        if (isSuspect[place] && ownsPlace(memory, static_cast<int>(place), owners[place])) {
+            releasePlace(memory, static_cast<int>(place));
+            wasReleased = true;
+        }
+    }
+    return wasReleased;
+}
+
+void subscribe(EventLayout& memory, int event, int place, unsigned depth) {
+    Subscription& subscription = memory.subscriptions[event][place];
+    subscription.next = memory.events[event].raised;
+    subscription.depth = std::clamp(depth, 1U, deepestQueue);
+    std::uint64_t& word = wordOf(memory.events[event].attached, place);
+    publish(word, word | bitOf(place));
+}
+
+void unsubscribe(EventLayout& memory, int event, int place) {
+    settleOverflow(memory.events[event], memory.subscriptions[event][place]);
+    std::uint64_t& word = wordOf(memory.events[event].attached, place);
+    publish(word, word & ~bitOf(place));
+}
+
+bool isSubscribed(const EventLayout& memory, int event, int place) {
+    return (wordOf(memory.events[event].attached, place) & bitOf(place)) != 0;
+}
+
+bool oldestMessage(EventLayout& memory, int event, int place, Message& message) {
+    Subscription& subscription = memory.subscriptions[event][place];
+    settleOverflow(memory.events[event], subscription);
+    if (subscription.next == memory.events[event].raised)
+        return false;
+    const std::size_t slot = subscription.next % messageSlots;
+    const MessageHead& head = memory.heads[event][slot];
+    message = {memory.bodies[event][slot].bytes, std::min(head.size, payloadCapacity), head.order};
+    return true;
+}
+
+void takeMessage(EventLayout& memory, int event, int place) {
+    Subscription& subscription = memory.subscriptions[event][place];
+    publish(subscription.next, subscription.next + 1);
+}
+
+std::uint64_t droppedBy(const EventLayout& memory, int event) {
+    const EventPlace& place = memory.events[event];
+    std::uint64_t dropped = place.dropped;
+    forEachPlace(place.attached,
+                 [&](int thread) { dropped += overflowOf(place, memory.subscriptions[event][thread]); });
+    return dropped;
+}
+
+int attachedTo(const EventLayout& memory, int event) {
+    int count = 0;
+    forEachPlace(memory.events[event].attached, [&](int) { ++count; });
+    return count;
+}
+
+ThreadSet putMessage(EventLayout& memory, int event, const void* data, std::size_t size) {
+    EventPlace& place = memory.events[event];
+    const std::size_t slot = place.raised % messageSlots;
+    publish(memory.order, memory.order + 1);
+    memory.heads[event][slot] = {memory.order, static_cast<std::uint32_t>(size), 0};
+    if (size > 0)
+        std::memcpy(memory.bodies[event][slot].bytes, data, size);
+    publish(place.raised, place.raised + 1);
+
+    ThreadSet toWake{};
+    forEachPlace(place.attached, [&](int thread) {
+        ThreadPlace& sleeper = memory.threads[thread];
+        if (sleeper.sleeping == 0)
+            return;
+        sleeper.sleeping = 0;
+        // Relaxed: the sleeper reads it under the lock, or the kernel compares it.
+        sleeper.wakeups.fetch_add(1, std::memory_order_relaxed);
+        wordOf(toWake, thread) |= bitOf(thread);
+    });
+    return toWake;
+}
+
+short int raiseEvent(EventLayout& memory, const EventName& name, const void* data, std::size_t size) {
+    ThreadSet toWake{};
+    {
+        const EventLock lock(memory);
+        if (!lock.held())
+            return OSTREL_EVENT_NO_STORE;
+        const int event = findEvent(memory, name);
+        if (event < 0)
+            return OSTREL_EVENT_UNKNOWN;
+        toWake = putMessage(memory, event, data, size);
+    }
+    // Without the lock, which the threads that wake up want at once.
+    wakeThreads(memory, toWake);
+    return 0;
+}
+
+void wakeThreads(EventLayout& memory, const ThreadSet& threads) {
+    forEachPlace(threads, [&](int thread) { wakeWord(memory.threads[thread].wakeups); });
+}

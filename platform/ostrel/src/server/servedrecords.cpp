@@ -1,0 +1,252 @@
+#include "server/servedrecords.h"
+
+#include <algorithm>
+#include <bit>
+#include <cerrno>
+#include <cstring>
+#include <iterator>
+
+#include <ostrel/records.h>
+
+namespace {
+
+// The sections whose slots SYSTEM_ATTRIBUTES counts. All others are walked in full.
+struct Counted {
+    SM_AREA_ID area;
+    short SYSTEM_ATTRIBUTES::*count;
+};
+
+constexpr Counted kCounted[] = {
+    {GU_REAL_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_real},       {GU_INTEGER_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_integer},
+    {GU_LOGICAL_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_logical}, {GU_STRING_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_string},
+    {GU_STAT_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_stat},       {DP_STAT_MEM, &SYSTEM_ATTRIBUTES::max_num_dp_stat},
+    {REAL_ARRAY_MEM, &SYSTEM_ATTRIBUTES::max_array_real},     {INT_ARRAY_MEM, &SYSTEM_ATTRIBUTES::max_array_integer},
+    {LOGI_ARRAY_MEM, &SYSTEM_ATTRIBUTES::max_array_logical},  {STRING_ARRAY_MEM, &SYSTEM_ATTRIBUTES::max_array_string},
+    {AI_REAL_MEM, &SYSTEM_ATTRIBUTES::logical_num_ai},        {FI_REAL_MEM, &SYSTEM_ATTRIBUTES::logical_num_fi},
+    {CI_REAL_MEM, &SYSTEM_ATTRIBUTES::logical_num_ci},        {CI_INTG_MEM, &SYSTEM_ATTRIBUTES::logical_num_ci},
+    {DI_LOGI_MEM, &SYSTEM_ATTRIBUTES::logical_num_di},        {DO_LOGI_MEM, &SYSTEM_ATTRIBUTES::num_do},
+    {LIMIT_LOGI_MEM, &SYSTEM_ATTRIBUTES::max_limit_logicals},
+};
+
+const Counted* counted(SM_AREA_ID area) {
+    const auto* found =
+        std::find_if(std::begin(kCounted), std::end(kCounted), [area](const Counted& c) { return c.area == area; });
+    return found == std::end(kCounted) ? nullptr : found;
+}
+
+const ostrel_section& sectionRow(int section) {
+    return ostrel_sections(nullptr)[section];
+}
+
+void putShort(char* record, size_t offset, short value) {
+    std::memcpy(record + offset, &value, sizeof value);
+}
+
+short shortAt(const char* record, size_t offset) {
+    short value = 0;
+    std::memcpy(&value, record + offset, sizeof value);
+    return value;
+}
+
+void nameRecord(char* record, int section, int index, const std::string& label) {
+    const ostrel_section& row = sectionRow(section);
+    const CommonFields& fields = commonFields(row.kind);
+    std::memset(record, 0, row.record_size);
+    putShort(record, fields.shmId, static_cast<short>(row.area));
+    putShort(record, fields.index, static_cast<short>(index));
+    std::memcpy(record + fields.label, label.data(), label.size());
+}
+
+std::string withoutMemory(int error) {
+    return error == ENOSPC ? "there is no memory left for it; free some in /dev/shm" : std::strerror(error);
+}
+
+bool sameShape(const ArrayShape& a, const ArrayShape& b) {
+    return a.dimensions == b.dimensions && std::equal(a.sizes.begin(), a.sizes.begin() + a.dimensions, b.sizes.begin());
+}
+
+}  // namespace
+
+ServedRecords::ServedRecords(Attachment& store, const ServedRecords* former) : m_store(store), m_former(former) {
+    for (int i = 0; i < kSections; ++i)
+        book(i) = SlotBook(store.capacity(i));
+}
+
+int ServedRecords::prepare() {
+    const auto& areas = m_store.objects().areas;
+    int error = areas[SYS_ATTR_MEM].reserve(0, sizeof(SYSTEM_ATTRIBUTES));
+    if (error == 0)
+        error = m_store.objects().writes.reserve(0, sizeof(WriteMemory));
+    for (int i = 0; i < kSections && error == 0; ++i) {
+        const ostrel_section& row = sectionRow(i);
+        if (!counted(row.area) && row.kind != ALIAS_TYPE)
+            error = areas[static_cast<size_t>(row.area)].reserve(
+                row.start, static_cast<size_t>(m_store.capacity(i)) * row.record_size);
+    }
+    return error;
+}
+
+void ServedRecords::adopt() {
+    for (int section = 0; section < kSections; ++section) {
+        const CommonFields& fields = commonFields(sectionRow(section).kind);
+        for (int i = 0; i < m_store.used(section); ++i) {
+            const char* record = m_store.record(section, i);
+            const char* label = record + fields.label;
+            book(section).enter(std::string(label, strnlen(label, kNameBytes - 1)),
+                                shortAt(record, fields.active) != 0);
+        }
+    }
+}
+
+// Clients read the rule of each record that they write.
+int ServedRecords::reserveRules(int section, size_t count) {
+    const SharedObject& writes = m_store.objects().writes;
+    const char* first = reinterpret_cast<const char*>(&m_store.rule(section, 0));
+    return writes.reserve(static_cast<size_t>(first - writes.data()), count * sizeof(WriteRule));
+}
+
+void ServedRecords::setRule(int section, int index, const ostrel_write_rule& given) {
+    WriteRule& rule = m_store.rule(section, index);
+    const uint64_t flags =
+        (given.writable ? 0 : kRuleLocked) | (given.has_min ? kRuleMin : 0) | (given.has_max ? kRuleMax : 0);
+    rule.min.store(std::bit_cast<uint64_t>(given.min), std::memory_order_relaxed);
+    rule.max.store(std::bit_cast<uint64_t>(given.max), std::memory_order_relaxed);
+    rule.flags.store(flags, std::memory_order_release);
+}
+
+int ServedRecords::reserveSlot(int section, int index) {
+    const ostrel_section& row = sectionRow(section);
+    const size_t end = row.start + (static_cast<size_t>(index) + 1) * row.record_size;
+    size_t& reserved = m_reservedTo[static_cast<size_t>(section)];
+    if (end <= reserved)
+        return 0;
+    const SharedObject& area = m_store.objects().areas[static_cast<size_t>(row.area)];
+    const size_t from = std::max(reserved, row.start);
+    const size_t to = std::min(wholeParts(end), area.size());
+    const size_t records = (to - row.start) / row.record_size;
+    int error = area.reserve(from, to - from);
+    if (error == 0)
+        error = reserveRules(section, std::min(records, static_cast<size_t>(m_store.capacity(section))));
+    if (error == 0)
+        reserved = to;
+    return error;
+}
+
+char* ServedRecords::take(int section, const std::string& label, bool& isNew, std::string& problem) {
+    const auto taken = book(section).take(label);
+    if (!taken) {
+        problem = "the section " + std::string(sectionRow(section).name) + " is full; it has room for " +
+                  std::to_string(book(section).capacity());
+        return nullptr;
+    }
+    if (const int error = reserveSlot(section, taken->index)) {
+        problem = withoutMemory(error);
+        return nullptr;
+    }
+    auto& used = m_store.header()->sections[section].used;
+    if (used.load(std::memory_order_relaxed) <= static_cast<uint32_t>(taken->index))
+        used.store(static_cast<uint32_t>(taken->index) + 1, std::memory_order_release);
+    char* record = m_store.record(section, taken->index);
+    isNew = taken->isNew;
+    if (isNew) {
+        setRule(section, taken->index, {1, 0, 0, 0, 0});
+        nameRecord(record, section, taken->index, label);
+        isNew = !carryRecord(section, taken->index, label);
+    }
+    return record;
+}
+
+bool ServedRecords::carryRecord(int section, int index, const std::string& label) {
+    const auto former = m_former ? m_former->book(section).find(label) : std::nullopt;
+    const char* from = former ? m_former->m_store.record(section, *former) : nullptr;
+    if (!from)
+        return false;
+    const ostrel_section& row = sectionRow(section);
+    char* record = m_store.record(section, index);
+    std::memcpy(record, from, row.record_size);
+    putShort(record, commonFields(row.kind).index, static_cast<short>(index));
+    const WriteRule& given = m_former->m_store.rule(section, *former);
+    WriteRule& rule = m_store.rule(section, index);
+    rule.min.store(given.min.load(std::memory_order_relaxed), std::memory_order_relaxed);
+    rule.max.store(given.max.load(std::memory_order_relaxed), std::memory_order_relaxed);
+    rule.flags.store(given.flags.load(std::memory_order_relaxed), std::memory_order_release);
+    return true;
+}
+
+bool ServedRecords::carryElements(int section, int index, const ElementBlock& to) {
+    const int kind = sectionRow(section).kind;
+    const auto former = m_former ? m_former->book(section).find(book(section).label(index)) : std::nullopt;
+    const ElementBlock from = former ? m_former->m_store.elements(kind, *former) : ElementBlock{};
+    if (!from.data || from.count != to.count)
+        return false;
+    std::memcpy(to.data, from.data, to.count * elementSize(kind));
+    return true;
+}
+
+char* ServedRecords::takeElements(int kind, int index, size_t count, std::string& problem) {
+    StoreHeader& header = *m_store.header();
+    const SharedObject& memory = m_store.objects().elements;
+    const size_t start = std::min<size_t>(header.elementsUsed.load(std::memory_order_relaxed), memory.size());
+    const size_t bytes = (count * elementSize(kind) + kElementAlignment - 1) / kElementAlignment * kElementAlignment;
+    const int error = bytes > memory.size() - start ? ENOSPC : memory.reserve(start, bytes);
+    if (error != 0) {
+        problem = withoutMemory(error);
+        return nullptr;
+    }
+    header.elementsUsed.store(start + bytes, std::memory_order_release);
+    header.arrayBlocks[kind - REAL_ARRAY_TYPE][index].store((start / kElementAlignment) << 32 | count,
+                                                            std::memory_order_release);
+    return memory.data() + start;
+}
+
+char* ServedRecords::shapeElements(int section, int index, const ArrayShape& shape, bool& isNew, std::string& problem) {
+    const int kind = sectionRow(section).kind;
+    char* record = m_store.record(section, index);
+    const bool staysInShape = !isNew && sameShape(shapeInRecord(record, kind), shape);
+    const ElementBlock block = m_store.elements(kind, index);
+    if (staysInShape && block.count == shape.elementCount())
+        return block.data;
+    char* elements = takeElements(kind, index, shape.elementCount(), problem);
+    if (!elements || (staysInShape && carryElements(section, index, {elements, shape.elementCount()})))
+        return elements;
+    const std::string label = book(section).label(index);
+    nameRecord(record, section, index, label);
+    writeShape(record, kind, shape);
+    isNew = true;
+    return elements;
+}
+
+int ServedRecords::indexOf(int section, const char* record) const {
+    const ostrel_section& row = sectionRow(section);
+    return static_cast<int>(static_cast<size_t>(record - m_store.base(row.area) - row.start) / row.record_size);
+}
+
+void ServedRecords::setActive(int section, int index, bool active) {
+    if (char* record = m_store.record(section, index))
+        putShort(record, commonFields(sectionRow(section).kind).active, active);
+}
+
+void ServedRecords::commit() {
+    for (int section = 0; section < kSections; ++section) {
+        for (const int index : book(section).commit())
+            setActive(section, index, false);
+        for (const int index : book(section).standing())
+            setActive(section, index, true);
+    }
+    countSlots();
+}
+
+void ServedRecords::countSlots() {
+    SYSTEM_ATTRIBUTES counts{};
+    for (int section = 0; section < kSections; ++section) {
+        if (const Counted* row = counted(sectionRow(section).area))
+            counts.*row->count = static_cast<short>(std::max<int>(counts.*row->count, m_store.used(section)));
+    }
+    // Two sections that share a count are walked equally far; where that is not reserved a full memory would kill.
+    for (int section = 0; section < kSections; ++section) {
+        const Counted* row = counted(sectionRow(section).area);
+        if (row && counts.*row->count > 0 && reserveSlot(section, counts.*row->count - 1) != 0)
+            counts.*row->count = static_cast<short>(m_store.used(section));
+    }
+    std::memcpy(m_store.base(SYS_ATTR_MEM), &counts, sizeof counts);
+}

@@ -1,0 +1,316 @@
+#include <ostrel/server.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <ostrel/log.h>
+
+#include "store/currentstore.h"
+#include "server/generation.h"
+#include "monotonic.h"
+#include "server/serverstate.h"
+
+namespace {
+
+constexpr auto kAllAreas = static_cast<SM_AREA_ID>(-1);
+constexpr int64_t kReclaimEvery = nanosecondsPerSecond;
+
+template <size_t size>
+void putText(char (&field)[size], const char* text) {
+    std::memset(field, 0, size);
+    std::memcpy(field, text, strnlen(text, size - 1));
+}
+
+void tell(char* message, size_t size, const std::string& culprit, const std::string& problem) {
+    if (message && size > 0)
+        snprintf(message, size, "%s: %s", culprit.c_str(), problem.c_str());
+}
+
+bool isUnderReconfiguration(const ostrel_server& server, SM_AREA_ID area) {
+    for (const SM_AREA_ID begun : server.begun)
+        if (begun == kAllAreas || begun == area)
+            return true;
+    return false;
+}
+
+bool isIdentifier(std::string_view text) {
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
+    if (text.empty() || !isLetter(text.front()))
+        return false;
+    for (const char c : text)
+        if (!isLetter(c) && !(c >= '0' && c <= '9'))
+            return false;
+    return true;
+}
+
+std::string problemOfName(std::string_view name, bool endsInPoint) {
+    if (name.size() >= kNameBytes)
+        return "is too long for a name; it may have 79 characters";
+    if (endsInPoint && !name.ends_with('.'))
+        return "is no name of a variable with members; it must end in a point";
+    if (endsInPoint)
+        name.remove_suffix(1);
+    if (!isIdentifier(name))
+        return "is no name; use letters, digits and underscores, with no digit at the start";
+    return "";
+}
+
+// The section that a name shall be put into; -1 with the reason where that cannot be.
+int sectionFor(const ostrel_server& server, SM_AREA_ID area, int kind, const std::string& label, std::string& problem) {
+    const int section = sectionNumber(area, kind);
+    if (section < 0)
+        problem = "area " + std::to_string(area) + " has no section for kind " + std::to_string(kind);
+    else if (!isUnderReconfiguration(server, area))
+        problem = "its area is not under reconfiguration; begin that first";
+    else
+        problem = problemOfName(label, hasMembers(kind));
+    if (problem.empty() && server.names->isTaken(label))
+        problem = "stands already; a name can be given once";
+    return problem.empty() ? section : -1;
+}
+
+char* putRecord(ostrel_server& server, SM_AREA_ID area, int kind, const std::string& label, bool& isNew,
+                std::string& problem) {
+    const int section = sectionFor(server, area, kind, label, problem);
+    char* record = section < 0 ? nullptr : server.records->take(section, label, isNew, problem);
+    if (record && kind != ALIAS_TYPE)
+        server.names->add(label, section, server.records->indexOf(section, record));
+    return record;
+}
+
+void retireDangling(ostrel_server& server) {
+    for (const std::string& alias : server.names->dropDangling()) {
+        server.records->book(sectionNumber(ALIAS_MEM, ALIAS_TYPE)).drop(alias);
+        log_error(__FILE__, __LINE__, 1, 0, "alias %s: stands for no variable; it is left out", alias.c_str());
+    }
+}
+
+void fillAliasRecords(const ostrel_server& server) {
+    const int section = sectionNumber(ALIAS_MEM, ALIAS_TYPE);
+    for (const auto& [name, alias] : server.names->aliases()) {
+        auto* record = reinterpret_cast<ALIAS_VARIABLE*>(server.store->record(section, alias.index));
+        const auto meaning = server.names->resolve(alias.target);
+        if (!record || !meaning)
+            continue;
+        putText(record->var.label, alias.target.c_str());
+        SHARED_MEMORY mem{};
+        mem.code = static_cast<SM_AREA_ID>(meaning->area);
+        mem.index = static_cast<short>(meaning->index);
+        mem.vari_type = static_cast<SM_VARI_TYPE>(meaning->kind);
+        mem.offset = meaning->member;
+        record->var.mem = mem;
+        record->primary = alias.primary;
+    }
+}
+
+}  // namespace
+
+ostrel_server* ostrel_server_open(const ostrel_server_options* options, char* message, size_t message_size) {
+    const std::string name = options && options->name ? options->name : "";
+    const bool isPrivate = options && !options->name;
+    auto server = std::make_unique<ostrel_server>();
+    std::string problem;
+    if (!options || (!isPrivate && !isStoreName(name)))
+        problem = "is no name for a store; use letters, digits, points, hyphens and underscores";
+    server->name = name;
+    if (problem.empty() && !isPrivate) {
+        server->lock = std::make_unique<ServerLock>();
+        server->lock->acquire(name, problem);
+    }
+    if (problem.empty())
+        openStore(*server, *options, problem);
+    if (!problem.empty()) {
+        tell(message, message_size, isPrivate ? "private store" : "store " + name, problem);
+        return nullptr;
+    }
+    server->store->takeServersThread();
+    return server.release();
+}
+
+void ostrel_server_close(ostrel_server* server) {
+    if (!server)
+        return;
+    closeStore(*server);
+    delete server;
+}
+
+int ostrel_server_adopted(const ostrel_server* server) {
+    return server && server->adopted;
+}
+
+void ostrel_server_beat(ostrel_server* server) {
+    if (!server)
+        return;
+    const int64_t now = monotonicNow();
+    server->store->takeServersThread();
+    server->store->header()->heartbeat.store(now, std::memory_order_release);
+    Attachment& seen = storeOfClients(*server);
+    seen.header()->heartbeat.store(now, std::memory_order_release);
+    if (now - server->lastReclaim < kReclaimEvery)
+        return;
+    server->lastReclaim = now;
+    reclaimDeadThreads(seen.eventMemory());
+}
+
+int ostrel_server_make_room(ostrel_server* server, const ostrel_server_room* rooms, int count, char* message,
+                            size_t message_size) {
+    if (!server || count < 0 || (!rooms && count > 0))
+        return -1;
+    std::string problem;
+    const auto capacities = capacitiesFor(*server->store, {rooms, static_cast<size_t>(count)}, problem);
+    bool isMade = false;
+    if (capacities && !fits(*server->store, *capacities)) {
+        if (!server->begun.empty() || server->previous)
+            problem = "is being reconfigured; it can grow before begin and after commit";
+        else
+            isMade = startNextGeneration(*server, *capacities, problem);
+    }
+    if (!problem.empty()) {
+        tell(message, message_size, server->name.empty() ? "private store" : "store " + server->name, problem);
+        return -1;
+    }
+    return isMade;
+}
+
+void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area) {
+    if (!server || isUnderReconfiguration(*server, area))
+        return;
+    server->store->takeServersThread();
+    announce(storeOfClients(*server), area, true);
+    server->begun.push_back(area);
+    server->names->forget(area);
+    for (int section = 0; section < kSections; ++section)
+        if (area == kAllAreas || ostrel_sections(nullptr)[section].area == area)
+            server->records->book(section).begin();
+}
+
+void* ostrel_server_put(ostrel_server* server, SM_AREA_ID area, SM_VARI_TYPE kind, const char* label, int* created,
+                        char* message, size_t message_size) {
+    if (!server || !label)
+        return nullptr;
+    std::string problem;
+    bool isNew = false;
+    char* record = nullptr;
+    if (isArray(kind) || kind == ALIAS_TYPE)
+        problem = "arrays and aliases are put by functions of their own";
+    else
+        record = putRecord(*server, area, kind, label, isNew, problem);
+    if (!record)
+        tell(message, message_size, label, problem);
+    else if (created)
+        *created = isNew;
+    return record;
+}
+
+void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const char* label, int dimensions,
+                              const unsigned short* sizes, void** elements, int* created, char* message,
+                              size_t message_size) {
+    if (!server || !label || !sizes || !elements)
+        return nullptr;
+    std::string problem;
+    ArrayShape shape;
+    shape.dimensions = dimensions;
+    for (int i = 0; i < dimensions && i < kMaxDimensions; ++i)
+        shape.sizes[static_cast<size_t>(i)] = sizes[i];
+    const int section = arraySectionNumber(kind);
+    bool isNew = false;
+    char* record = nullptr;
+    char* first = nullptr;
+    if (section < 0)
+        problem = "kind " + std::to_string(kind) + " is no array";
+    else if (shape.elementCount() == 0)
+        problem = "has no size that an array can have; use 1 to 3 dimensions of 1 to 2500";
+    else
+        record = putRecord(*server, ostrel_sections(nullptr)[section].area, kind, label, isNew, problem);
+    if (record)
+        first =
+            server->records->shapeElements(section, server->records->indexOf(section, record), shape, isNew, problem);
+    if (!first) {
+        tell(message, message_size, label, problem);
+        return nullptr;
+    }
+    *elements = first;
+    if (created)
+        *created = isNew;
+    return record;
+}
+
+ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias, const char* target, int primary,
+                                        char* message, size_t message_size) {
+    if (!server || !alias || !target)
+        return nullptr;
+    std::string problem;
+    bool isNew = false;
+    char* record = nullptr;
+    if (strnlen(target, kNameBytes) >= kNameBytes)
+        problem = "its target is too long for a name; it may have 79 characters";
+    else
+        record = putRecord(*server, ALIAS_MEM, ALIAS_TYPE, alias, isNew, problem);
+    if (!record) {
+        tell(message, message_size, alias, problem);
+        return nullptr;
+    }
+    const int index = server->records->indexOf(sectionNumber(ALIAS_MEM, ALIAS_TYPE), record);
+    server->names->addAlias(alias, {target, primary != 0, index});
+    return reinterpret_cast<ALIAS_VARIABLE*>(record);
+}
+
+void ostrel_server_set_limits(ostrel_server* server, const char* label, const double* limits, const short int* exists,
+                              const short int* display) {
+    if (!server || !label || !limits || !exists || !display)
+        return;
+    Limits given;
+    std::memcpy(given.values.data(), limits, sizeof given.values);
+    std::memcpy(given.exists.data(), exists, sizeof given.exists);
+    std::memcpy(given.display.data(), display, sizeof given.display);
+    server->names->setLimits(label, given);
+    if (server->begun.empty() && !changeLimits(server->store->objects(), label, given))
+        server->names->publish();
+}
+
+int ostrel_server_set_write_rule(ostrel_server* server, const char* label, const ostrel_write_rule* rule) {
+    const auto meaning = server && label && rule ? server->names->find(label) : std::nullopt;
+    if (!meaning)
+        return 1;
+    server->records->setRule(sectionNumber(meaning->area, meaning->kind), meaning->index, *rule);
+    return 0;
+}
+
+int ostrel_server_drain_writes(ostrel_server* server, const char* file, char* message, size_t message_size) {
+    if (!server || !file)
+        return 1;
+    std::string problem;
+    for (Attachment* store : server->former)
+        if (problem.empty())
+            server->writeFile.drain(*store->writes(), file, problem);
+    if (problem.empty())
+        server->writeFile.drain(*storeOfClients(*server).writes(), file, problem);
+    if (!problem.empty())
+        tell(message, message_size, file, problem);
+    return problem.empty() ? 0 : 1;
+}
+
+void ostrel_server_commit(ostrel_server* server) {
+    if (!server || server->begun.empty())
+        return;
+    server->store->takeServersThread();
+    retireDangling(*server);
+    fillAliasRecords(*server);
+    if (const int error = server->names->publish())
+        log_error(__FILE__, __LINE__, 1, error, "store %s: the names cannot be made known: %s", server->name.c_str(),
+                  std::strerror(error));
+    server->records->commit();
+    countReconfiguration(*server->store);
+    const std::vector<SM_AREA_ID> begun = std::exchange(server->begun, {});
+    if (server->previous)
+        finishNextGeneration(*server);
+    else
+        for (const SM_AREA_ID area : begun)
+            announce(*server->store, area, false);
+}

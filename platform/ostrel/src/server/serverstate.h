@@ -1,0 +1,45 @@
+/*
+ * What a server of a store has in hand.
+ */
+#ifndef OSTREL_SERVERSTATE_H
+#define OSTREL_SERVERSTATE_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <ostrel/server.h>
+
+#include "store/attachment.h"
+#include "events/eventmemory.h"
+#include "server/servednames.h"
+#include "server/servedrecords.h"
+#include "server/serverlock.h"
+#include "server/writefile.h"
+
+struct ostrel_server {
+    std::string name;  // empty for a private store
+    Access access;
+    std::string cellFile;
+    std::string logFile;
+    std::unique_ptr<ServerLock> lock;
+    bool adopted = false;
+
+    // What is served, or what is being filled to be served: the next generation from make_room to commit.
+    Attachment* store = nullptr;
+    std::unique_ptr<ServedRecords> records;
+    std::unique_ptr<ServedNames> names;
+    std::vector<SM_AREA_ID> begun;  // areas under reconfiguration, -1 for all
+
+    // While the next generation is being filled.
+    Attachment* previous = nullptr;  // which clients use until then
+    std::unique_ptr<ServedRecords> previousRecords;
+    std::unique_ptr<Attachment> next;  // owns `store` until clients may have it
+
+    std::vector<Attachment*> former;  // generations whose clients may not have moved yet
+    std::unique_ptr<TimerService> timers;
+    int64_t lastReclaim = 0;
+    WriteFile writeFile;
+};
+
+#endif

@@ -1,0 +1,237 @@
+#include "store/storeobjects.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <numeric>
+#include <string_view>
+
+#include "events/eventmemory.h"
+#include "store/writelayout.h"
+
+namespace {
+
+constexpr size_t kBlocksBytes = kPrivateBlocks * kPrivateBlockBytes;
+constexpr std::array<std::string_view, 4> kPartSuffixes = {"-elements", "-events", "-blocks", "-writes"};
+constexpr std::string_view kNextGeneration = ".next";
+constexpr std::string_view kLock = ".lock";
+
+std::string objectName(const std::string& store, std::string_view suffix) {
+    return headerObject(store) + std::string(suffix);
+}
+
+std::string areaSuffix(size_t area) {
+    return "-area" + std::to_string(area);
+}
+
+// Calls visit() with what the name of each object of a store ends in, the header's first.
+template <typename Visit>
+void forEachPart(Visit visit) {
+    visit(std::string());
+    for (size_t area = 0; area < MAX_NUM_SHRD_MEM; ++area)
+        visit(areaSuffix(area));
+    for (const std::string_view suffix : kPartSuffixes)
+        visit(std::string(suffix));
+}
+
+// Bytes of each area: to the end of its last section, 0 for an area that the store has not.
+std::array<size_t, MAX_NUM_SHRD_MEM> areaSizes(const Capacities& capacities) {
+    std::array<size_t, MAX_NUM_SHRD_MEM> sizes{};
+    sizes[SYS_ATTR_MEM] = kPart;
+    for (size_t i = 0; i < capacities.size(); ++i) {
+        const ostrel_section& section = ostrel_sections(nullptr)[i];
+        const size_t end = section.start + size_t{capacities[i]} * section.record_size;
+        size_t& size = sizes[static_cast<size_t>(section.area)];
+        size = std::max(size, wholeParts(end));
+    }
+    return sizes;
+}
+
+size_t writesBytes(const Capacities& capacities) {
+    const size_t slots = std::accumulate(capacities.begin(), capacities.end(), size_t{0});
+    return wholeParts(sizeof(WriteMemory) + slots * sizeof(WriteRule));
+}
+
+// One part of a store, to be made or opened in the same way as the others.
+struct ObjectPart {
+    SharedObject* object;
+    std::string suffix;
+    size_t size;
+};
+
+std::array<ObjectPart, MAX_NUM_SHRD_MEM + kPartSuffixes.size()> partsBesideHeader(StoreObjects& objects,
+                                                                                  const Capacities& capacities) {
+    std::array<ObjectPart, MAX_NUM_SHRD_MEM + kPartSuffixes.size()> parts;
+    const auto sizes = areaSizes(capacities);
+    for (size_t area = 0; area < sizes.size(); ++area)
+        parts[area] = {&objects.areas[area], areaSuffix(area), sizes[area]};
+    parts[MAX_NUM_SHRD_MEM] = {&objects.elements, "-elements", kElementBytes};
+    parts[MAX_NUM_SHRD_MEM + 1] = {&objects.events, "-events", eventMemorySize()};
+    parts[MAX_NUM_SHRD_MEM + 2] = {&objects.blocks, "-blocks", kBlocksBytes};
+    parts[MAX_NUM_SHRD_MEM + 3] = {&objects.writes, "-writes", writesBytes(capacities)};
+    return parts;
+}
+
+int createObject(SharedObject& object, const std::string& store, std::string_view suffix, size_t size,
+                 const Access& access) {
+    if (size == 0)
+        return 0;
+    if (store.empty())
+        return object.createAnonymous("ostrel", size);
+    return object.create(objectName(store, suffix), size, access);
+}
+
+void fillRooms(SectionRoom* rooms, const Capacities& capacities) {
+    const ostrel_section* sections = ostrel_sections(nullptr);
+    for (int i = 0; i < kSections; ++i) {
+        rooms[i].area = static_cast<uint16_t>(sections[i].area);
+        rooms[i].kind = static_cast<uint16_t>(sections[i].kind);
+        rooms[i].capacity = capacities[static_cast<size_t>(i)];
+        rooms[i].recordSize = static_cast<uint32_t>(sections[i].record_size);
+        rooms[i].start = sections[i].start;
+    }
+}
+
+// The capacities that the header tells, each word read once; false where it has other sections than this program.
+bool readCapacities(const StoreHeader& header, Capacities& capacities) {
+    for (size_t i = 0; i < capacities.size(); ++i) {
+        const ostrel_section& section = ostrel_sections(nullptr)[i];
+        const SectionRoom& room = header.sections[i];
+        capacities[i] = room.capacity;
+        if (room.area != section.area || room.kind != section.kind || room.start != section.start ||
+            room.recordSize != section.record_size || capacities[i] == 0 || capacities[i] > INT16_MAX)
+            return false;
+    }
+    return header.sectionCount == kSections;
+}
+
+StoreLook lookAtHeader(const SharedObject& object, Capacities& capacities, std::string& problem) {
+    const auto* header = reinterpret_cast<const StoreHeader*>(object.data());
+    if (header->magic == 0)
+        return StoreLook::kAbsent;
+    if (header->magic != kMagic) {
+        problem = "is no store";
+        return StoreLook::kDamaged;
+    }
+    if (header->layoutVersion != kLayoutVersion) {
+        problem = "has layout version " + std::to_string(header->layoutVersion) + ", this program knows " +
+                  std::to_string(kLayoutVersion);
+        return StoreLook::kDamaged;
+    }
+    if (header->state.load(std::memory_order_acquire) != kLive)
+        return StoreLook::kAbsent;
+    if (!readCapacities(*header, capacities) || header->eventBytes != eventMemorySize()) {
+        problem = "has another layout of its areas";
+        return StoreLook::kDamaged;
+    }
+    return StoreLook::kUsable;
+}
+
+StoreLook openHeader(SharedObject& header, const std::string& name, Capacities& capacities, std::string& problem) {
+    int error = header.open(headerObject(name), kHeaderObjectBytes, true);
+    if (error == EACCES)
+        error = header.open(headerObject(name), kHeaderObjectBytes, false);
+    if (error == ENOENT)
+        return StoreLook::kAbsent;
+    if (error != 0) {
+        problem = error == ENODATA ? "is cut short" : std::strerror(error);
+        return StoreLook::kDamaged;
+    }
+    return lookAtHeader(header, capacities, problem);
+}
+
+}  // namespace
+
+bool isStoreName(const std::string& name) {
+    const auto isAllowed = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-' ||
+               c == '.';
+    };
+    return !name.empty() && name.size() < sizeof(StoreHeader::name) &&
+           std::all_of(name.begin(), name.end(), isAllowed) && name.find("-area") == std::string::npos &&
+           !name.ends_with(kNextGeneration) && !name.ends_with(kLock) &&
+           std::none_of(kPartSuffixes.begin(), kPartSuffixes.end(),
+                        [&](std::string_view suffix) { return name.ends_with(suffix); });
+}
+
+std::string headerObject(const std::string& name) {
+    return "/ostrel-" + name;
+}
+
+Capacities defaultCapacities() {
+    Capacities capacities{};
+    for (size_t i = 0; i < capacities.size(); ++i)
+        capacities[i] = static_cast<uint32_t>(ostrel_sections(nullptr)[i].capacity);
+    return capacities;
+}
+
+bool createStoreObjects(StoreObjects& objects, const std::string& name, const Capacities& capacities,
+                        const Access& access, std::string& problem) {
+    if (!name.empty())
+        unlinkStoreObjects(name);
+    int error = 0;
+    for (const ObjectPart& part : partsBesideHeader(objects, capacities))
+        if (error == 0)
+            error = createObject(*part.object, name, part.suffix, part.size, access);
+    if (error == 0)
+        error = createObject(objects.header, name, "", kHeaderObjectBytes, access);
+    if (error == 0)
+        error = objects.header.reserve(0, kIndexOffset);
+    if (error != 0) {
+        problem = "cannot make its shared memory: " + std::string(std::strerror(error));
+        if (!name.empty())
+            unlinkStoreObjects(name);
+        return false;
+    }
+    fillRooms(objects.storeHeader()->sections, capacities);
+    return true;
+}
+
+StoreLook openStoreObjects(StoreObjects& objects, const std::string& name, std::string& problem) {
+    Capacities capacities{};
+    const StoreLook look = openHeader(objects.header, name, capacities, problem);
+    if (look != StoreLook::kUsable)
+        return look;
+    const bool writable = objects.header.isWritable();
+    for (const ObjectPart& part : partsBesideHeader(objects, capacities)) {
+        const int error = part.size == 0 ? 0 : part.object->open(objectName(name, part.suffix), part.size, writable);
+        if (error != 0)
+            problem = "its part " + part.suffix.substr(1) + ": " + std::strerror(error);
+    }
+    // A store that ends says so before it removes the first part: what was opened while it lives belongs together.
+    if (objects.storeHeader()->state.load(std::memory_order_acquire) != kLive)
+        return StoreLook::kAbsent;
+    return problem.empty() ? StoreLook::kUsable : StoreLook::kDamaged;
+}
+
+void unlinkStoreObjects(const std::string& name) {
+    forEachPart([&](const std::string& suffix) { shm_unlink(objectName(name, suffix).c_str()); });
+}
+
+std::string nextGenerationName(const std::string& name) {
+    return name + std::string(kNextGeneration);
+}
+
+int replaceStoreObjects(const std::string& name) {
+    // POSIX can remove and open a shared memory object but not rename it; here they are files of this folder.
+    const std::string folder = "/dev/shm";
+    const std::string next = nextGenerationName(name);
+    int error = 0;
+    shm_unlink(headerObject(name).c_str());
+    const auto move = [&](const std::string& suffix) {
+        if (std::rename((folder + objectName(next, suffix)).c_str(), (folder + objectName(name, suffix)).c_str()) !=
+                0 &&
+            errno != ENOENT)
+            error = errno;
+    };
+    // The header comes last: a store can be found when all of it is there.
+    forEachPart([&](const std::string& suffix) {
+        if (!suffix.empty())
+            move(suffix);
+    });
+    move("");
+    return error;
+}
