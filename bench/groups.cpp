@@ -9,8 +9,8 @@
 #include <QLabel>
 #include <QTemporaryDir>
 
-#include "core/globals.h"
 #include "groupfile/groupfile.h"
+#include "hostlink/globals.h"
 #include "servedstore.h"
 #include "widgets/zelgroupwidget.h"
 #include "widgets/zelgroupwidget_fl.h"

@@ -10,13 +10,13 @@
 #include <cstring>
 
 #include "cellwatch.h"
-#include "core/globals.h"
 #include "displaycontrol.h"
 #include "endsignals.h"
 #include "fabric/signalslotsingleton.h"
 #include "fabric/timermoderator.h"
 #include "failure.h"
 #include "formbindings.h"
+#include "hostlink/globals.h"
 #include "mainwindow.h"
 #include "options.h"
 #include "screenshot.h"

@@ -2,9 +2,9 @@
 
 #include <atomic>
 
-#include "core/globals.h"
 #include "core/ostrelbase.h"
 #include "fabric/ostrelgblreconfigevent.h"
+#include "hostlink/globals.h"
 #include "unsavedchanges.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // The display's own definitions of what it agrees on with the plug-in library. They are exported, so that the dynamic
 // linker takes them in place of the library's.
-#include "core/globals.h"
+#include "hostlink/globals.h"
 
 #include "displaycontrol.h"
 

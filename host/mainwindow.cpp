@@ -13,7 +13,6 @@
 
 #include "banner.h"
 #include "cellwatch.h"
-#include "core/globals.h"
 #include "core/ostrelbase.h"
 #include "displaycontrol.h"
 #include "fabric/signalslotsingleton.h"
@@ -22,6 +21,7 @@
 #include "formbindings.h"
 #include "formloader.h"
 #include "formwatch.h"
+#include "hostlink/globals.h"
 #include "offerbar.h"
 #include "options.h"
 #include "questions.h"

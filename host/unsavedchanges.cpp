@@ -2,8 +2,8 @@
 
 #include <ostrel-display/uifilewriter.h>
 
-#include "core/formwriter.h"
-#include "core/globals.h"
+#include "hostlink/formwriter.h"
+#include "hostlink/globals.h"
 
 namespace {
 

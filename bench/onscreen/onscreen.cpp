@@ -29,7 +29,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_value.h"
 

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_value.h"
 

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <memory>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 #include "selection/variableselectiondialog.h"
 #include "servedstore.h"
 

@@ -4,9 +4,9 @@
 
 #include <cstring>
 
-#include "core/formwriter.h"
-#include "core/recordtext.h"
 #include "fabric/timermoderator.h"
+#include "hostlink/formwriter.h"
+#include "variables/recordtext.h"
 
 GLOstrelBase::GLOstrelBase(QWidget* parent) : QGLWidget(parent) {
     ensureFormWriter();

@@ -5,10 +5,10 @@
 
 #include <QDebug>
 
-#include "core/formwriter.h"
-#include "core/names.h"
-#include "core/recordtext.h"
 #include "fabric/timermoderator.h"
+#include "hostlink/formwriter.h"
+#include "variables/names.h"
+#include "variables/recordtext.h"
 
 OstrelBase::OstrelBase(QWidget* parent) : QWidget(parent) {
     qRegisterMetaType<size_t>("size_t");

@@ -14,22 +14,15 @@
 #include <QString>
 #include <QWidget>
 
-#include "core/globals.h"
-#include "core/kinds.h"
+#include "hostlink/globals.h"
+#include "variables/kinds.h"
+#include "variables/recordview.h"
 
 // Result of a binding.
 enum VAR_FIND_STATUS {
     VARIABLE_NOTFOUND = 0,
     VARIABLE_FOUND = 1,    // bound, to the same variable as before
     VARIABLE_CHANGED = 2,  // bound, to another variable than before
-};
-
-// What a bound record offers its widget. Null where its kind has no such thing.
-struct RecordView {
-    bool known = false;                  // a kind that can be sampled
-    const char (*units)[16] = nullptr;   // the variable's own units
-    LIMIT_STATUS* limits = nullptr;      // limit bits of the record or the array element
-    const char* memberFormat = nullptr;  // printf format of the selected member
 };
 
 class Q_DECL_EXPORT OstrelBase : public QWidget {

@@ -5,10 +5,10 @@
 #include <QRegularExpression>
 #include <cstring>
 
-#include "core/names.h"
 #include "core/ostrelbase.h"
-#include "core/recordtext.h"
 #include "fabric/timermoderator.h"
+#include "variables/names.h"
+#include "variables/recordtext.h"
 
 namespace {
 

@@ -15,12 +15,12 @@
 #include <QPointer>
 #include <vector>
 
-#include "core/names.h"
 #include "core/ostrelbase.h"
-#include "core/recordtext.h"
 #include "properties/mycontroller.h"
 #include "selection/unitsdialog.h"
 #include "selection/variableselectiondialog.h"
+#include "variables/names.h"
+#include "variables/recordtext.h"
 
 namespace {
 

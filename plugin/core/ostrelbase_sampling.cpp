@@ -5,11 +5,11 @@
 #include <QDebug>
 #include <QPalette>
 
-#include "core/names.h"
 #include "core/ostrelbase.h"
-#include "core/recordtext.h"
-#include "core/valuetext.h"
 #include "fabric/timermoderator.h"
+#include "variables/names.h"
+#include "variables/recordtext.h"
+#include "variables/valuetext.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 
 #include "core/glostrelbase.h"
 #include "core/ostrelbase.h"
-#include "fabric/hostflags.h"
 #include "fabric/ostrelvariabledatainput.h"
+#include "hostlink/hostflags.h"
 
 // Two threads never attach at once.
 Q_DECL_EXPORT QMutex OstrelEventMutex;

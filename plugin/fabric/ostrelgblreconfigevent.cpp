@@ -7,8 +7,8 @@
 
 #include "core/glostrelbase.h"
 #include "core/ostrelbase.h"
-#include "fabric/hostflags.h"
 #include "fabric/ostrelvariabledatainput.h"
+#include "hostlink/hostflags.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "core/glostrelbase.h"
 #include "core/ostrelbase.h"
-#include "fabric/hostflags.h"
+#include "hostlink/hostflags.h"
 
 // Two threads never attach at once.
 Q_DECL_EXPORT QMutex TimerWidgetMutex;

@@ -1,7 +1,7 @@
 #ifndef TIMERWIDGETPLUGIN_H
 #define TIMERWIDGETPLUGIN_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 // Stands in no collection: a form has no use for a moderator of its own.
 class Q_DECL_EXPORT TimerWidgetPlugin : public WidgetPlugin {

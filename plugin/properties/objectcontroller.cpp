@@ -6,7 +6,7 @@
 #include <QMetaProperty>
 #include <QVBoxLayout>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 #include "properties/enumvalues.h"
 
 class ObjectControllerPrivate {

@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "core/kinds.h"
+#include "variables/kinds.h"
 
 // One run of records of one kind inside a memory area.
 struct CatalogueSection {

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <memory>
 
-#include "core/kinds.h"
+#include "variables/kinds.h"
 
 namespace Ui {
 class ChannelIndexSelectionDialog;

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "core/recordtext.h"
 #include "selection/cataloguesections.h"
+#include "variables/recordtext.h"
 
 namespace {
 

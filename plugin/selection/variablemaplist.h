@@ -8,8 +8,8 @@
 #include <QObject>
 #include <QStringList>
 
-#include "core/kinds.h"
 #include "selection/arealinks.h"
+#include "variables/kinds.h"
 
 struct CatalogueSection;
 

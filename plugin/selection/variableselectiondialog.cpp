@@ -10,11 +10,11 @@
 #include <QStandardItemModel>
 #include <algorithm>
 
-#include "core/globals.h"
-#include "core/recordtext.h"
+#include "hostlink/globals.h"
 #include "selection/memberextensions.h"
 #include "selection/variablemaplist.h"
 #include "ui_variableselectiondialog.h"
+#include "variables/recordtext.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <QStringList>
 #include <memory>
 
-#include "core/kinds.h"
+#include "variables/kinds.h"
 
 namespace Ui {
 class VariableSelectionDialog;

@@ -9,9 +9,9 @@
 #include <QFile>
 #include <QGridLayout>
 
-#include "core/formwriter.h"
-#include "core/globals.h"
 #include "groupfile/groupfile.h"
+#include "hostlink/formwriter.h"
+#include "hostlink/globals.h"
 #include "properties/mycontroller.h"
 
 QDWindow* displayWindow = nullptr;

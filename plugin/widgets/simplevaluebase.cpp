@@ -6,11 +6,11 @@
 #include <QMessageBox>
 #include <QResizeEvent>
 
-#include "core/names.h"
-#include "core/notfoundmark.h"
-#include "core/recordtext.h"
-#include "core/valueentry.h"
 #include "fabric/timermoderator.h"
+#include "variables/names.h"
+#include "variables/notfoundmark.h"
+#include "variables/recordtext.h"
+#include "variables/valueentry.h"
 
 namespace {
 

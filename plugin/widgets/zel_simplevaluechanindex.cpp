@@ -7,8 +7,8 @@
 #include <array>
 #include <utility>
 
-#include "core/recordtext.h"
 #include "selection/channelindexselectiondialog.h"
+#include "variables/recordtext.h"
 #include "widgets/indexuimanager.h"
 
 namespace {

@@ -6,12 +6,12 @@
 #include <QApplication>
 #include <QMessageBox>
 
-#include "core/names.h"
-#include "core/notfoundmark.h"
-#include "core/recordtext.h"
-#include "core/valueentry.h"
 #include "fabric/timermoderator.h"
 #include "ui_zel_value.h"
+#include "variables/names.h"
+#include "variables/notfoundmark.h"
+#include "variables/recordtext.h"
+#include "variables/valueentry.h"
 
 ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
     // Before there are children that would have to follow.

@@ -1,7 +1,7 @@
 #ifndef ZELGROUPPLUGIN_H
 #define ZELGROUPPLUGIN_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 class Q_DECL_EXPORT ZelGroupPlugin : public WidgetPlugin {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #ifndef ZELGROUPPLUGIN_FL_H
 #define ZELGROUPPLUGIN_FL_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 class Q_DECL_EXPORT ZelGroupPlugin_fl : public WidgetPlugin {
     Q_OBJECT

@@ -3,7 +3,7 @@
 #include <QFont>
 #include <QPalette>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 #include "ui_zelgroupwidget_fl.h"
 #include "widgets/zel_simplevalue_fl.h"
 

@@ -1,7 +1,7 @@
 #ifndef ZELSIMPLEVALUECHANINDEXPLUGIN_H
 #define ZELSIMPLEVALUECHANINDEXPLUGIN_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 class Q_DECL_EXPORT ZelSimpleValueChanIndexPlugin : public WidgetPlugin {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #ifndef ZELSIMPLEVALUEPLUGIN_H
 #define ZELSIMPLEVALUEPLUGIN_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 class Q_DECL_EXPORT ZelSimpleValuePlugin : public WidgetPlugin {
     Q_OBJECT

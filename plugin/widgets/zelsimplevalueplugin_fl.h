@@ -1,7 +1,7 @@
 #ifndef ZELSIMPLEVALUEPLUGIN_FL_H
 #define ZELSIMPLEVALUEPLUGIN_FL_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 class Q_DECL_EXPORT ZelSimpleValuePlugin_fl : public WidgetPlugin {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #ifndef ZELVALUEPLUGIN_H
 #define ZELVALUEPLUGIN_H
 
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 class Q_DECL_EXPORT ZelValuePlugin : public WidgetPlugin {
     Q_OBJECT

@@ -1,6 +1,6 @@
 // A remote display only shows: the globals that this program sets must be those that the plug-in library reads.
-#include "core/globals.h"
 #include "fabric/timermoderator.h"
+#include "hostlink/globals.h"
 #include "testcell.h"
 #include "window.h"
 

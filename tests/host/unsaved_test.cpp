@@ -11,10 +11,10 @@
 
 #include <ostrel-display/uifilewriter.h>
 
-#include "core/globals.h"
 #include "displaycontrol.h"
 #include "fabric/timermoderator.h"
 #include "formwatch.h"
+#include "hostlink/globals.h"
 #include "testcell.h"
 #include "unsavedchanges.h"
 #include "window.h"

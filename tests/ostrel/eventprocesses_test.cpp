@@ -13,8 +13,8 @@
 #include "events/eventlock.h"
 #include "events/eventmemory.h"
 #include "events/eventowner.h"
-#include "eventstore.h"
 #include "events/eventtable.h"
+#include "eventstore.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 
 #include "eventcalls.h"
 #include "events/eventmemory.h"
-#include "eventstore.h"
 #include "events/eventtable.h"
+#include "eventstore.h"
 
 namespace {
 

@@ -15,8 +15,8 @@
 #include <thread>
 #include <vector>
 
-#include "unitsphysics.h"
 #include "units/unitstable.h"
+#include "unitsphysics.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 
 #include <ostrel/log.h>
 
-#include "store/currentstore.h"
 #include "processidentity.h"
+#include "store/currentstore.h"
 
 namespace {
 

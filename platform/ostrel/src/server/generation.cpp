@@ -11,10 +11,10 @@
 
 #include <ostrel/log.h>
 
-#include "store/currentstore.h"
 #include "monotonic.h"
 #include "processidentity.h"
 #include "rawnumber.h"
+#include "store/currentstore.h"
 
 namespace {
 

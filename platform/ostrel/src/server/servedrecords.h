@@ -9,9 +9,9 @@
 
 #include <ostrel/server.h>
 
+#include "server/slotbook.h"
 #include "store/arrayshape.h"
 #include "store/attachment.h"
-#include "server/slotbook.h"
 
 class ServedRecords {
 public:

@@ -11,10 +11,10 @@
 
 #include <ostrel/log.h>
 
-#include "store/currentstore.h"
-#include "server/generation.h"
 #include "monotonic.h"
+#include "server/generation.h"
 #include "server/serverstate.h"
+#include "store/currentstore.h"
 
 namespace {
 

@@ -10,12 +10,12 @@
 
 #include <ostrel/server.h>
 
-#include "store/attachment.h"
 #include "events/eventmemory.h"
 #include "server/servednames.h"
 #include "server/servedrecords.h"
 #include "server/serverlock.h"
 #include "server/writefile.h"
+#include "store/attachment.h"
 
 struct ostrel_server {
     std::string name;  // empty for a private store

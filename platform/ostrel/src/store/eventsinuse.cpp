@@ -1,7 +1,7 @@
 #include "events/eventsinuse.h"
 
-#include "store/attachment.h"
 #include "events/eventlayout.h"
+#include "store/attachment.h"
 
 EventsInUse eventsInUse() {
     const Attachment* store = attachment();

@@ -4,12 +4,12 @@
 #include <ostrel/records.h>
 #include <ostrel/store.h>
 
+#include "rawnumber.h"
 #include "store/arrayshape.h"
 #include "store/currentstore.h"
 #include "store/fullname.h"
 #include "store/members.h"
 #include "store/nameindex.h"
-#include "rawnumber.h"
 
 namespace {
 

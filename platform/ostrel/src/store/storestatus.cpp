@@ -5,9 +5,9 @@
 
 #include <ostrel/store.h>
 
+#include "processidentity.h"
 #include "store/currentstore.h"
 #include "store/nameindex.h"
-#include "processidentity.h"
 
 namespace {
 

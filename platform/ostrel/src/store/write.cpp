@@ -10,9 +10,9 @@
 #include <ostrel/records.h>
 #include <ostrel/store.h>
 
-#include "store/currentstore.h"
 #include "processidentity.h"
 #include "rawnumber.h"
+#include "store/currentstore.h"
 #include "store/writelog.h"
 
 namespace {

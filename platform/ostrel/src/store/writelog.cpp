@@ -9,9 +9,9 @@
 #include <cstring>
 #include <ctime>
 
+#include "processidentity.h"
 #include "store/arrayshape.h"
 #include "store/currentstore.h"
-#include "processidentity.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // The host's flags as a waiting thread reads them: the GUI thread may set them at any moment.
-#ifndef OSTREL_FABRIC_HOSTFLAGS_H
-#define OSTREL_FABRIC_HOSTFLAGS_H
+#ifndef OSTREL_HOSTLINK_HOSTFLAGS_H
+#define OSTREL_HOSTLINK_HOSTFLAGS_H
 
 #include <atomic>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 
 // What the host did to the store before it said so is seen by the thread that reads this.
 inline bool storeIsReady() {

@@ -1,6 +1,6 @@
 // Names that stand for something else than a variable.
-#ifndef OSTREL_CORE_NAMES_H
-#define OSTREL_CORE_NAMES_H
+#ifndef OSTREL_VARIABLES_NAMES_H
+#define OSTREL_VARIABLES_NAMES_H
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "collection/widgetplugin.h"
+#include "designer/widgetplugin.h"
 
 #include <QIcon>
 

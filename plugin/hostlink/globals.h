@@ -2,8 +2,8 @@
 //
 // Each is a weak definition in the library: a host that defines one of the same name brings its own. The host sets them
 // before it builds widgets. GUI thread only, but for InitializationDone, which waiting threads poll.
-#ifndef OSTREL_CORE_GLOBALS_H
-#define OSTREL_CORE_GLOBALS_H
+#ifndef OSTREL_HOSTLINK_GLOBALS_H
+#define OSTREL_HOSTLINK_GLOBALS_H
 
 class QObject;
 class UIFileWriter;

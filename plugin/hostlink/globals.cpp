@@ -1,4 +1,4 @@
-#include "core/globals.h"
+#include "hostlink/globals.h"
 
 #define OSTREL_WEAK __attribute__((weak, visibility("default")))
 

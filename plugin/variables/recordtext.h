@@ -1,6 +1,6 @@
 // Texts in the store's records, which need no terminating zero when they fill their field.
-#ifndef OSTREL_CORE_RECORDTEXT_H
-#define OSTREL_CORE_RECORDTEXT_H
+#ifndef OSTREL_VARIABLES_RECORDTEXT_H
+#define OSTREL_VARIABLES_RECORDTEXT_H
 
 #include <QString>
 #include <cstring>

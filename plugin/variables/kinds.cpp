@@ -1,4 +1,4 @@
-#include "core/kinds.h"
+#include "variables/kinds.h"
 
 #include <ostrel/store.h>
 

@@ -1,6 +1,6 @@
 // Kinds of variables, and which of them a widget shows.
-#ifndef OSTREL_CORE_KINDS_H
-#define OSTREL_CORE_KINDS_H
+#ifndef OSTREL_VARIABLES_KINDS_H
+#define OSTREL_VARIABLES_KINDS_H
 
 #include <ostrel/records.h>
 

@@ -1,10 +1,10 @@
-#include "core/formwriter.h"
+#include "hostlink/formwriter.h"
 
 #include <ostrel-display/uifilewriter.h>
 
 #include <QDebug>
 
-#include "core/globals.h"
+#include "hostlink/globals.h"
 
 void ensureFormWriter() {
     if (writer)

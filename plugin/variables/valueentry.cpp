@@ -1,4 +1,4 @@
-#include "core/valueentry.h"
+#include "variables/valueentry.h"
 
 #include <ostrel/store.h>
 #include <ostrel/units.h>
@@ -8,7 +8,7 @@
 #include <QInputDialog>
 #include <QRegularExpression>
 
-#include "core/recordtext.h"
+#include "variables/recordtext.h"
 
 namespace {
 

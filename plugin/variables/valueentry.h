@@ -1,6 +1,6 @@
 // Asking the operator for a new value, and writing it.
-#ifndef OSTREL_CORE_VALUEENTRY_H
-#define OSTREL_CORE_VALUEENTRY_H
+#ifndef OSTREL_VARIABLES_VALUEENTRY_H
+#define OSTREL_VARIABLES_VALUEENTRY_H
 
 #include <ostrel/records.h>
 

@@ -1,6 +1,6 @@
 // The mark of a widget whose variable the store does not know.
-#ifndef OSTREL_CORE_NOTFOUNDMARK_H
-#define OSTREL_CORE_NOTFOUNDMARK_H
+#ifndef OSTREL_VARIABLES_NOTFOUNDMARK_H
+#define OSTREL_VARIABLES_NOTFOUNDMARK_H
 
 #include <QLabel>
 #include <QString>

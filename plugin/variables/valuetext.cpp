@@ -1,4 +1,4 @@
-#include "core/valuetext.h"
+#include "variables/valuetext.h"
 
 #include <QDebug>
 #include <QSet>

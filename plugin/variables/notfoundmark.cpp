@@ -1,4 +1,4 @@
-#include "core/notfoundmark.h"
+#include "variables/notfoundmark.h"
 
 #include <QPixmap>
 

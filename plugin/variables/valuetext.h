@@ -1,6 +1,6 @@
 // A value as text, in the format that its record gives.
-#ifndef OSTREL_CORE_VALUETEXT_H
-#define OSTREL_CORE_VALUETEXT_H
+#ifndef OSTREL_VARIABLES_VALUETEXT_H
+#define OSTREL_VARIABLES_VALUETEXT_H
 
 #include <QString>
 
