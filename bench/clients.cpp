@@ -18,21 +18,21 @@
 
 namespace {
 
-constexpr std::size_t kNames = 1000;
-constexpr std::size_t kRounds = 4000;
+constexpr size_t nameCount = 1000;
+constexpr size_t rounds = 4000;
 
 std::unique_ptr<ServedStore> store;
 
-using Work = std::function<void(std::size_t client)>;
+using Work = std::function<void(size_t client)>;
 
 // Lets that many processes get ready, start at once and work; seconds from the start until the last one is done.
-double timeOf(std::size_t clients, const Work& prepare, const Work& work) {
+double timeOf(size_t clients, const Work& prepare, const Work& work) {
     int ready[2];
     int start[2];
     if (pipe(ready) != 0 || pipe(start) != 0)
         return -1;
     std::vector<pid_t> pids;
-    for (std::size_t client = 0; client < clients; ++client) {
+    for (size_t client = 0; client < clients; ++client) {
         pids.push_back(fork());
         if (pids.back() != 0)
             continue;
@@ -45,7 +45,7 @@ double timeOf(std::size_t clients, const Work& prepare, const Work& work) {
         _exit(0);
     }
     char byte = 0;
-    for (std::size_t client = 0; client < clients; ++client)
+    for (size_t client = 0; client < clients; ++client)
         if (read(ready[0], &byte, 1) != 1)
             return -1;
     const auto begin = std::chrono::steady_clock::now();
@@ -62,60 +62,60 @@ double timeOf(std::size_t clients, const Work& prepare, const Work& work) {
 }
 
 void runClients(benchmark::State& state, const Work& prepare, const Work& work) {
-    const auto clients = static_cast<std::size_t>(state.range(0));
+    const auto clients = static_cast<size_t>(state.range(0));
     for (auto _ : state) {
         const double seconds = timeOf(clients, prepare, work);
         if (seconds < 0) {
             state.SkipWithError("a client failed");
             break;
         }
-        state.SetIterationTime(seconds / static_cast<double>(clients * kRounds));
+        state.SetIterationTime(seconds / static_cast<double>(clients * rounds));
     }
 }
 
 void onStore(benchmark::State& state) {
     std::vector<std::string> names;
-    for (std::size_t i = 0; i < kNames; ++i)
+    for (size_t i = 0; i < nameCount; ++i)
         names.push_back(servedName(i * 4));
-    const Work look = [&](std::size_t) {
+    const Work look = [&](size_t) {
         SHARED_MEMORY mem{};
         if (find_variable(names[0].data(), &mem) != 0)
             _exit(1);
     };
-    runClients(state, look, [&](std::size_t client) {
-        for (std::size_t round = 0; round < kRounds; ++round) {
+    runClients(state, look, [&](size_t client) {
+        for (size_t round = 0; round < rounds; ++round) {
             SHARED_MEMORY mem{};
-            if (find_variable(names[(client * 37 + round) % kNames].data(), &mem) != 0)
+            if (find_variable(names[(client * 37 + round) % nameCount].data(), &mem) != 0)
                 _exit(1);
             set_real_variable(static_cast<REAL_VARIABLE*>(get_vrbl_adr(mem)), static_cast<double>(round));
         }
     });
 }
-BENCHMARK(onStore)->Name("clients")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::kNanosecond);
+BENCHMARK(onStore)->Name("clients")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::nanosecond);
 
 void onMaps(benchmark::State& state) {
-    std::unordered_map<std::string, std::size_t> places;
+    std::unordered_map<std::string, size_t> places;
     std::vector<std::string> names;
-    for (std::size_t i = 0; i < kNames; ++i) {
+    for (size_t i = 0; i < nameCount; ++i) {
         names.push_back(servedName(i * 4));
         places.emplace(names.back(), i);
     }
-    std::vector<double> values(kNames);
+    std::vector<double> values(nameCount);
     runClients(
-        state, [](std::size_t) {},
-        [&](std::size_t client) {
-            for (std::size_t round = 0; round < kRounds; ++round)
-                values[places.at(names[(client * 37 + round) % kNames])] = static_cast<double>(round);
+        state, [](size_t) {},
+        [&](size_t client) {
+            for (size_t round = 0; round < rounds; ++round)
+                values[places.at(names[(client * 37 + round) % nameCount])] = static_cast<double>(round);
             benchmark::DoNotOptimize(values.data());
         });
 }
-BENCHMARK(onMaps)->Name("floor")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::kNanosecond);
+BENCHMARK(onMaps)->Name("floor")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::nanosecond);
 
 }  // namespace
 
 int main(int argc, char** argv) {
     store = std::make_unique<ServedStore>();
-    store->serve(4 * kNames);
+    store->serve(4 * nameCount);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     store.reset();

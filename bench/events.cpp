@@ -20,18 +20,18 @@
 
 namespace {
 
-using Word = std::atomic<std::uint32_t>;
+using Word = std::atomic<uint32_t>;
 static_assert(sizeof(Word) == 4 && Word::is_always_lock_free);
 
-/* Memory that this process and the partner share. */
+// Memory that this process and the partner share.
 struct Shared {
     Word ping;
     Word pong;
-    std::atomic<bool> partner_is_attached;
+    std::atomic<bool> partnerIsAttached;
 };
 Shared* shared = nullptr;
 
-long futex(Word& word, int operation, std::uint32_t value) {
+long futex(Word& word, int operation, uint32_t value) {
     return syscall(SYS_futex, &word, operation, value, nullptr, nullptr, 0);
 }
 
@@ -40,16 +40,15 @@ void raise(Word& word) {
     futex(word, FUTEX_WAKE, 1);
 }
 
-/* Sleeps while the word is `seen`, and gives what it is then. */
-std::uint32_t waitForNext(Word& word, std::uint32_t seen) {
-    while (word.load(std::memory_order_acquire) == seen) {
+// Sleeps while the word is `seen`, and gives what it is then.
+uint32_t waitForNext(Word& word, uint32_t seen) {
+    while (word.load(std::memory_order_acquire) == seen)
         futex(word, FUTEX_WAIT, seen);
-    }
     return seen + 1;
 }
 
 [[noreturn]] void answerFutex() {
-    for (std::uint32_t seen = 0;;) {
+    for (uint32_t seen = 0;;) {
         seen = waitForNext(shared->ping, seen);
         raise(shared->pong);
     }
@@ -58,19 +57,19 @@ std::uint32_t waitForNext(Word& word, std::uint32_t seen) {
 char pingName[] = "bench_ping";
 char pongName[] = "bench_pong";
 
-/* Makes both events, attaches to `wanted`, and gives the id of the other one. */
+// Makes both events, attaches to `wanted`, and gives the id of the other one.
 int attachTo(const char* wanted, const char* other) {
     int id = 0;
-    int other_id = 0;
-    if (ostrel_event_create(wanted, &id) != 0 || ostrel_event_create(other, &other_id) != 0 ||
+    int otherId = 0;
+    if (ostrel_event_create(wanted, &id) != 0 || ostrel_event_create(other, &otherId) != 0 ||
         event_attach(wanted, 10, &id) != 0) {
         std::fprintf(stderr, "events: %s: cannot be made or attached to\n", wanted);
         std::_Exit(1);
     }
-    return other_id;
+    return otherId;
 }
 
-/* The next event that comes; false when none came in a second. */
+// The next event that comes; false when none came in a second.
 bool receive() {
     char payload[8];
     int id = 0;
@@ -79,15 +78,14 @@ bool receive() {
 
 [[noreturn]] void answerEvents() {
     const int pong = attachTo(pingName, pongName);
-    shared->partner_is_attached = true;
+    shared->partnerIsAttached = true;
     for (;;) {
-        if (receive()) {
+        if (receive())
             event_set(pong, nullptr, 0);
-        }
     }
 }
 
-/* A process that answers until it is ended; it ends with this one too. */
+// A process that answers until it is ended; it ends with this one too.
 class Partner {
 public:
     explicit Partner(void (*answer)()) : m_pid(fork()) {
@@ -120,7 +118,7 @@ void pingPongOfEvents(benchmark::State& state) {
 BENCHMARK(pingPongOfEvents)->Name("ping_pong")->UseRealTime();
 
 void pingPongOfFutexes(benchmark::State& state) {
-    std::uint32_t seen = shared->pong.load();
+    uint32_t seen = shared->pong.load();
     for (auto _ : state) {
         raise(shared->ping);
         seen = waitForNext(shared->pong, seen);
@@ -146,8 +144,8 @@ int main(int argc, char** argv) {
     // Forked before this process uses the platform: each of the three attaches to the store by itself.
     Partner futexes(answerFutex);
     Partner events(answerEvents);
-    for (int waited_ms = 0; !shared->partner_is_attached; ++waited_ms) {
-        if (waited_ms > 10000) {
+    for (int waitedMs = 0; !shared->partnerIsAttached; ++waitedMs) {
+        if (waitedMs > 10000) {
             std::fprintf(stderr, "events: the partner does not attach to its event\n");
             return 1;
         }

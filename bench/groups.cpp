@@ -43,8 +43,8 @@ void rebuild(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * readouts);
 }
-BENCHMARK_TEMPLATE(rebuild, ZelGroup)->Unit(benchmark::kMillisecond);
-BENCHMARK_TEMPLATE(rebuild, ZelGroup_fl)->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(rebuild, ZelGroup)->Unit(benchmark::millisecond);
+BENCHMARK_TEMPLATE(rebuild, ZelGroup_fl)->Unit(benchmark::millisecond);
 
 void rebuildFloor(benchmark::State& state) {
     QWidget box;
@@ -59,20 +59,20 @@ void rebuildFloor(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * readouts);
 }
-BENCHMARK(rebuildFloor)->Name("rebuild/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK(rebuildFloor)->Name("rebuild/floor")->Unit(benchmark::millisecond);
 
 void readLargeGroup(benchmark::State& state) {
     const QByteArray text = largeGroup();
     for (auto _ : state)
         benchmark::DoNotOptimize(readGroup(text));
 }
-BENCHMARK(readLargeGroup)->Unit(benchmark::kMicrosecond);
+BENCHMARK(readLargeGroup)->Unit(benchmark::microsecond);
 
 void writeLargeGroup(benchmark::State& state) {
     for (auto _ : state)
         benchmark::DoNotOptimize(largeGroup());
 }
-BENCHMARK(writeLargeGroup)->Unit(benchmark::kMicrosecond);
+BENCHMARK(writeLargeGroup)->Unit(benchmark::microsecond);
 
 }  // namespace
 

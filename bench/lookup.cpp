@@ -16,33 +16,30 @@ namespace {
 
 std::unique_ptr<ServedStore> store;
 
-/* What the benchmarks of one size work on; made again when the size changes. */
+// What the benchmarks of one size work on; made again when the size changes.
 struct Names {
     std::vector<std::string> queries;
     std::unordered_map<std::string, SHARED_MEMORY> handles;
 };
 
-const Names& names(std::size_t count) {
+const Names& names(size_t count) {
     static Names served;
-    if (served.queries.size() == count) {
+    if (served.queries.size() == count)
         return served;
-    }
     store->serve(count);
     served = Names{};
-    for (std::size_t i = 0; i < count; ++i) {
+    for (size_t i = 0; i < count; ++i)
         served.queries.push_back(servedName(i));
-    }
-    for (std::string& name : served.queries) {
+    for (std::string& name : served.queries)
         find_variable(name.data(), &served.handles[name]);
-    }
     std::shuffle(served.queries.begin(), served.queries.end(), std::mt19937(20));
     return served;
 }
 
 void findVariable(benchmark::State& state) {
     // A copy lies in memory in the order of the queries, so that reading them costs nothing of note.
-    std::vector<std::string> queries = names(static_cast<std::size_t>(state.range(0))).queries;
-    std::size_t next = 0;
+    std::vector<std::string> queries = names(static_cast<size_t>(state.range(0))).queries;
+    size_t next = 0;
     for (auto _ : state) {
         SHARED_MEMORY handle;
         if (find_variable(queries[next].data(), &handle) != 0) {
@@ -56,9 +53,9 @@ void findVariable(benchmark::State& state) {
 BENCHMARK(findVariable)->Name("find_variable")->Arg(1000)->Arg(100000);
 
 void findInMap(benchmark::State& state) {
-    const Names& served = names(static_cast<std::size_t>(state.range(0)));
+    const Names& served = names(static_cast<size_t>(state.range(0)));
     const std::vector<std::string> queries = served.queries;
-    std::size_t next = 0;
+    size_t next = 0;
     for (auto _ : state) {
         const auto found = served.handles.find(queries[next]);
         if (found == served.handles.end()) {

@@ -17,7 +17,7 @@ ostrel_server* server = nullptr;
 
 std::vector<std::string> names(benchmark::State& state) {
     std::vector<std::string> result;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(state.range(0)); ++i)
+    for (size_t i = 0; i < static_cast<size_t>(state.range(0)); ++i)
         result.push_back(servedName(i));
     return result;
 }
@@ -32,18 +32,18 @@ void reload(benchmark::State& state) {
         ostrel_server_commit(server);
     }
 }
-BENCHMARK(reload)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(reload)->Arg(20000)->Unit(benchmark::millisecond);
 
 void fillMap(benchmark::State& state) {
     const std::vector<std::string> all = names(state);
     for (auto _ : state) {
-        std::unordered_map<std::string, std::size_t> map;
+        std::unordered_map<std::string, size_t> map;
         for (const std::string& name : all)
             map.emplace(name, map.size());
         benchmark::DoNotOptimize(map);
     }
 }
-BENCHMARK(fillMap)->Name("floor")->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(fillMap)->Name("floor")->Arg(20000)->Unit(benchmark::millisecond);
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 // One scan of a cell: the demo, and 20,000 variables that all move. The floor evaluates the same expressions as
 // compiled code and writes value and time into the same records.
+#include "scan.h"
+
 #include <benchmark/benchmark.h>
 #include <ostrel/server.h>
 #include <ostrel/store.h>
@@ -16,14 +18,13 @@
 #include <vector>
 
 #include "cellfile.h"
-#include "scan.h"
 
 namespace {
 
 using namespace ostrelcell;
 
-constexpr int kMany = 20'000;
-constexpr double kPeriod = 0.05;
+constexpr int many = 20'000;
+constexpr double period = 0.05;
 
 std::string demoText() {
     std::ostringstream text;
@@ -38,7 +39,7 @@ std::string name(int number) {
 // Each channel looks at the time and at the one before it of ten, as channels that are computed from others do.
 std::string manyText() {
     std::string text = "[cell]\nname = \"many\"\nscan_ms = 50\n";
-    for (int number = 0; number < kMany; ++number)
+    for (int number = 0; number < many; ++number)
         text += "[real." + name(number) + "]\nhigh_alarm = 1000\nexpr = \"" +
                 (number % 10 == 0 ? "100 + sin(t)" : name(number - 1) + " * 0.99 + 1") + "\"\n";
     return text;
@@ -49,7 +50,7 @@ class ScannedCell {
 public:
     explicit ScannedCell(const std::string& text) {
         Diagnostics diagnostics("cell.toml");
-        read_cell_text(text, m_model, m_simulation, diagnostics);
+        readCellText(text, m_model, m_simulation, diagnostics);
         std::string reason = diagnostics.text();
         const std::string store = "bench-scan-" + std::to_string(getpid());
         ostrel_store_open(store.c_str(), nullptr, nullptr, 0);
@@ -72,8 +73,8 @@ public:
 
     void scan() {
         ostrel_server_beat(m_server);
-        m_scan->run(m_t, kPeriod);
-        m_t += kPeriod;
+        m_scan->run(m_t, period);
+        m_t += period;
     }
 
     REAL_VARIABLE* real(int variable) { return static_cast<REAL_VARIABLE*>(m_contents.placed(variable).record); }
@@ -97,37 +98,37 @@ void scanDemo(benchmark::State& state) {
     for (auto _ : state)
         cell.scan();
 }
-BENCHMARK(scanDemo)->Name("scan_demo")->Unit(benchmark::kMicrosecond);
+BENCHMARK(scanDemo)->Name("scan_demo")->Unit(benchmark::microsecond);
 
 void scanMany(benchmark::State& state) {
     ScannedCell cell(manyText());
     for (auto _ : state)
         cell.scan();
-    state.SetItemsProcessed(state.iterations() * kMany);
+    state.SetItemsProcessed(state.iterations() * many);
 }
-BENCHMARK(scanMany)->Name("scan")->Arg(kMany)->Unit(benchmark::kMicrosecond);
+BENCHMARK(scanMany)->Name("scan")->Arg(many)->Unit(benchmark::microsecond);
 
 void computeMany(benchmark::State& state) {
     ScannedCell cell(manyText());
     std::vector<REAL_VARIABLE*> records;
-    for (int number = 0; number < kMany; ++number)
+    for (int number = 0; number < many; ++number)
         records.push_back(cell.real(number));
     double t = 0;
     for (auto _ : state) {
         timespec now{};
         clock_gettime(CLOCK_REALTIME, &now);
         double value = 0;
-        for (int number = 0; number < kMany; ++number) {
+        for (int number = 0; number < many; ++number) {
             value = number % 10 == 0 ? 100 + std::sin(t) : value * 0.99 + 1;
-            records[static_cast<std::size_t>(number)]->value = value;
-            records[static_cast<std::size_t>(number)]->last_sampled_time = now;
+            records[static_cast<size_t>(number)]->value = value;
+            records[static_cast<size_t>(number)]->last_sampled_time = now;
         }
-        t += kPeriod;
+        t += period;
         benchmark::ClobberMemory();
     }
-    state.SetItemsProcessed(state.iterations() * kMany);
+    state.SetItemsProcessed(state.iterations() * many);
 }
-BENCHMARK(computeMany)->Name("floor")->Arg(kMany)->Unit(benchmark::kMicrosecond);
+BENCHMARK(computeMany)->Name("floor")->Arg(many)->Unit(benchmark::microsecond);
 
 }  // namespace
 

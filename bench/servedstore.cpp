@@ -22,23 +22,22 @@ struct Section {
     SM_VARI_TYPE kind;
 };
 
-constexpr std::array<Section, 4> kSections = {
+constexpr std::array<Section, 4> servedSections = {
     {{GU_REAL_MEM, REAL_TYPE}, {GU_INTEGER_MEM, INT_TYPE}, {GU_LOGICAL_MEM, LOGI_TYPE}, {GU_STRING_MEM, STRING_TYPE}}};
-constexpr std::size_t kVariables = 80000;  // what these sections have room for; further names are aliases
+constexpr size_t variables = 80000;  // what these sections have room for; further names are aliases
 
-void putName(ostrel_server* server, std::size_t index) {
+void putName(ostrel_server* server, size_t index) {
     char message[256] = "";
     int created = 0;
     const std::string name = servedName(index);
-    const Section& section = kSections[index % kSections.size()];
-    const bool put = index < kVariables
+    const Section& section = servedSections[index % servedSections.size()];
+    const bool put = index < variables
                          ? ostrel_server_put(server, section.area, section.kind, name.c_str(), &created, message,
                                              sizeof message) != nullptr
-                         : ostrel_server_put_alias(server, name.c_str(), servedName(index - kVariables).c_str(), 1,
+                         : ostrel_server_put_alias(server, name.c_str(), servedName(index - variables).c_str(), 1,
                                                    message, sizeof message) != nullptr;
-    if (!put) {
+    if (!put)
         giveUp(message);
-    }
 }
 
 [[noreturn]] void runServer(const char* store, int wishes, int answers) {
@@ -46,34 +45,30 @@ void putName(ostrel_server* server, std::size_t index) {
     options.name = store;
     char message[256] = "";
     ostrel_server* server = ostrel_server_open(&options, message, sizeof message);
-    if (!server) {
+    if (!server)
         giveUp(message);
-    }
     for (;;) {
         pollfd wish{wishes, POLLIN, 0};
         ostrel_server_beat(server);
-        if (poll(&wish, 1, 200) <= 0) {
+        if (poll(&wish, 1, 200) <= 0)
             continue;
-        }
-        std::size_t count = 0;
+        size_t count = 0;
         if (read(wishes, &count, sizeof count) != sizeof count) {
             ostrel_server_close(server);  // the benchmark has ended
             std::_Exit(0);
         }
         ostrel_server_begin(server, static_cast<SM_AREA_ID>(-1));
-        for (std::size_t i = 0; i < count; ++i) {
+        for (size_t i = 0; i < count; ++i)
             putName(server, i);
-        }
         ostrel_server_commit(server);
-        if (write(answers, &count, sizeof count) != sizeof count) {
+        if (write(answers, &count, sizeof count) != sizeof count)
             giveUp("the benchmark cannot be told that its variables are served");
-        }
     }
 }
 
 }  // namespace
 
-std::string servedName(std::size_t index) {
+std::string servedName(size_t index) {
     static constexpr std::array<const char*, 8> places = {"ENG", "DYNO", "OIL", "COOL", "FUEL", "EXH", "AIR", "CYL"};
     static constexpr std::array<const char*, 7> quantities = {"SPEED", "TRQ", "P", "T", "FLOW", "SETPOINT", "STATE"};
     return std::string(places[index % places.size()]) + "_" + quantities[index % quantities.size()] + "_" +
@@ -84,9 +79,8 @@ ServedStore::ServedStore() {
     const std::string name = "bench-" + std::to_string(getpid());
     int wishes[2];
     int answers[2];
-    if (pipe(wishes) != 0 || pipe(answers) != 0) {
+    if (pipe(wishes) != 0 || pipe(answers) != 0)
         giveUp("no pipes to the server");
-    }
     m_server = fork();
     if (m_server == 0) {
         close(wishes[1]);
@@ -107,8 +101,8 @@ ServedStore::~ServedStore() {
     waitpid(m_server, nullptr, 0);
 }
 
-void ServedStore::serve(std::size_t count) {
-    std::size_t served = 0;
+void ServedStore::serve(size_t count) {
+    size_t served = 0;
     if (write(m_wishes, &count, sizeof count) != sizeof count ||
         read(m_answers, &served, sizeof served) != sizeof served || served != count) {
         giveUp("the server has ended");

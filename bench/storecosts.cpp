@@ -3,10 +3,10 @@
 #include <ostrel/events.h>
 #include <ostrel/store.h>
 #include <pthread.h>
+#include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
 
-#include <sys/stat.h>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -21,9 +21,9 @@
 
 namespace {
 
-constexpr int kPeriodMs = 10;
-constexpr int kSeconds = 30;
-constexpr int kTicks = kSeconds * 1000 / kPeriodMs;
+constexpr int periodMs = 10;
+constexpr int seconds = 30;
+constexpr int ticks = seconds * 1000 / periodMs;
 
 double nowMs() {
     timespec now{};
@@ -33,13 +33,13 @@ double nowMs() {
 
 std::vector<double> ticksOfTimer() {
     char name[] = "bench-10";
-    int period = kPeriodMs;
+    int period = periodMs;
     int eid = 0;
     event_create_timer(name, 10, 0, 1, 0, &period, &eid);
     std::vector<double> times;
     if (event_attach(name, 10, &eid) != 0)
         return times;
-    while (times.size() < kTicks) {
+    while (times.size() < ticks) {
         int came = 0;
         if (event_wait(nullptr, 0, &came) == 0)
             times.push_back(nowMs());
@@ -52,8 +52,8 @@ std::vector<double> ticksOfSleep() {
     std::vector<double> times;
     timespec next{};
     clock_gettime(CLOCK_MONOTONIC, &next);
-    while (times.size() < kTicks) {
-        next.tv_nsec += kPeriodMs * 1000000;
+    while (times.size() < ticks) {
+        next.tv_nsec += periodMs * 1000000;
         next.tv_sec += next.tv_nsec / 1000000000;
         next.tv_nsec %= 1000000000;
         clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &next, nullptr);
@@ -70,8 +70,8 @@ struct Jitter {
 // How far, in microseconds, from one tick to the next differs from the period.
 Jitter jitterOf(const std::vector<double>& times) {
     std::vector<double> off;
-    for (std::size_t i = 1; i < times.size(); ++i)
-        off.push_back(std::abs(times[i] - times[i - 1] - kPeriodMs) * 1e3);
+    for (size_t i = 1; i < times.size(); ++i)
+        off.push_back(std::abs(times[i] - times[i - 1] - periodMs) * 1e3);
     std::sort(off.begin(), off.end());
     if (off.empty())
         return {};
@@ -118,7 +118,7 @@ int main() {
         std::fprintf(stderr, "storecosts: the timer cannot be attached to\n");
         return 1;
     }
-    constexpr std::size_t full = 80000;
+    constexpr size_t full = 80000;
     store.serve(full);
     constexpr double perFour =
         sizeof(REAL_VARIABLE) + sizeof(INTEGER_VARIABLE) + sizeof(LOGICAL_VARIABLE) + sizeof(STRING_VARIABLE);

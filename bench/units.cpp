@@ -24,10 +24,10 @@ void convert(benchmark::State& state, char* from, char* to) {
         benchmark::DoNotOptimize(result);
     }
 }
-BENCHMARK_CAPTURE(convert, short_keywords, speed, hertz);
-BENCHMARK_CAPTURE(convert, longer_keywords, torque, customaryTorque);
-BENCHMARK_CAPTURE(convert, with_an_offset, pressure, gaugePressure);
-BENCHMARK_CAPTURE(convert, to_the_same, torque, torque);
+BENCHMARK_CAPTURE(convert, shortKeywords, speed, hertz);
+BENCHMARK_CAPTURE(convert, longerKeywords, torque, customaryTorque);
+BENCHMARK_CAPTURE(convert, withAnOffset, pressure, gaugePressure);
+BENCHMARK_CAPTURE(convert, toTheSame, torque, torque);
 
 void converterInHand(benchmark::State& state) {
     ut_set_error_message_handler(ut_ignore);

@@ -13,7 +13,7 @@ std::unique_ptr<ServedStore> store;
 
 // Of the four names, one of each kind.
 template <typename Record>
-Record* served(std::size_t number) {
+Record* served(size_t number) {
     SHARED_MEMORY mem{};
     std::string name = servedName(number);
     return find_variable(name.data(), &mem) == 0 ? static_cast<Record*>(get_vrbl_adr(mem)) : nullptr;

@@ -1,6 +1,6 @@
 // Answering the dialogs and menus that a widget opens.
-#ifndef WHENOPENED_H
-#define WHENOPENED_H
+#ifndef OSTREL_TESTS_WHENOPENED_H
+#define OSTREL_TESTS_WHENOPENED_H
 
 #include <QApplication>
 #include <QTimer>

@@ -1,7 +1,6 @@
-/*
- * All variables of the store, read from its sections.
- */
-#pragma once
+// All variables of the store, read from its sections.
+#ifndef OSTREL_TOOLS_CATALOGUE_H
+#define OSTREL_TOOLS_CATALOGUE_H
 
 #include <ostrel/areas.h>
 
@@ -38,3 +37,5 @@ std::vector<std::string> knownNames();
 
 // Those of them that the pattern takes; all where it is empty.
 std::vector<std::string> knownNames(const std::string& pattern);
+
+#endif

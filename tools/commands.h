@@ -1,8 +1,7 @@
-/*
- * The commands of `ostrel`. Each prints to standard output, as text or with `json` as JSON, and returns the exit
- * status; one that fails as a whole throws Failure. The store is open before, except for unitsCommand().
- */
-#pragma once
+// The commands of `ostrel`. Each prints to standard output, as text or with `json` as JSON, and returns the exit
+// status; one that fails as a whole throws Failure. The store is open before, except for unitsCommand().
+#ifndef OSTREL_TOOLS_COMMANDS_H
+#define OSTREL_TOOLS_COMMANDS_H
 
 #include <ostrel/store.h>
 
@@ -56,3 +55,5 @@ int eventWaitCommand(const EventWaitRequest& request, bool json);
 int reconfigCommand(const ostrel_store_status& store, bool json);
 
 int statusCommand(const ostrel_store_status& store, bool json);
+
+#endif

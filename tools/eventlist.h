@@ -1,7 +1,6 @@
-/*
- * The events of the store, as they are at one moment.
- */
-#pragma once
+// The events of the store, as they are at one moment.
+#ifndef OSTREL_TOOLS_EVENTLIST_H
+#define OSTREL_TOOLS_EVENTLIST_H
 
 #include <ostrel/events.h>
 
@@ -24,3 +23,5 @@ inline std::vector<std::string> eventNames() {
         names.push_back(fieldText(event.name));
     return names;
 }
+
+#endif

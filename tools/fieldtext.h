@@ -1,7 +1,6 @@
-/*
- * Texts as they stand in the store: up to the end of the field where no zero ends them, and written by other programs.
- */
-#pragma once
+// Texts as they stand in the store: up to the end of the field where no zero ends them, and written by other programs.
+#ifndef OSTREL_TOOLS_FIELDTEXT_H
+#define OSTREL_TOOLS_FIELDTEXT_H
 
 #include <cstring>
 #include <string>
@@ -19,3 +18,5 @@ inline std::string printable(std::string text) {
     }
     return text;
 }
+
+#endif

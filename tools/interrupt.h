@@ -1,8 +1,7 @@
-/*
- * Ctrl+C, a termination request or a vanished terminal as a condition that a command waits for, so that it can end
- * cleanly. The signals are blocked for good from the making of an Interrupt on.
- */
-#pragma once
+// Ctrl+C, a termination request or a vanished terminal as a condition that a command waits for, so that it can end
+// cleanly. The signals are blocked for good from the making of an Interrupt on.
+#ifndef OSTREL_TOOLS_INTERRUPT_H
+#define OSTREL_TOOLS_INTERRUPT_H
 
 #include <chrono>
 #include <csignal>
@@ -34,3 +33,5 @@ public:
 private:
     sigset_t m_signals;
 };
+
+#endif

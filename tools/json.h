@@ -1,7 +1,6 @@
-/*
- * What a command has to say, as a tree of values, and its text in JSON.
- */
-#pragma once
+// What a command has to say, as a tree of values, and its text in JSON.
+#ifndef OSTREL_TOOLS_JSON_H
+#define OSTREL_TOOLS_JSON_H
 
 #include <concepts>
 #include <string>
@@ -46,3 +45,5 @@ private:
 
     std::variant<std::monostate, bool, long long, double, std::string, Array, Object> m_value;
 };
+
+#endif

@@ -1,8 +1,5 @@
-/*
- * ostrel: asks and writes the variables and events of a running store.
- */
+// ostrel: asks and writes the variables and events of a running store.
 #include <CLI/CLI.hpp>
-
 #include <cstdio>
 #include <functional>
 #include <string>

@@ -1,7 +1,6 @@
-/*
- * "Did you mean": the names that are closest to a mistyped one.
- */
-#pragma once
+// "Did you mean": the names that are closest to a mistyped one.
+#ifndef OSTREL_TOOLS_NEAREST_H
+#define OSTREL_TOOLS_NEAREST_H
 
 #include <string>
 #include <vector>
@@ -12,3 +11,5 @@ std::vector<std::string> nearest(const std::string& mistyped, const std::vector<
 // "; did you mean A, B or C?" for them, or `otherwise` where nothing is similar.
 std::string didYouMean(const std::string& mistyped, const std::vector<std::string>& names,
                        const std::string& otherwise);
+
+#endif

@@ -1,7 +1,6 @@
-/*
- * What a variable holds: its value for machines, the text that an operator would see, and the units.
- */
-#pragma once
+// What a variable holds: its value for machines, the text that an operator would see, and the units.
+#ifndef OSTREL_TOOLS_READING_H
+#define OSTREL_TOOLS_READING_H
 
 #include <string>
 
@@ -23,3 +22,5 @@ struct StateNames {
     std::string whenFalse;
 };
 StateNames stateNames(const Variable& variable);
+
+#endif

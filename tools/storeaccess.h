@@ -1,7 +1,6 @@
-/*
- * Reaching the store that a command works with.
- */
-#pragma once
+// Reaching the store that a command works with.
+#ifndef OSTREL_TOOLS_STOREACCESS_H
+#define OSTREL_TOOLS_STOREACCESS_H
 
 #include <ostrel/store.h>
 
@@ -10,3 +9,5 @@
 // Chooses the store of that name (empty: OSTREL_STORE, else "cell"). Throws Failure where it is not running. Tells on
 // standard error where its server has died, since the values then stand still.
 ostrel_store_status openStore(const std::string& name);
+
+#endif

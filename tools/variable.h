@@ -1,7 +1,6 @@
-/*
- * One variable of the store as the commands see it: found by its full name.
- */
-#pragma once
+// One variable of the store as the commands see it: found by its full name.
+#ifndef OSTREL_TOOLS_VARIABLE_H
+#define OSTREL_TOOLS_VARIABLE_H
 
 #include <ostrel/records.h>
 
@@ -74,3 +73,5 @@ bool withRecord(SM_VARI_TYPE kind, const void* record, Function function) {
             return false;
     }
 }
+
+#endif

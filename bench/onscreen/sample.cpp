@@ -2,8 +2,8 @@
 #include <benchmark/benchmark.h>
 #include <ostrel/server.h>
 #include <ostrel/store.h>
-
 #include <unistd.h>
+
 #include <QApplication>
 #include <QLabel>
 #include <cstdio>
@@ -38,17 +38,17 @@ bool serveOneVariable() {
 }
 
 template <class Widget>
-void unchanged_sample(benchmark::State& state) {
+void unchangedSample(benchmark::State& state) {
     Widget widget;
     widget.setName("SPEED");
     for (auto _ : state)
         widget.ostrelTimerEvent(widget.getSampleRate());
 }
-BENCHMARK_TEMPLATE(unchanged_sample, ZelValue)->Name("unchanged_sample");
-BENCHMARK_TEMPLATE(unchanged_sample, ZelSimpleValue)->Name("unchanged_sample_simple");
+BENCHMARK_TEMPLATE(unchangedSample, ZelValue)->Name("unchanged_sample");
+BENCHMARK_TEMPLATE(unchangedSample, ZelSimpleValue)->Name("unchanged_sample_simple");
 
 template <class Widget>
-void changed_sample(benchmark::State& state) {
+void changedSample(benchmark::State& state) {
     Widget widget;
     widget.setName("SPEED");
     double value = 1000.0;
@@ -57,10 +57,10 @@ void changed_sample(benchmark::State& state) {
         widget.ostrelTimerEvent(widget.getSampleRate());
     }
 }
-BENCHMARK_TEMPLATE(changed_sample, ZelValue)->Name("changed_sample");
-BENCHMARK_TEMPLATE(changed_sample, ZelSimpleValue)->Name("changed_sample_simple");
+BENCHMARK_TEMPLATE(changedSample, ZelValue)->Name("changed_sample");
+BENCHMARK_TEMPLATE(changedSample, ZelSimpleValue)->Name("changed_sample_simple");
 
-void changed_sample_in_other_units(benchmark::State& state) {
+void changedSampleInOtherUnits(benchmark::State& state) {
     ZelValue widget;
     widget.setName("SPEED");
     widget.setUnits("HZ");
@@ -71,7 +71,7 @@ void changed_sample_in_other_units(benchmark::State& state) {
         widget.sample(false);
     }
 }
-BENCHMARK(changed_sample_in_other_units);
+BENCHMARK(changedSampleInOtherUnits);
 
 // A new text for a label, without any variable behind it.
 void floor(benchmark::State& state) {

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::size_t variables = 20000;
+constexpr size_t variables = 20000;
 
 // A dialog as a widget opens it, painted.
 class Opened {
@@ -41,8 +41,8 @@ void open(benchmark::State& state, bool isFirst) {
             state.SkipWithError("the dialog does not list all variables");
     }
 }
-BENCHMARK_CAPTURE(open, first, true)->Name("open_first")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(open, again, false)->Name("open_again")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(open, first, true)->Name("open_first")->Unit(benchmark::millisecond);
+BENCHMARK_CAPTURE(open, again, false)->Name("open_again")->Unit(benchmark::millisecond);
 
 void chooseGroup(benchmark::State& state) {
     Opened opened;
@@ -53,7 +53,7 @@ void chooseGroup(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
 }
-BENCHMARK(chooseGroup)->Name("choose_group")->Unit(benchmark::kMillisecond);
+BENCHMARK(chooseGroup)->Name("choose_group")->Unit(benchmark::millisecond);
 
 // One key at a time from the first character of a name to the last, with the completer's list on the screen.
 void type(benchmark::State& state) {
@@ -74,7 +74,7 @@ void type(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
 }
-BENCHMARK(type)->Name("type_key")->Unit(benchmark::kMillisecond);
+BENCHMARK(type)->Name("type_key")->Unit(benchmark::millisecond);
 
 void dropDown(benchmark::State& state) {
     Opened opened;
@@ -84,7 +84,7 @@ void dropDown(benchmark::State& state) {
         opened.variable->hidePopup();
     }
 }
-BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::kMillisecond);
+BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::millisecond);
 
 }  // namespace
 

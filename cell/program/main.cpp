@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int exit_failure = 1;
-constexpr int exit_usage = 2;
+constexpr int exitFailure = 1;
+constexpr int exitUsage = 2;
 constexpr size_t message_size = 1 << 20;  // a large file may have many mistakes
 
 struct Arguments {
@@ -38,7 +38,7 @@ int parse(CLI::App& app, int argc, char** argv, Arguments& arguments) {
         return 0;
     } catch (const CLI::ParseError& error) {
         std::fprintf(stderr, "ostrel-cell: %s; see ostrel-cell --help\n", error.what());
-        return exit_usage;
+        return exitUsage;
     }
     return -1;
 }
@@ -48,14 +48,14 @@ int check(const Arguments& arguments) {
     ostrel_cell_summary summary{};
     if (ostrel_cell_check(arguments.file.c_str(), &summary, message.data(), message.size()) != 0) {
         std::fprintf(stderr, "%s\n", message.data());
-        return exit_failure;
+        return exitFailure;
     }
     std::printf("ostrel-cell: %s: no mistakes; cell %s, %d variables, %d aliases\n", arguments.file.c_str(),
                 summary.name, summary.variables, summary.aliases);
     return 0;
 }
 
-sigset_t block_signals() {
+sigset_t blockSignals() {
     sigset_t wanted;
     sigemptyset(&wanted);
     for (int signal : {SIGTERM, SIGINT, SIGHUP})
@@ -86,15 +86,15 @@ void reload(ostrel_cell* cell, const Arguments& arguments) {
 }
 
 int serve(const Arguments& arguments) {
-    const sigset_t wanted = block_signals();
+    const sigset_t wanted = blockSignals();
     std::vector<char> message(message_size);
     ostrel_cell* cell =
         ostrel_cell_open(arguments.file.c_str(), arguments.store.c_str(), message.data(), message.size());
     if (cell == nullptr) {
         // What is wrong in the file starts with its name; what is wrong with the store does not.
-        const bool of_file = std::string(message.data()).rfind(arguments.file + ":", 0) == 0;
-        std::fprintf(stderr, "%s%s\n", of_file ? "" : "ostrel-cell: ", message.data());
-        return exit_failure;
+        const bool ofFile = std::string(message.data()).rfind(arguments.file + ":", 0) == 0;
+        std::fprintf(stderr, "%s%s\n", ofFile ? "" : "ostrel-cell: ", message.data());
+        return exitFailure;
     }
     ostrel_cell_summary summary{};
     ostrel_cell_get_summary(cell, &summary);

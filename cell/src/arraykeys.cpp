@@ -9,21 +9,21 @@ namespace ostrelcell {
 
 namespace {
 
-constexpr int max_dimensions = 3;
-constexpr int max_size = 2500;
-constexpr std::size_t max_elements = 4'000'000;
-constexpr std::size_t max_label = 47;
-constexpr std::size_t max_element_text = 255;
+constexpr int maxDimensions = 3;
+constexpr int maxSize = 2500;
+constexpr size_t maxElements = 4'000'000;
+constexpr size_t maxLabel = 47;
+constexpr size_t maxElementText = 255;
 
-std::optional<unsigned short> read_one_size(const toml::node& node, TableReader& reader) {
-    const auto size = node.value_exact<std::int64_t>();
-    if (size && *size >= 1 && *size <= max_size)
+std::optional<unsigned short> readOneSize(const toml::node& node, TableReader& reader) {
+    const auto size = node.value_exact<int64_t>();
+    if (size && *size >= 1 && *size <= maxSize)
         return static_cast<unsigned short>(*size);
-    reader.fault(line_of(node), "size must be whole numbers between 1 and " + std::to_string(max_size));
+    reader.fault(lineOf(node), "size must be whole numbers between 1 and " + std::to_string(maxSize));
     return std::nullopt;
 }
 
-bool read_sizes(TableReader& reader, ArrayShape& shape) {
+bool readSizes(TableReader& reader, ArrayShape& shape) {
     const toml::node* node = reader.node("size");
     if (node == nullptr) {
         reader.fault(reader.line("size"), "an array needs a size, as in size = 6 or size = [2, 3]");
@@ -31,27 +31,27 @@ bool read_sizes(TableReader& reader, ArrayShape& shape) {
     }
     const toml::array* list = node->as_array();
     if (list == nullptr) {
-        const auto size = read_one_size(*node, reader);
+        const auto size = readOneSize(*node, reader);
         shape.sizes.assign(1, size.value_or(1));
         return size.has_value();
     }
-    if (list->empty() || list->size() > max_dimensions) {
-        reader.fault(reader.line("size"), "an array has 1 to " + std::to_string(max_dimensions) + " dimensions, not " +
+    if (list->empty() || list->size() > maxDimensions) {
+        reader.fault(reader.line("size"), "an array has 1 to " + std::to_string(maxDimensions) + " dimensions, not " +
                                               std::to_string(list->size()));
         return false;
     }
     bool good = true;
     for (const toml::node& item : *list) {
-        const auto size = read_one_size(item, reader);
+        const auto size = readOneSize(item, reader);
         good = good && size.has_value();
         shape.sizes.push_back(size.value_or(1));
     }
-    if (good && shape.elements() > max_elements)
-        reader.fault(reader.line("size"), "an array has at most " + std::to_string(max_elements) + " elements");
-    return good && shape.elements() <= max_elements;
+    if (good && shape.elements() > maxElements)
+        reader.fault(reader.line("size"), "an array has at most " + std::to_string(maxElements) + " elements");
+    return good && shape.elements() <= maxElements;
 }
 
-void check_label(const std::string& label, const std::vector<std::string>& before, int line, TableReader& reader) {
+void checkLabel(const std::string& label, const std::vector<std::string>& before, int line, TableReader& reader) {
     const std::string quoted = "label \"" + label + "\"";
     if (label.empty() || label.find_first_of(":. ") != std::string::npos)
         reader.fault(line, quoted + " must have at least one character, and no colon, point or blank");
@@ -61,24 +61,24 @@ void check_label(const std::string& label, const std::vector<std::string>& befor
         reader.fault(line, quoted + " stands twice");
 }
 
-void read_dimension_labels(const toml::array& list, std::size_t dimension, TableReader& reader, ArrayShape& shape) {
+void readDimensionLabels(const toml::array& list, size_t dimension, TableReader& reader, ArrayShape& shape) {
     if (list.size() > shape.sizes[dimension]) {
-        reader.fault(line_of(list), "there are " + std::to_string(list.size()) + " labels for " +
-                                        std::to_string(shape.sizes[dimension]) + " elements");
+        reader.fault(lineOf(list), "there are " + std::to_string(list.size()) + " labels for " +
+                                       std::to_string(shape.sizes[dimension]) + " elements");
         return;
     }
     auto& labels = shape.labels[dimension];
     for (const toml::node& item : list) {
-        const auto label = text_in(item, "labels", max_label, reader);
+        const auto label = textIn(item, "labels", maxLabel, reader);
         if (!label)
             continue;
-        check_label(*label, labels, line_of(item), reader);
+        checkLabel(*label, labels, lineOf(item), reader);
         labels.push_back(*label);
     }
 }
 
 // A list of labels, or with more than one dimension a list of such lists.
-void read_labels(TableReader& reader, ArrayShape& shape) {
+void readLabels(TableReader& reader, ArrayShape& shape) {
     shape.labels.resize(shape.sizes.size());
     const toml::node* node = reader.node("labels");
     if (node == nullptr)
@@ -90,48 +90,48 @@ void read_labels(TableReader& reader, ArrayShape& shape) {
         return;
     }
     if (!nested) {
-        read_dimension_labels(*list, 0, reader, shape);
+        readDimensionLabels(*list, 0, reader, shape);
         return;
     }
-    for (std::size_t dimension = 0; dimension < list->size(); ++dimension)
-        read_dimension_labels(*(*list)[dimension].as_array(), dimension, reader, shape);
+    for (size_t dimension = 0; dimension < list->size(); ++dimension)
+        readDimensionLabels(*(*list)[dimension].as_array(), dimension, reader, shape);
 }
 
-double read_element_number(const toml::node& node, SM_VARI_TYPE kind, TableReader& reader) {
+double readElementNumber(const toml::node& node, SM_VARI_TYPE kind, TableReader& reader) {
     if (kind == LOGI_ARRAY_TYPE) {
         const auto flag = node.value_exact<bool>();
         if (!flag)
-            reader.fault(line_of(node), std::string("value is ") + type_words(node) + "; it must be true or false");
+            reader.fault(lineOf(node), std::string("value is ") + typeWords(node) + "; it must be true or false");
         return flag.value_or(false) ? 1 : 0;
     }
     if (kind == INT_ARRAY_TYPE) {
-        const auto number = node.value_exact<std::int64_t>();
+        const auto number = node.value_exact<int64_t>();
         if (!number || *number < INT_MIN || *number > INT_MAX)
-            reader.fault(line_of(node),
-                         std::string("value is ") + type_words(node) + "; it must be a whole number of 32 bits");
+            reader.fault(lineOf(node),
+                         std::string("value is ") + typeWords(node) + "; it must be a whole number of 32 bits");
         return static_cast<double>(number.value_or(0));
     }
-    return number_in(node, "value", reader).value_or(0);
+    return numberIn(node, "value", reader).value_or(0);
 }
 
-void collect_elements(const toml::node& node, std::vector<const toml::node*>& elements) {
+void collectElements(const toml::node& node, std::vector<const toml::node*>& elements) {
     const toml::array* list = node.as_array();
     if (list == nullptr) {
         elements.push_back(&node);
         return;
     }
     for (const toml::node& item : *list)
-        collect_elements(item, elements);
+        collectElements(item, elements);
 }
 
 // One value for all elements, or a list of all in row-major order, nested or not.
-void read_values(TableReader& reader, Variable& variable) {
-    const std::size_t count = variable.shape.elements();
+void readValues(TableReader& reader, Variable& variable) {
+    const size_t count = variable.shape.elements();
     const bool texts = variable.kind == STRING_ARRAY_TYPE;
     const toml::node* node = reader.node("value");
     std::vector<const toml::node*> given;
     if (node != nullptr)
-        collect_elements(*node, given);
+        collectElements(*node, given);
     if (node != nullptr && node->is_array() && given.size() != count) {
         reader.fault(reader.line("value"),
                      "value has " + std::to_string(given.size()) + " elements; size asks for " + std::to_string(count));
@@ -139,35 +139,35 @@ void read_values(TableReader& reader, Variable& variable) {
     }
     for (const toml::node* item : given) {
         if (texts)
-            variable.element_texts.push_back(text_in(*item, "value", max_element_text, reader).value_or(""));
+            variable.elementTexts.push_back(textIn(*item, "value", maxElementText, reader).value_or(""));
         else
-            variable.values.push_back(read_element_number(*item, variable.kind, reader));
+            variable.values.push_back(readElementNumber(*item, variable.kind, reader));
     }
     if (texts)
-        variable.element_texts.resize(count, given.size() == 1 ? variable.element_texts.front() : "");
+        variable.elementTexts.resize(count, given.size() == 1 ? variable.elementTexts.front() : "");
     else
         variable.values.resize(count, given.size() == 1 ? variable.values.front() : 0);
 }
 
 }  // namespace
 
-void read_array(TableReader& reader, Variable& variable) {
-    if (!read_sizes(reader, variable.shape))
+void readArray(TableReader& reader, Variable& variable) {
+    if (!readSizes(reader, variable.shape))
         variable.shape.sizes.assign(1, 1);
-    read_labels(reader, variable.shape);
-    read_values(reader, variable);
-    read_format(reader, variable);
+    readLabels(reader, variable.shape);
+    readValues(reader, variable);
+    readFormat(reader, variable);
     if (variable.kind == STRING_ARRAY_TYPE)
         return;
     variable.expr = reader.expression("expr");
     if (variable.kind == LOGI_ARRAY_TYPE) {
-        read_logical_states(reader, variable.states);
+        readLogicalStates(reader, variable.states);
         return;
     }
     variable.units = reader.units("units").value_or(Units{});
-    read_range(reader, variable);
-    read_value_limits(reader, variable.limits);
-    read_age_limit(reader, variable.limits);
+    readRange(reader, variable);
+    readValueLimits(reader, variable.limits);
+    readAgeLimit(reader, variable.limits);
 }
 
 }  // namespace ostrelcell

@@ -36,13 +36,13 @@ void summarise(const ostrelcell::CellModel& model, bool adopted, ostrel_cell_sum
 
 // Nothing is thrown across the border: what fails here is memory, or the file system under our feet.
 template <typename Result, typename Work>
-Result guarded(Result on_failure, char* message, size_t message_size, Work work) {
+Result guarded(Result onFailure, char* message, size_t message_size, Work work) {
     try {
         return work();
     } catch (const std::exception& error) {
         tell(error.what(), message, message_size);
     }
-    return on_failure;
+    return onFailure;
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ OSTREL_CELL_PUBLIC int ostrel_cell_check(const char* cell_file, ostrel_cell_summ
         ostrelcell::CellModel model;
         ostrelcell::Simulation simulation;
         ostrelcell::Diagnostics diagnostics(cell_file);
-        ostrelcell::read_cell_file(cell_file, model, simulation, diagnostics);
+        ostrelcell::readCellFile(cell_file, model, simulation, diagnostics);
         tell(diagnostics.text(), message, message_size);
         if (diagnostics.empty() && summary != nullptr)
             summarise(model, false, summary);
@@ -82,8 +82,8 @@ OSTREL_CELL_PUBLIC void ostrel_cell_get_summary(const ostrel_cell* cell, ostrel_
 }
 
 OSTREL_CELL_PUBLIC long long ostrel_cell_step(ostrel_cell* cell) {
-    constexpr long long retry_ns = 100'000'000;
-    return guarded(retry_ns, nullptr, 0, [&] { return static_cast<long long>(cell->served->step()); });
+    constexpr long long retryNs = 100'000'000;
+    return guarded(retryNs, nullptr, 0, [&] { return static_cast<long long>(cell->served->step()); });
 }
 
 OSTREL_CELL_PUBLIC int ostrel_cell_reload(ostrel_cell* cell, char* message, size_t message_size) {
@@ -105,7 +105,7 @@ OSTREL_CELL_PUBLIC int ostrel_cell_embed(const char* cell_file, char* message, s
         return 1;
     return guarded(1, message, message_size, [&] {
         std::string reasons;
-        const bool good = ostrelcell::embed_cell(cell_file, reasons);
+        const bool good = ostrelcell::embedCell(cell_file, reasons);
         tell(reasons, message, message_size);
         return good ? 0 : 1;
     });

@@ -1,5 +1,6 @@
 // What can be checked only when the whole of a cell file has been read.
-#pragma once
+#ifndef OSTREL_CELL_CELLCHECK_H
+#define OSTREL_CELL_CELLCHECK_H
 
 #include "cellmodel.h"
 #include "diagnostics.h"
@@ -7,6 +8,8 @@
 namespace ostrelcell {
 
 // Names that stand twice, references to nothing, cycles of aliases, more variables than a section has room for.
-void check_cell(const CellModel& model, Diagnostics& diagnostics);
+void checkCell(const CellModel& model, Diagnostics& diagnostics);
 
 }  // namespace ostrelcell
+
+#endif

@@ -28,14 +28,14 @@ struct NamedTable {
 };
 
 // The same cell gives the same noise at every start.
-std::uint64_t seed_of(const std::string& name) {
-    std::uint64_t hash = 1469598103934665603U;
+uint64_t seedOf(const std::string& name) {
+    uint64_t hash = 1469598103934665603U;
     for (char c : name)
         hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
     return hash;
 }
 
-int read_mode(TableReader& reader) {
+int readMode(TableReader& reader) {
     const auto text = reader.text("mode", 79);
     if (!text)
         return 0600;
@@ -49,7 +49,7 @@ int read_mode(TableReader& reader) {
     return mode;
 }
 
-void read_events(TableReader& reader, CellModel& model) {
+void readEvents(TableReader& reader, CellModel& model) {
     const toml::node* node = reader.node("events");
     if (node == nullptr)
         return;
@@ -59,21 +59,21 @@ void read_events(TableReader& reader, CellModel& model) {
         return;
     }
     for (const toml::node& item : *list) {
-        const auto name = text_in(item, "events", 31, reader);
+        const auto name = textIn(item, "events", 31, reader);
         if (name && name->empty())
-            reader.fault(line_of(item), "an event needs a name");
+            reader.fault(lineOf(item), "an event needs a name");
         else if (name)
             model.events.push_back(*name);
     }
 }
 
-void read_group(TableReader& reader, CellModel& model) {
+void readGroup(TableReader& reader, CellModel& model) {
     model.group = reader.text("group", 79).value_or("");
     if (!model.group.empty() && getgrnam(model.group.c_str()) == nullptr)
         reader.fault(reader.line("group"), "there is no group \"" + model.group + "\" on this machine");
 }
 
-void read_cell_table(const toml::table& table, CellModel& model, Diagnostics& diagnostics) {
+void readCellTable(const toml::table& table, CellModel& model, Diagnostics& diagnostics) {
     TableReader reader(table, "cell", diagnostics);
     model.name = reader.text("name", 63).value_or("");
     if (model.name.empty() && !(table.contains("name") && !table.get("name")->is_string()))
@@ -82,30 +82,30 @@ void read_cell_table(const toml::table& table, CellModel& model, Diagnostics& di
     model.log = reader.text("log", 4095).value_or("");
     model.audit = reader.text("audit", 4095);
     model.kept = reader.text("kept", 4095).value_or("");
-    model.mode = read_mode(reader);
-    read_group(reader, model);
-    model.seed = seed_of(model.name) + static_cast<std::uint64_t>(reader.integer("seed").value_or(0));
-    model.latch_reset = reader.text("latch_reset", max_name_length).value_or("");
-    model.latch_reset_line = reader.line("latch_reset");
-    read_events(reader, model);
-    reader.report_unknown_keys();
+    model.mode = readMode(reader);
+    readGroup(reader, model);
+    model.seed = seedOf(model.name) + static_cast<uint64_t>(reader.integer("seed").value_or(0));
+    model.latchReset = reader.text("latch_reset", maxNameLength).value_or("");
+    model.latchResetLine = reader.line("latch_reset");
+    readEvents(reader, model);
+    reader.reportUnknownKeys();
 }
 
-void collect_variables(const toml::key& key, const toml::node& node, SM_VARI_TYPE kind, Diagnostics& diagnostics,
-                       std::vector<NamedTable>& found) {
+void collectVariables(const toml::key& key, const toml::node& node, SM_VARI_TYPE kind, Diagnostics& diagnostics,
+                      std::vector<NamedTable>& found) {
     const toml::table* table = node.as_table();
     const std::string word(key.str());
     if (table == nullptr) {
-        diagnostics.add(line_of(key), word + " must be a table of variables, as in [" + word + ".NAME]");
+        diagnostics.add(lineOf(key), word + " must be a table of variables, as in [" + word + ".NAME]");
         return;
     }
     for (const auto& [name, entry] : *table)
-        found.push_back({kind, std::string(name.str()), line_of(name), &entry});
+        found.push_back({kind, std::string(name.str()), lineOf(name), &entry});
 }
 
-void add_variable(const NamedTable& entry, CellModel& model, Diagnostics& diagnostics) {
-    const std::string subject = std::string(kind_word(entry.kind)) + "." + entry.name;
-    const std::string fault = name_fault(entry.name, has_members(entry.kind));
+void addVariable(const NamedTable& entry, CellModel& model, Diagnostics& diagnostics) {
+    const std::string subject = std::string(kindWord(entry.kind)) + "." + entry.name;
+    const std::string fault = nameFault(entry.name, hasMembers(entry.kind));
     if (!fault.empty())
         diagnostics.add(entry.line, subject + ": " + fault);
     const toml::table* table = entry.node->as_table();
@@ -118,71 +118,70 @@ void add_variable(const NamedTable& entry, CellModel& model, Diagnostics& diagno
     variable.name = entry.name;
     variable.line = entry.line;
     TableReader reader(*table, subject, diagnostics);
-    read_variable(reader, variable);
-    const auto place = model.variable_by_label.emplace(variable.label(), static_cast<int>(model.variables.size()));
+    readVariable(reader, variable);
+    const auto place = model.variableByLabel.emplace(variable.label(), static_cast<int>(model.variables.size()));
     if (!place.second) {
-        const Variable& first = model.variables[static_cast<std::size_t>(place.first->second)];
+        const Variable& first = model.variables[static_cast<size_t>(place.first->second)];
         diagnostics.add(entry.line, subject + ": the name stands already in line " + std::to_string(first.line) +
-                                        " as " + kind_word(first.kind) + "." + first.name);
+                                        " as " + kindWord(first.kind) + "." + first.name);
         return;
     }
     model.variables.push_back(std::move(variable));
 }
 
-void read_alias(const toml::key& key, const toml::node& node, CellModel& model, Diagnostics& diagnostics) {
+void readAlias(const toml::key& key, const toml::node& node, CellModel& model, Diagnostics& diagnostics) {
     Alias alias;
     alias.name = std::string(key.str());
-    alias.line = line_of(key);
+    alias.line = lineOf(key);
     const std::string subject = "alias." + alias.name;
-    const std::string fault = name_fault(alias.name, false);
+    const std::string fault = nameFault(alias.name, false);
     if (!fault.empty())
         diagnostics.add(alias.line, subject + ": " + fault);
     if (const toml::table* table = node.as_table()) {
         TableReader reader(*table, subject, diagnostics);
-        alias.target = reader.text("target", max_name_length).value_or("");
+        alias.target = reader.text("target", maxNameLength).value_or("");
         alias.primary = reader.boolean("primary").value_or(false);
         if (!table->contains("target"))
             diagnostics.add(alias.line, subject + ": an alias needs a target");
-        reader.report_unknown_keys();
+        reader.reportUnknownKeys();
     } else if (const auto target = node.value_exact<std::string>()) {
         alias.target = *target;
     } else {
-        diagnostics.add(alias.line, subject + " is " + type_words(node) + "; it must be the name that it stands for");
+        diagnostics.add(alias.line, subject + " is " + typeWords(node) + "; it must be the name that it stands for");
     }
     if (!alias.target.empty())
         model.aliases.push_back(std::move(alias));
 }
 
-void read_aliases(const toml::key& key, const toml::node& node, CellModel& model, Diagnostics& diagnostics) {
+void readAliases(const toml::key& key, const toml::node& node, CellModel& model, Diagnostics& diagnostics) {
     const toml::table* table = node.as_table();
     if (table == nullptr) {
-        diagnostics.add(line_of(key), "alias must be a table, as in [alias]");
+        diagnostics.add(lineOf(key), "alias must be a table, as in [alias]");
         return;
     }
     for (const auto& [name, entry] : *table)
-        read_alias(name, entry, model, diagnostics);
+        readAlias(name, entry, model, diagnostics);
     std::stable_sort(model.aliases.begin(), model.aliases.end(),
                      [](const Alias& a, const Alias& b) { return a.line < b.line; });
-    for (std::size_t index = 0; index < model.aliases.size(); ++index)
-        model.alias_by_name.emplace(model.aliases[index].name, static_cast<int>(index));
+    for (size_t index = 0; index < model.aliases.size(); ++index)
+        model.aliasByName.emplace(model.aliases[index].name, static_cast<int>(index));
 }
 
-void read_document(const toml::table& document, CellModel& model, Diagnostics& diagnostics) {
-    std::vector<std::string> known = kind_words();
+void readDocument(const toml::table& document, CellModel& model, Diagnostics& diagnostics) {
+    std::vector<std::string> known = kindWords();
     known.insert(known.end(), {"cell", "alias"});
     std::vector<NamedTable> variables;
     for (const auto& [key, node] : document) {
         const std::string word(key.str());
         if (word == "cell" && node.is_table())
-            read_cell_table(*node.as_table(), model, diagnostics);
+            readCellTable(*node.as_table(), model, diagnostics);
         else if (word == "alias")
-            read_aliases(key, node, model, diagnostics);
-        else if (const SM_VARI_TYPE kind = kind_of_word(word); kind != UNDEFINED_VAR_TYPE)
-            collect_variables(key, node, kind, diagnostics, variables);
+            readAliases(key, node, model, diagnostics);
+        else if (const SM_VARI_TYPE kind = kindOfWord(word); kind != UNDEFINED_VAR_TYPE)
+            collectVariables(key, node, kind, diagnostics, variables);
         else
-            diagnostics.add(line_of(key), word == "cell"
-                                              ? "cell must be a table, as in [cell]"
-                                              : "unknown table \"" + word + "\"" + did_you_mean(word, known));
+            diagnostics.add(lineOf(key), word == "cell" ? "cell must be a table, as in [cell]"
+                                                        : "unknown table \"" + word + "\"" + didYouMean(word, known));
     }
     if (!document.contains("cell"))
         diagnostics.add(1, "there is no table [cell] with the name of the cell");
@@ -190,27 +189,27 @@ void read_document(const toml::table& document, CellModel& model, Diagnostics& d
     std::stable_sort(variables.begin(), variables.end(),
                      [](const NamedTable& a, const NamedTable& b) { return a.line < b.line; });
     for (const NamedTable& entry : variables)
-        add_variable(entry, model, diagnostics);
+        addVariable(entry, model, diagnostics);
 }
 
 }  // namespace
 
-void read_cell_text(const std::string& text, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
-    if (const int line = line_of_stray_character(text)) {
+void readCellText(const std::string& text, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
+    if (const int line = lineOfStrayCharacter(text)) {
         diagnostics.add(line, "a character that is not ASCII stands outside of quotes and comments");
         return;
     }
     try {
         const toml::table document = toml::parse(text);
-        read_document(document, model, diagnostics);
-        check_cell(model, diagnostics);
+        readDocument(document, model, diagnostics);
+        checkCell(model, diagnostics);
         simulation.build(model, diagnostics);
     } catch (const toml::parse_error& error) {
         diagnostics.add(static_cast<int>(error.source().begin.line), std::string(error.description()));
     }
 }
 
-void read_cell_file(const std::string& file, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
+void readCellFile(const std::string& file, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
     model.file = file;
     std::error_code failure;
     if (std::filesystem::is_directory(file, failure)) {
@@ -226,7 +225,7 @@ void read_cell_file(const std::string& file, CellModel& model, Simulation& simul
         diagnostics.add(0, std::string("cannot be read: ") + std::strerror(errno));
         return;
     }
-    read_cell_text(text.str(), model, simulation, diagnostics);
+    readCellText(text.str(), model, simulation, diagnostics);
 }
 
 }  // namespace ostrelcell

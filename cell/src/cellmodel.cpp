@@ -38,16 +38,16 @@ bool WriteRule::allows(double number) const {
     return (!least || number >= *least) && (!most || number <= *most);
 }
 
-std::size_t ArrayShape::elements() const {
-    std::size_t count = 1;
+size_t ArrayShape::elements() const {
+    size_t count = 1;
     for (unsigned short size : sizes)
         count *= size;
     return count;
 }
 
-std::vector<int> ArrayShape::indexes(std::size_t position) const {
+std::vector<int> ArrayShape::indexes(size_t position) const {
     std::vector<int> result(sizes.size());
-    for (std::size_t dimension = sizes.size(); dimension-- > 0;) {
+    for (size_t dimension = sizes.size(); dimension-- > 0;) {
         result[dimension] = static_cast<int>(position % sizes[dimension]);
         position /= sizes[dimension];
     }
@@ -55,22 +55,22 @@ std::vector<int> ArrayShape::indexes(std::size_t position) const {
 }
 
 std::string Variable::label() const {
-    return has_members(kind) ? name + "." : name;
+    return hasMembers(kind) ? name + "." : name;
 }
 
-std::string CellModel::full_name(ValueRef ref) const {
-    const Variable& variable = variables[static_cast<std::size_t>(ref.variable)];
+std::string CellModel::fullName(ValueRef ref) const {
+    const Variable& variable = variables[static_cast<size_t>(ref.variable)];
     std::string text = variable.label();
     if (ref.part < 0)
         return text;
-    if (has_members(variable.kind))
+    if (hasMembers(variable.kind))
         return text + ostrel_member_name(variable.kind, ref.part);
-    for (int index : variable.shape.indexes(static_cast<std::size_t>(ref.part)))
+    for (int index : variable.shape.indexes(static_cast<size_t>(ref.part)))
         text += ":" + std::to_string(index);
     return text;
 }
 
-bool has_members(SM_VARI_TYPE kind) {
+bool hasMembers(SM_VARI_TYPE kind) {
     return kind == STAT_TYPE || kind == COMP_TYPE || kind == PROP_TYPE || kind == EMIS_TYPE;
 }
 
@@ -78,25 +78,25 @@ bool is_array(SM_VARI_TYPE kind) {
     return kind == REAL_ARRAY_TYPE || kind == INT_ARRAY_TYPE || kind == LOGI_ARRAY_TYPE || kind == STRING_ARRAY_TYPE;
 }
 
-bool is_text(SM_VARI_TYPE kind) {
+bool isText(SM_VARI_TYPE kind) {
     return kind == STRING_TYPE || kind == STRING_ARRAY_TYPE;
 }
 
-const char* kind_word(SM_VARI_TYPE kind) {
+const char* kindWord(SM_VARI_TYPE kind) {
     for (const KindWord& entry : kinds)
         if (entry.kind == kind)
             return entry.word;
     return "";
 }
 
-SM_VARI_TYPE kind_of_word(const std::string& word) {
+SM_VARI_TYPE kindOfWord(const std::string& word) {
     for (const KindWord& entry : kinds)
         if (word == entry.word)
             return entry.kind;
     return UNDEFINED_VAR_TYPE;
 }
 
-const std::vector<std::string>& kind_words() {
+const std::vector<std::string>& kindWords() {
     static const std::vector<std::string> words = [] {
         std::vector<std::string> list;
         for (const KindWord& entry : kinds)

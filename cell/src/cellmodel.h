@@ -1,5 +1,6 @@
 // What a cell file says, checked and ready to be put into a store.
-#pragma once
+#ifndef OSTREL_CELL_CELLMODEL_H
+#define OSTREL_CELL_CELLMODEL_H
 
 #include <ostrel/areas.h>
 #include <ostrel/records.h>
@@ -34,8 +35,8 @@ struct LimitRule {
 
 struct Limits {
     std::array<LimitRule, NUM_LIMIT_TYPES> rules;
-    double deadband = 0;      // a limit stays violated until the value is this far back
-    short normal_status = 0;  // colour while none is violated
+    double deadband = 0;     // a limit stays violated until the value is this far back
+    short normalStatus = 0;  // colour while none is violated
 
     bool any() const;
 };
@@ -52,14 +53,14 @@ struct WriteRule {
 
 // Which value of a logical is an alarm, and how each of its states looks.
 struct LogicalStates {
-    std::string true_text = "TRUE";
-    std::string false_text = "FALSE";
+    std::string trueText = "TRUE";
+    std::string falseText = "FALSE";
     WHICH_STATE_IS_ALARM alarm = NO_ALARM;
-    short alarm_status = 0;
-    short true_status = 0;
-    short false_status = 0;
+    short alarmStatus = 0;
+    short trueStatus = 0;
+    short falseStatus = 0;
 
-    bool coloured() const { return alarm != NO_ALARM || true_status != 0 || false_status != 0; }
+    bool coloured() const { return alarm != NO_ALARM || trueStatus != 0 || falseStatus != 0; }
 };
 
 // One member of a composition, property or emission variable.
@@ -74,8 +75,8 @@ struct Member {
 
 struct StatSettings {
     std::string source;
-    int source_line = 0;
-    int interval_s = 10;
+    int sourceLine = 0;
+    int intervalS = 10;
     double confidence = 95;  // percent
 };
 
@@ -83,9 +84,9 @@ struct ArrayShape {
     std::vector<unsigned short> sizes;
     std::vector<std::vector<std::string>> labels;  // per dimension; empty where it has none
 
-    std::size_t elements() const;
+    size_t elements() const;
     // The indexes of the element at `position` in row-major order.
-    std::vector<int> indexes(std::size_t position) const;
+    std::vector<int> indexes(size_t position) const;
 };
 
 struct Variable {
@@ -101,11 +102,11 @@ struct Variable {
     Expression expr;
     std::vector<std::string> texts;  // a string with an expression shows one of these
     Limits limits;
-    double range_min = 0;
-    double range_max = 0;
+    double rangeMin = 0;
+    double rangeMax = 0;
     std::string event;
-    std::string true_event;
-    std::string false_event;
+    std::string trueEvent;
+    std::string falseEvent;
     LogicalStates states;
     WriteRule write;
     bool persist = false;  // starts with the value that it had at the end of the run before
@@ -113,12 +114,12 @@ struct Variable {
     std::vector<Member> members;
     STREAM_COMP_TYPE fluid = GAS_STREAM;
     std::string composition;
-    int composition_line = 0;
+    int compositionLine = 0;
     StatSettings stat;
 
     ArrayShape shape;
     std::vector<double> values;
-    std::vector<std::string> element_texts;
+    std::vector<std::string> elementTexts;
 
     std::string label() const;
 };
@@ -147,29 +148,31 @@ struct CellModel {
     std::string kept;                  // file of the values that persist
     int mode = 0600;
     std::string group;
-    std::uint64_t seed = 0;
-    std::string latch_reset;  // the logical that clears all latches when it is set
-    int latch_reset_line = 0;
+    uint64_t seed = 0;
+    std::string latchReset;  // the logical that clears all latches when it is set
+    int latchResetLine = 0;
     std::vector<std::string> events;
     std::vector<Variable> variables;
     std::vector<Alias> aliases;
 
-    std::unordered_map<std::string, int> variable_by_label;
-    std::unordered_map<std::string, int> alias_by_name;
+    std::unordered_map<std::string, int> variableByLabel;
+    std::unordered_map<std::string, int> aliasByName;
 
     // The full name of a value, as find_variable() takes it.
-    std::string full_name(ValueRef ref) const;
+    std::string fullName(ValueRef ref) const;
 };
 
-bool has_members(SM_VARI_TYPE kind);
+bool hasMembers(SM_VARI_TYPE kind);
 bool is_array(SM_VARI_TYPE kind);
 // Strings and arrays of strings have texts in the place of numbers.
-bool is_text(SM_VARI_TYPE kind);
+bool isText(SM_VARI_TYPE kind);
 
 // The word for the kind in a cell file, such as "real_array"; and back, UNDEFINED_VAR_TYPE for no such word.
-const char* kind_word(SM_VARI_TYPE kind);
-SM_VARI_TYPE kind_of_word(const std::string& word);
+const char* kindWord(SM_VARI_TYPE kind);
+SM_VARI_TYPE kindOfWord(const std::string& word);
 // All of them, in the order in which they are explained to people.
-const std::vector<std::string>& kind_words();
+const std::vector<std::string>& kindWords();
 
 }  // namespace ostrelcell
+
+#endif

@@ -9,20 +9,19 @@ struct Colour {
     short code;
 };
 
-constexpr Colour colours[] = {{"none", colour_none},     {"blue", 256},       {"green", 512},
-                              {"cyan", colour_cyan},     {"red", colour_red}, {"magenta", 1280},
-                              {"yellow", colour_yellow}, {"white", 1792}};
+constexpr Colour colours[] = {{"none", colourNone}, {"blue", 256},     {"green", 512},           {"cyan", colourCyan},
+                              {"red", colourRed},   {"magenta", 1280}, {"yellow", colourYellow}, {"white", 1792}};
 
 }  // namespace
 
-std::optional<short> colour_code(const std::string& name) {
+std::optional<short> colourCode(const std::string& name) {
     for (const Colour& colour : colours)
         if (name == colour.name)
             return colour.code;
     return std::nullopt;
 }
 
-const std::string& colour_list() {
+const std::string& colourList() {
     static const std::string list = [] {
         std::string text;
         for (const Colour& colour : colours)

@@ -1,20 +1,23 @@
 // The colours that the status word of a variable can ask for.
-#pragma once
+#ifndef OSTREL_CELL_COLOURS_H
+#define OSTREL_CELL_COLOURS_H
 
 #include <optional>
 #include <string>
 
 namespace ostrelcell {
 
-constexpr short blink_bit = 1;
-constexpr short colour_none = 0;
-constexpr short colour_cyan = 768;
-constexpr short colour_red = 1024;
-constexpr short colour_yellow = 1536;
+constexpr short blinkBit = 1;
+constexpr short colourNone = 0;
+constexpr short colourCyan = 768;
+constexpr short colourRed = 1024;
+constexpr short colourYellow = 1536;
 
-std::optional<short> colour_code(const std::string& name);
+std::optional<short> colourCode(const std::string& name);
 
 // All names, for a message.
-const std::string& colour_list();
+const std::string& colourList();
 
 }  // namespace ostrelcell
+
+#endif

@@ -1,5 +1,6 @@
 // Collects what is wrong with a cell file, so that one look shows all of it.
-#pragma once
+#ifndef OSTREL_CELL_DIAGNOSTICS_H
+#define OSTREL_CELL_DIAGNOSTICS_H
 
 #include <string>
 #include <vector>
@@ -28,3 +29,5 @@ private:
 };
 
 }  // namespace ostrelcell
+
+#endif

@@ -27,7 +27,7 @@ struct Embedded {
 // Stays to the end of the process, whose other threads may look at the store until then.
 Embedded* embedded = nullptr;
 
-void scan_until_end(Embedded& cell) {
+void scanUntilEnd(Embedded& cell) {
     std::unique_lock lock(cell.mutex);
     while (!cell.ending) {
         lock.unlock();
@@ -37,7 +37,7 @@ void scan_until_end(Embedded& cell) {
     }
 }
 
-void end_with_process() {
+void endWithProcess() {
     // A forked child has the memory but not the thread.
     if (embedded == nullptr || embedded->process != getpid())
         return;
@@ -53,7 +53,7 @@ void end_with_process() {
 
 }  // namespace
 
-bool embed_cell(const std::string& file, std::string& reasons) {
+bool embedCell(const std::string& file, std::string& reasons) {
     if (embedded != nullptr) {
         reasons = "this process has a cell already";
         return false;
@@ -64,8 +64,8 @@ bool embed_cell(const std::string& file, std::string& reasons) {
     embedded = new Embedded;
     embedded->cell = std::move(cell);
     embedded->process = getpid();
-    std::atexit(end_with_process);
-    embedded->thread = start_quiet_thread([] { scan_until_end(*embedded); });
+    std::atexit(endWithProcess);
+    embedded->thread = startQuietThread([] { scanUntilEnd(*embedded); });
     return true;
 }
 

@@ -9,16 +9,16 @@ namespace ostrelcell {
 
 namespace {
 
-bool starts_name(char c) {
+bool startsName(char c) {
     return std::isalpha(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-bool is_digit(char c) {
+bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool continues_name(char c) {
-    return starts_name(c) || is_digit(c);
+bool continuesName(char c) {
+    return startsName(c) || isDigit(c);
 }
 
 class Translator {
@@ -36,19 +36,19 @@ private:
 
     const std::string& m_text;
     const ExpressionNames& m_names;
-    std::size_t m_at = 0;
+    size_t m_at = 0;
     std::string m_result;
     std::vector<Bracket> m_brackets;
 
-    char at(std::size_t position) const { return position < m_text.size() ? m_text[position] : '\0'; }
-    std::string take_while(bool (*wanted)(char));
-    void skip_blanks();
+    char at(size_t position) const { return position < m_text.size() ? m_text[position] : '\0'; }
+    std::string takeWhile(bool (*wanted)(char));
+    void skipBlanks();
     void element();
     void number();
     void word();
-    void name(std::string full_name);
+    void name(std::string fullName);
     void call(const std::string& function);
-    void named_call(const std::string& function);
+    void namedCall(const std::string& function);
     std::string indexes();
     void symbol();
     void comma();
@@ -68,14 +68,14 @@ std::string Translator::run() {
     return m_result;
 }
 
-std::string Translator::take_while(bool (*wanted)(char)) {
-    const std::size_t start = m_at;
+std::string Translator::takeWhile(bool (*wanted)(char)) {
+    const size_t start = m_at;
     while (m_at < m_text.size() && wanted(m_text[m_at]))
         ++m_at;
     return m_text.substr(start, m_at - start);
 }
 
-void Translator::skip_blanks() {
+void Translator::skipBlanks() {
     while (std::isspace(static_cast<unsigned char>(at(m_at))) != 0)
         ++m_at;
 }
@@ -88,11 +88,11 @@ void Translator::used() {
 void Translator::element() {
     const char c = m_text[m_at];
     if (std::isspace(static_cast<unsigned char>(c)) != 0) {
-        skip_blanks();
+        skipBlanks();
         m_result += ' ';
-    } else if (is_digit(c) || (c == '.' && is_digit(at(m_at + 1)))) {
+    } else if (isDigit(c) || (c == '.' && isDigit(at(m_at + 1)))) {
         number();
-    } else if (starts_name(c)) {
+    } else if (startsName(c)) {
         word();
     } else {
         symbol();
@@ -101,19 +101,19 @@ void Translator::element() {
 
 void Translator::number() {
     used();
-    const std::size_t start = m_at;
-    m_result += take_while([](char c) { return is_digit(c) || c == '.'; });
-    const std::size_t sign = m_at + 1;
+    const size_t start = m_at;
+    m_result += takeWhile([](char c) { return isDigit(c) || c == '.'; });
+    const size_t sign = m_at + 1;
     const bool exponent = (at(m_at) == 'e' || at(m_at) == 'E') &&
-                          (is_digit(at(sign)) || ((at(sign) == '+' || at(sign) == '-') && is_digit(at(sign + 1))));
+                          (isDigit(at(sign)) || ((at(sign) == '+' || at(sign) == '-') && isDigit(at(sign + 1))));
     if (exponent) {
         m_result += m_text.substr(m_at, 2);
         m_at += 2;
-        m_result += take_while(is_digit);
+        m_result += takeWhile(isDigit);
     }
-    if (!starts_name(at(m_at)))
+    if (!startsName(at(m_at)))
         return;
-    take_while(continues_name);
+    takeWhile(continuesName);
     fail("a number and a name stand together: \"" + m_text.substr(start, m_at - start) + "\"");
 }
 
@@ -122,8 +122,8 @@ std::string Translator::indexes() {
     std::string text;
     while (at(m_at) == ':') {
         ++m_at;
-        const std::string index = take_while(continues_name);
-        const int value = m_names.index_value(index);
+        const std::string index = takeWhile(continuesName);
+        const int value = m_names.indexValue(index);
         text += ":" + (value >= 0 ? std::to_string(value) : index);
     }
     return text;
@@ -131,56 +131,56 @@ std::string Translator::indexes() {
 
 void Translator::word() {
     used();
-    std::string text = take_while(continues_name);
-    const std::size_t end = m_at;
-    skip_blanks();
+    std::string text = takeWhile(continuesName);
+    const size_t end = m_at;
+    skipBlanks();
     if (at(m_at) == '(') {
         call(text);
         return;
     }
     m_at = end;
-    if (at(m_at) == '.' && (starts_name(at(m_at + 1)) || is_digit(at(m_at + 1)))) {
+    if (at(m_at) == '.' && (startsName(at(m_at + 1)) || isDigit(at(m_at + 1)))) {
         ++m_at;
-        text += "." + take_while(continues_name);
+        text += "." + takeWhile(continuesName);
     } else if (m_names.is_array(text)) {
         text += indexes();
     }
     name(text);
 }
 
-void Translator::name(std::string full_name) {
-    const int index = m_names.index_value(full_name);
+void Translator::name(std::string fullName) {
+    const int index = m_names.indexValue(fullName);
     if (index >= 0)
         m_result += std::to_string(index);
-    else if (full_name == "t" || full_name == "dt")
-        m_result += full_name + "_";
-    else if (full_name == "pi")
+    else if (fullName == "t" || fullName == "dt")
+        m_result += fullName + "_";
+    else if (fullName == "pi")
         m_result += "3.14159265358979324";
-    else if (full_name == "true" || full_name == "false")
-        m_result += full_name == "true" ? "1" : "0";
+    else if (fullName == "true" || fullName == "false")
+        m_result += fullName == "true" ? "1" : "0";
     else
-        m_result += m_names.identifier(full_name, NameUse::value);
+        m_result += m_names.identifier(fullName, NameUse::value);
 }
 
 // prev(NAME), alarm(NAME)
-void Translator::named_call(const std::string& function) {
-    skip_blanks();
-    std::string full_name = take_while([](char c) { return continues_name(c) || c == '.'; });
-    full_name += indexes();
-    skip_blanks();
-    if (full_name.empty() || at(m_at) != ')')
+void Translator::namedCall(const std::string& function) {
+    skipBlanks();
+    std::string fullName = takeWhile([](char c) { return continuesName(c) || c == '.'; });
+    fullName += indexes();
+    skipBlanks();
+    if (fullName.empty() || at(m_at) != ')')
         fail(function + "() takes the name of a variable");
     ++m_at;
-    m_result += m_names.identifier(full_name, function == "prev" ? NameUse::previous : NameUse::alarm);
+    m_result += m_names.identifier(fullName, function == "prev" ? NameUse::previous : NameUse::alarm);
 }
 
 void Translator::call(const std::string& function) {
-    const FunctionInfo* info = function_info(function);
+    const FunctionInfo* info = functionInfo(function);
     if (info == nullptr)
-        fail("there is no function " + function + "()" + did_you_mean(function, function_names()));
+        fail("there is no function " + function + "()" + didYouMean(function, functionNames()));
     ++m_at;
     if (function == "prev" || function == "alarm") {
-        named_call(function);
+        namedCall(function);
         return;
     }
     m_result += function + "(";
@@ -245,7 +245,7 @@ void Translator::symbol() {
 
 }  // namespace
 
-std::string translate_expression(const std::string& text, const ExpressionNames& names) {
+std::string translateExpression(const std::string& text, const ExpressionNames& names) {
     return Translator(text, names).run();
 }
 

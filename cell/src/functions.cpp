@@ -11,15 +11,15 @@ namespace {
 
 thread_local CallContext* current = nullptr;
 
-CallState* state_of(const double* arguments) {
+CallState* stateOf(const double* arguments) {
     if (current == nullptr)
         return nullptr;
-    return &(*current->states)[static_cast<std::size_t>(arguments[0])];
+    return &(*current->states)[static_cast<size_t>(arguments[0])];
 }
 
 // lag(x, seconds[, start])
 double lag(const double* arguments, int count) {
-    CallState* state = state_of(arguments);
+    CallState* state = stateOf(arguments);
     if (state == nullptr)
         return 0;
     const double x = arguments[1];
@@ -38,7 +38,7 @@ double lag(const double* arguments, int count) {
 
 // ramp(target, rate[, start]): rate is per second
 double ramp(const double* arguments, int count) {
-    CallState* state = state_of(arguments);
+    CallState* state = stateOf(arguments);
     if (state == nullptr)
         return 0;
     const double target = arguments[1];
@@ -56,7 +56,7 @@ double ramp(const double* arguments, int count) {
 
 // integral(x[, start])
 double integral(const double* arguments, int count) {
-    CallState* state = state_of(arguments);
+    CallState* state = stateOf(arguments);
     if (state == nullptr)
         return 0;
     if (!state->started) {
@@ -70,7 +70,7 @@ double integral(const double* arguments, int count) {
 
 // held(condition): for how many seconds it has been true
 double held(const double* arguments, int) {
-    CallState* state = state_of(arguments);
+    CallState* state = stateOf(arguments);
     if (state == nullptr)
         return 0;
     const bool was = state->started;
@@ -81,7 +81,7 @@ double held(const double* arguments, int) {
 
 // hysteresis(x, on, off): 1 from on to off; on below off turns it round
 double hysteresis(const double* arguments, int) {
-    CallState* state = state_of(arguments);
+    CallState* state = stateOf(arguments);
     if (state == nullptr)
         return 0;
     const double x = arguments[1];
@@ -97,7 +97,7 @@ double hysteresis(const double* arguments, int) {
 // A number above 0 and up to 1. The generator walks in steps of the golden ratio and mixes the bits of each.
 double uniform(CallState& state) {
     state.random += 0x9E3779B97F4A7C15U;
-    std::uint64_t bits = state.random;
+    uint64_t bits = state.random;
     bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9U;
     bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EBU;
     bits ^= bits >> 31;
@@ -106,11 +106,11 @@ double uniform(CallState& state) {
 
 // noise(sigma): normal, with mean 0
 double noise(const double* arguments, int) {
-    CallState* state = state_of(arguments);
+    CallState* state = stateOf(arguments);
     if (state == nullptr)
         return 0;
-    state->spare_ready = !state->spare_ready;
-    if (!state->spare_ready)
+    state->spareReady = !state->spareReady;
+    if (!state->spareReady)
         return arguments[1] * state->spare;
     const double radius = std::sqrt(-2 * std::log(uniform(*state)));
     const double angle = 2 * M_PI * uniform(*state);
@@ -166,11 +166,11 @@ double table(const double* arguments, int count) {
     return arguments[count % 2 == 1 ? count - 1 : count - 2];
 }
 
-double floor_of(double x) {
+double floorOf(double x) {
     return std::floor(x);
 }
 
-double ceil_of(double x) {
+double ceilOf(double x) {
     return std::ceil(x);
 }
 
@@ -201,38 +201,38 @@ CallContextScope::~CallContextScope() {
     current = nullptr;
 }
 
-const FunctionInfo* function_info(const std::string& name) {
+const FunctionInfo* functionInfo(const std::string& name) {
     for (const FunctionInfo& function : functions)
         if (name == function.name)
             return &function;
     return nullptr;
 }
 
-std::vector<std::string> function_names() {
+std::vector<std::string> functionNames() {
     std::vector<std::string> names;
     for (const FunctionInfo& function : functions)
         names.emplace_back(function.name);
     return names;
 }
 
-void define_functions(mu::Parser& parser) {
+void defineFunctions(mu::Parser& parser) {
     // No result may be computed in advance: it depends on the time, or on what the call remembers.
-    constexpr bool never_constant = false;
-    parser.DefineFun("lag", lag, never_constant);
-    parser.DefineFun("ramp", ramp, never_constant);
-    parser.DefineFun("integral", integral, never_constant);
-    parser.DefineFun("held", held, never_constant);
-    parser.DefineFun("hysteresis", hysteresis, never_constant);
-    parser.DefineFun("noise", noise, never_constant);
-    parser.DefineFun("step", step, never_constant);
-    parser.DefineFun("square", square, never_constant);
-    parser.DefineFun("saw", saw, never_constant);
-    parser.DefineFun("triangle", triangle, never_constant);
+    constexpr bool neverConstant = false;
+    parser.DefineFun("lag", lag, neverConstant);
+    parser.DefineFun("ramp", ramp, neverConstant);
+    parser.DefineFun("integral", integral, neverConstant);
+    parser.DefineFun("held", held, neverConstant);
+    parser.DefineFun("hysteresis", hysteresis, neverConstant);
+    parser.DefineFun("noise", noise, neverConstant);
+    parser.DefineFun("step", step, neverConstant);
+    parser.DefineFun("square", square, neverConstant);
+    parser.DefineFun("saw", saw, neverConstant);
+    parser.DefineFun("triangle", triangle, neverConstant);
     parser.DefineFun("clamp", clamp);
     parser.DefineFun("mod", modulo);
     parser.DefineFun("table", table);
-    parser.DefineFun("floor", floor_of);
-    parser.DefineFun("ceil", ceil_of);
+    parser.DefineFun("floor", floorOf);
+    parser.DefineFun("ceil", ceilOf);
     parser.DefineInfixOprt("!", negation);
 }
 

@@ -1,5 +1,6 @@
 // The functions that an expression can call beside those of the expression library.
-#pragma once
+#ifndef OSTREL_CELL_FUNCTIONS_H
+#define OSTREL_CELL_FUNCTIONS_H
 
 #include <cstdint>
 #include <string>
@@ -16,8 +17,8 @@ struct CallState {
     bool started = false;
     double value = 0;
     double spare = 0;  // noise: the second half of a pair
-    bool spare_ready = false;
-    std::uint64_t random = 0;
+    bool spareReady = false;
+    uint64_t random = 0;
 };
 
 // What the functions see while expressions are evaluated on this thread. Without one set they answer 0 and remember
@@ -44,10 +45,12 @@ struct FunctionInfo {
 };
 
 // Null for a name that is no function.
-const FunctionInfo* function_info(const std::string& name);
-std::vector<std::string> function_names();
+const FunctionInfo* functionInfo(const std::string& name);
+std::vector<std::string> functionNames();
 
 // Teaches the parser every function that is not its own.
-void define_functions(mu::Parser& parser);
+void defineFunctions(mu::Parser& parser);
 
 }  // namespace ostrelcell
+
+#endif

@@ -22,11 +22,11 @@ namespace ostrelcell {
 
 namespace {
 
-const std::string first_line = "ostrel-kept 1";
+const std::string firstLine = "ostrel-kept 1";
 
 // ---- Texts
 
-std::string encoded(const char* text, std::size_t size) {
+std::string encoded(const char* text, size_t size) {
     constexpr char digits[] = "0123456789ABCDEF";
     std::string result;
     for (const char* c = text; c != text + size; ++c) {
@@ -42,7 +42,7 @@ std::string encoded(const char* text, std::size_t size) {
 
 std::optional<std::string> decoded(const std::string& word) {
     std::string result;
-    for (std::size_t at = 0; word != "%" && at < word.size(); ++at) {
+    for (size_t at = 0; word != "%" && at < word.size(); ++at) {
         if (word[at] != '%') {
             result += word[at];
             continue;
@@ -57,14 +57,14 @@ std::optional<std::string> decoded(const std::string& word) {
     return result;
 }
 
-std::optional<double> number_of(const std::string& word) {
+std::optional<double> numberOf(const std::string& word) {
     double value = 0;
     const char* end = word.data() + word.size();
     const auto [stopped, error] = std::from_chars(word.data(), end, value);
     return error == std::errc() && stopped == end && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-void add_number(std::string& line, double value) {
+void addNumber(std::string& line, double value) {
     char text[32];
     const auto end = std::to_chars(text, text + sizeof text, value).ptr;
     line += ' ';
@@ -81,18 +81,18 @@ struct Kept {
 
 using KeptByName = std::unordered_map<std::string, Kept>;
 
-bool add_line(const std::string& line, KeptByName& kept) {
+bool addLine(const std::string& line, KeptByName& kept) {
     std::istringstream words(line);
     std::string name;
     Kept entry;
     words >> entry.kind >> name >> entry.units;
     for (std::string word; words >> word;)
         entry.words.push_back(word);
-    const SM_VARI_TYPE kind = kind_of_word(entry.kind);
+    const SM_VARI_TYPE kind = kindOfWord(entry.kind);
     if (kind == UNDEFINED_VAR_TYPE || entry.words.empty())
         return false;
     for (const std::string& word : entry.words)
-        if (is_text(kind) ? !decoded(word).has_value() : !number_of(word).has_value())
+        if (isText(kind) ? !decoded(word).has_value() : !numberOf(word).has_value())
             return false;
     return kept.emplace(name, std::move(entry)).second;
 }
@@ -101,16 +101,16 @@ bool add_line(const std::string& line, KeptByName& kept) {
 std::optional<KeptByName> parsed(std::istream& stream) {
     KeptByName kept;
     std::string line;
-    if (!std::getline(stream, line) || line != first_line)
+    if (!std::getline(stream, line) || line != firstLine)
         return std::nullopt;
     while (std::getline(stream, line) && line.rfind("end ", 0) != 0)
-        if (!add_line(line, kept))
+        if (!addLine(line, kept))
             return std::nullopt;
     const bool whole = !stream.eof() && line == "end " + std::to_string(kept.size());
     return whole && stream.peek() == std::istream::traits_type::eof() ? std::optional(kept) : std::nullopt;
 }
 
-std::optional<double> in_units(double value, std::string from, std::string to) {
+std::optional<double> inUnits(double value, std::string from, std::string to) {
     if (from == to)
         return value;
     double converted = 0;
@@ -118,10 +118,10 @@ std::optional<double> in_units(double value, std::string from, std::string to) {
 }
 
 // Empty where all could be used, else why not; the variable then stays as it is.
-std::string take_numbers(const Kept& kept, Variable& variable) {
+std::string takeNumbers(const Kept& kept, Variable& variable) {
     std::vector<double> values;
     for (const std::string& word : kept.words) {
-        const auto value = in_units(*number_of(word), kept.units == "-" ? "" : kept.units, variable.units.keyword);
+        const auto value = inUnits(*numberOf(word), kept.units == "-" ? "" : kept.units, variable.units.keyword);
         if (!value)
             return "its kept value is in " + kept.units;
         if (!variable.expr.given() && !variable.write.allows(*value))
@@ -135,27 +135,27 @@ std::string take_numbers(const Kept& kept, Variable& variable) {
     return "";
 }
 
-std::string take_texts(const Kept& kept, Variable& variable) {
+std::string takeTexts(const Kept& kept, Variable& variable) {
     std::vector<std::string> texts;
     for (const std::string& word : kept.words)
         texts.push_back(*decoded(word));
     if (is_array(variable.kind))
-        variable.element_texts = texts;
+        variable.elementTexts = texts;
     else
         variable.text = texts.front();
     return "";
 }
 
 std::string take(const Kept& kept, Variable& variable) {
-    if (kept.kind != kind_word(variable.kind))
+    if (kept.kind != kindWord(variable.kind))
         return "its kept value is of kind " + kept.kind;
-    const std::size_t count = is_array(variable.kind) ? variable.shape.elements() : 1;
+    const size_t count = is_array(variable.kind) ? variable.shape.elements() : 1;
     if (kept.words.size() != count)
         return "it had " + std::to_string(kept.words.size()) + " elements";
-    return is_text(variable.kind) ? take_texts(kept, variable) : take_numbers(kept, variable);
+    return isText(variable.kind) ? takeTexts(kept, variable) : takeNumbers(kept, variable);
 }
 
-std::string put_aside(const std::string& file) {
+std::string putAside(const std::string& file) {
     const std::string aside = file + ".broken";
     std::error_code failure;
     std::filesystem::rename(file, aside, failure);
@@ -166,50 +166,50 @@ std::string put_aside(const std::string& file) {
 
 // ---- Writing
 
-template <std::size_t size>
-std::string encoded_field(const char (&field)[size]) {
+template <size_t size>
+std::string encodedField(const char (&field)[size]) {
     return encoded(field, strnlen(field, size));
 }
 
 // False where a value is none that could be read again.
-bool add_values(const CellModel& model, const StoreContents& contents, int index, std::string& line) {
-    const Variable& variable = model.variables[static_cast<std::size_t>(index)];
+bool addValues(const CellModel& model, const StoreContents& contents, int index, std::string& line) {
+    const Variable& variable = model.variables[static_cast<size_t>(index)];
     const Placed& placed = contents.placed(index);
     if (variable.kind == STRING_TYPE) {
-        line += " " + encoded_field(static_cast<STRING_VARIABLE*>(placed.record)->value);
+        line += " " + encodedField(static_cast<STRING_VARIABLE*>(placed.record)->value);
         return true;
     }
     const int end = is_array(variable.kind) ? static_cast<int>(variable.shape.elements()) : 0;
     for (int part = is_array(variable.kind) ? 0 : -1; part < end; ++part) {
         if (variable.kind == STRING_ARRAY_TYPE) {
-            line += " " + encoded_field(static_cast<STRING_ARRAY_MEMBER*>(placed.elements)[part].value);
+            line += " " + encodedField(static_cast<STRING_ARRAY_MEMBER*>(placed.elements)[part].value);
             continue;
         }
         const double value = contents.value(model, {index, part}).load();
         if (!std::isfinite(value))
             return false;
-        add_number(line, value);
+        addNumber(line, value);
     }
     return true;
 }
 
-std::string failure_text(const std::string& file, const char* what) {
+std::string failureText(const std::string& file, const char* what) {
     return file + ": " + what + ": " + std::strerror(errno);
 }
 
-bool write_all(int fd, const std::string& text) {
-    std::size_t done = 0;
+bool writeAll(int fd, const std::string& text) {
+    size_t done = 0;
     while (done < text.size()) {
         const ssize_t size = ::write(fd, text.data() + done, text.size() - done);
         if (size < 0 && errno != EINTR)
             return false;
-        done += static_cast<std::size_t>(std::max<ssize_t>(size, 0));
+        done += static_cast<size_t>(std::max<ssize_t>(size, 0));
     }
     return true;
 }
 
 // A new name is on the disk when its folder is.
-void sync_folder(const std::string& file) {
+void syncFolder(const std::string& file) {
     const int fd = open(std::filesystem::path(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
         return;
@@ -219,16 +219,16 @@ void sync_folder(const std::string& file) {
 
 }  // namespace
 
-std::vector<std::string> take_kept_values(const std::string& file, CellModel& model) {
+std::vector<std::string> takeKeptValues(const std::string& file, CellModel& model) {
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     if (!stream && errno == ENOENT)
         return {};
     if (!stream)
-        return {failure_text(file, "kept values cannot be read")};
+        return {failureText(file, "kept values cannot be read")};
     const auto kept = parsed(stream);
     if (!kept)
-        return {put_aside(file)};
+        return {putAside(file)};
     std::vector<std::string> remarks;
     for (Variable& variable : model.variables) {
         const auto found = variable.persist ? kept->find(variable.name) : kept->end();
@@ -239,16 +239,16 @@ std::vector<std::string> take_kept_values(const std::string& file, CellModel& mo
     return remarks;
 }
 
-std::string kept_text(const CellModel& model, const StoreContents& contents) {
-    std::string text = first_line + "\n";
+std::string keptText(const CellModel& model, const StoreContents& contents) {
+    std::string text = firstLine + "\n";
     int count = 0;
-    for (std::size_t index = 0; index < model.variables.size(); ++index) {
+    for (size_t index = 0; index < model.variables.size(); ++index) {
         const Variable& variable = model.variables[index];
         if (!variable.persist)
             continue;
-        std::string line = std::string(kind_word(variable.kind)) + " " + variable.name + " " +
+        std::string line = std::string(kindWord(variable.kind)) + " " + variable.name + " " +
                            (variable.units.keyword.empty() ? "-" : variable.units.keyword);
-        if (!add_values(model, contents, static_cast<int>(index), line))
+        if (!addValues(model, contents, static_cast<int>(index), line))
             continue;
         text += line + "\n";
         ++count;
@@ -256,24 +256,24 @@ std::string kept_text(const CellModel& model, const StoreContents& contents) {
     return text + "end " + std::to_string(count) + "\n";
 }
 
-std::string replace_file(const std::string& file, const std::string& text) {
+std::string replaceFile(const std::string& file, const std::string& text) {
     const std::string temporary = file + ".new";
     const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (fd < 0)
-        return failure_text(temporary, "cannot be written");
-    const bool written = write_all(fd, text) && fsync(fd) == 0;
-    std::string why = written ? "" : failure_text(temporary, "cannot be written");
+        return failureText(temporary, "cannot be written");
+    const bool written = writeAll(fd, text) && fsync(fd) == 0;
+    std::string why = written ? "" : failureText(temporary, "cannot be written");
     close(fd);
     if (written && std::rename(temporary.c_str(), file.c_str()) != 0)
-        why = failure_text(file, "cannot be replaced");
+        why = failureText(file, "cannot be replaced");
     if (why.empty())
-        sync_folder(file);
+        syncFolder(file);
     else
         unlink(temporary.c_str());
     return why;
 }
 
-KeptFile::KeptFile(std::string file) : m_file(std::move(file)), m_thread(start_quiet_thread([this] { run(); })) {}
+KeptFile::KeptFile(std::string file) : m_file(std::move(file)), m_thread(startQuietThread([this] { run(); })) {}
 
 KeptFile::~KeptFile() {
     {
@@ -291,7 +291,7 @@ void KeptFile::write(std::string text) {
     {
         const std::lock_guard lock(m_mutex);
         m_waiting = std::move(text);
-        m_has_waiting = true;
+        m_hasWaiting = true;
     }
     m_wake.notify_one();
 }
@@ -299,19 +299,19 @@ void KeptFile::write(std::string text) {
 void KeptFile::run() {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        m_wake.wait(lock, [this] { return m_has_waiting || m_ending; });
-        if (!m_has_waiting)
+        m_wake.wait(lock, [this] { return m_hasWaiting || m_ending; });
+        if (!m_hasWaiting)
             return;
         const std::string text = std::move(m_waiting);
-        m_has_waiting = false;
+        m_hasWaiting = false;
         lock.unlock();
-        write_now(text);
+        writeNow(text);
         lock.lock();
     }
 }
 
-void KeptFile::write_now(const std::string& text) {
-    const std::string why = replace_file(m_file, text);
+void KeptFile::writeNow(const std::string& text) {
+    const std::string why = replaceFile(m_file, text);
     if (!why.empty() && !m_failed)
         log_error(__FILE__, __LINE__, 1, 0, "%s; the values that persist are not kept", why.c_str());
     m_failed = !why.empty();

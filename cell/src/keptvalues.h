@@ -11,7 +11,8 @@
 // A text stands with %XX for blanks, percent signs and whatever is not printable ASCII; `-` means no units. The last
 // line counts the others, so that a file that was cut is known. The file is never written in place: a kill at any
 // moment leaves the old one or the new one.
-#pragma once
+#ifndef OSTREL_CELL_KEPTVALUES_H
+#define OSTREL_CELL_KEPTVALUES_H
 
 #include <condition_variable>
 #include <mutex>
@@ -26,14 +27,14 @@ namespace ostrelcell {
 
 // Puts the kept values into the model, in the place of those of the cell file. The remarks, a line each, say what could
 // not be used. A broken file is moved to FILE.broken and used not even in part; a missing one is the first start.
-std::vector<std::string> take_kept_values(const std::string& file, CellModel& model);
+std::vector<std::string> takeKeptValues(const std::string& file, CellModel& model);
 
 // The text of the file for what the store holds now.
-std::string kept_text(const CellModel& model, const StoreContents& contents);
+std::string keptText(const CellModel& model, const StoreContents& contents);
 
 // Writes `text` to a temporary file beside `file`, has it reach the disk, and puts it in the place of `file`. Empty, or
 // why it could not be done.
-std::string replace_file(const std::string& file, const std::string& text);
+std::string replaceFile(const std::string& file, const std::string& text);
 
 // Writes the file on a thread of its own, since a disk may take longer than a scan.
 class KeptFile {
@@ -52,13 +53,15 @@ private:
     std::mutex m_mutex;  // guards what follows
     std::condition_variable m_wake;
     std::string m_waiting;
-    bool m_has_waiting = false;
+    bool m_hasWaiting = false;
     bool m_ending = false;
     bool m_failed = false;  // told once, until it works again; of the thread alone
     std::thread m_thread;
 
     void run();
-    void write_now(const std::string& text);
+    void writeNow(const std::string& text);
 };
 
 }  // namespace ostrelcell
+
+#endif

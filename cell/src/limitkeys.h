@@ -1,5 +1,6 @@
 // Reads the keys of a variable's limits and colours.
-#pragma once
+#ifndef OSTREL_CELL_LIMITKEYS_H
+#define OSTREL_CELL_LIMITKEYS_H
 
 #include "cellmodel.h"
 #include "tablereader.h"
@@ -7,12 +8,14 @@
 namespace ostrelcell {
 
 // The six limits of a number. They must stand in the order in which they get worse.
-void read_value_limits(TableReader& reader, Limits& limits);
+void readValueLimits(TableReader& reader, Limits& limits);
 
 // The age in seconds after which a value is stale.
-void read_age_limit(TableReader& reader, Limits& limits);
+void readAgeLimit(TableReader& reader, Limits& limits);
 
 // true_state, false_state, which of them is an alarm, and their colours.
-void read_logical_states(TableReader& reader, LogicalStates& states);
+void readLogicalStates(TableReader& reader, LogicalStates& states);
 
 }  // namespace ostrelcell
+
+#endif

@@ -11,18 +11,18 @@ namespace ostrelcell {
 
 namespace {
 
-bool is_letter(char c) {
+bool isLetter(char c) {
     return std::isalpha(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-bool is_digit(char c) {
+bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts;
-    std::size_t start = 0;
-    for (std::size_t at = text.find(separator); at != std::string::npos; at = text.find(separator, start)) {
+    size_t start = 0;
+    for (size_t at = text.find(separator); at != std::string::npos; at = text.find(separator, start)) {
         parts.push_back(text.substr(start, at - start));
         start = at + 1;
     }
@@ -30,7 +30,7 @@ std::vector<std::string> split(const std::string& text, char separator) {
     return parts;
 }
 
-std::vector<std::string> names_of_members(SM_VARI_TYPE kind, int count) {
+std::vector<std::string> namesOfMembers(SM_VARI_TYPE kind, int count) {
     std::vector<std::string> names;
     for (int index = 0; index < count; ++index) {
         const char* name = ostrel_member_name(kind, index);
@@ -39,19 +39,19 @@ std::vector<std::string> names_of_members(SM_VARI_TYPE kind, int count) {
     return names;
 }
 
-std::string unknown_name(const CellModel& model, const std::string& name) {
+std::string unknownName(const CellModel& model, const std::string& name) {
     std::vector<std::string> known;
-    for (const auto& entry : model.variable_by_label)
+    for (const auto& entry : model.variableByLabel)
         known.push_back(entry.first);
-    for (const auto& entry : model.alias_by_name)
+    for (const auto& entry : model.aliasByName)
         known.push_back(entry.first);
     std::sort(known.begin(), known.end());
-    return "there is no variable \"" + name + "\"" + did_you_mean(name, known);
+    return "there is no variable \"" + name + "\"" + didYouMean(name, known);
 }
 
-std::optional<int> index_of(const Variable& array, std::size_t dimension, const std::string& text, std::string& why) {
+std::optional<int> indexOf(const Variable& array, size_t dimension, const std::string& text, std::string& why) {
     const int size = array.shape.sizes[dimension];
-    if (!text.empty() && std::all_of(text.begin(), text.end(), is_digit)) {
+    if (!text.empty() && std::all_of(text.begin(), text.end(), isDigit)) {
         const int index = text.size() > 5 ? size : std::stoi(text);
         if (index < size)
             return index;
@@ -62,39 +62,39 @@ std::optional<int> index_of(const Variable& array, std::size_t dimension, const 
     const auto found = std::find(labels.begin(), labels.end(), text);
     if (found != labels.end())
         return static_cast<int>(found - labels.begin());
-    why = array.name + " has no label \"" + text + "\"" + did_you_mean(text, labels);
+    why = array.name + " has no label \"" + text + "\"" + didYouMean(text, labels);
     return std::nullopt;
 }
 
-std::optional<ValueRef> resolve_member(const CellModel& model, const std::string& name, std::string& why) {
-    const std::size_t point = name.find('.');
-    const auto found = model.variable_by_label.find(name.substr(0, point + 1));
-    if (found == model.variable_by_label.end()) {
-        why = unknown_name(model, name.substr(0, point + 1));
+std::optional<ValueRef> resolveMember(const CellModel& model, const std::string& name, std::string& why) {
+    const size_t point = name.find('.');
+    const auto found = model.variableByLabel.find(name.substr(0, point + 1));
+    if (found == model.variableByLabel.end()) {
+        why = unknownName(model, name.substr(0, point + 1));
         return std::nullopt;
     }
-    const SM_VARI_TYPE kind = model.variables[static_cast<std::size_t>(found->second)].kind;
+    const SM_VARI_TYPE kind = model.variables[static_cast<size_t>(found->second)].kind;
     const std::string member = name.substr(point + 1);
-    const int index = member_index(kind, member);
+    const int index = memberIndex(kind, member);
     if (index >= 0)
         return ValueRef{found->second, index};
     if (member.empty())
         why = "\"" + name + "\" has members; name one of them";
     else
         why = "\"" + name.substr(0, point) + "\" has no member \"" + member + "\"" +
-              did_you_mean(member, member_names(kind));
+              didYouMean(member, memberNames(kind));
     return std::nullopt;
 }
 
-std::optional<ValueRef> resolve_element(const CellModel& model, const std::string& name, std::string& why) {
+std::optional<ValueRef> resolveElement(const CellModel& model, const std::string& name, std::string& why) {
     std::vector<std::string> parts = split(name, ':');
-    const auto found = model.variable_by_label.find(parts.front());
-    if (found == model.variable_by_label.end()) {
-        why = unknown_name(model, parts.front());
+    const auto found = model.variableByLabel.find(parts.front());
+    if (found == model.variableByLabel.end()) {
+        why = unknownName(model, parts.front());
         return std::nullopt;
     }
     parts.erase(parts.begin());
-    const auto position = element_position(model.variables[static_cast<std::size_t>(found->second)], parts, why);
+    const auto position = elementPosition(model.variables[static_cast<size_t>(found->second)], parts, why);
     if (!position)
         return std::nullopt;
     return ValueRef{found->second, *position};
@@ -102,29 +102,29 @@ std::optional<ValueRef> resolve_element(const CellModel& model, const std::strin
 
 }  // namespace
 
-std::string name_fault(const std::string& name, bool with_point) {
+std::string nameFault(const std::string& name, bool withPoint) {
     const std::string quoted = "\"" + name + "\"";
-    if (name.empty() || !is_letter(name.front()) ||
-        !std::all_of(name.begin(), name.end(), [](char c) { return is_letter(c) || is_digit(c); }))
+    if (name.empty() || !isLetter(name.front()) ||
+        !std::all_of(name.begin(), name.end(), [](char c) { return isLetter(c) || isDigit(c); }))
         return quoted + " is no name; use letters, digits and underscores, and no digit first";
-    if (name.size() + (with_point ? 1 : 0) > max_name_length)
-        return quoted + " is longer than " + std::to_string(max_name_length - (with_point ? 1 : 0)) + " characters";
-    const auto& reserved = reserved_words();
+    if (name.size() + (withPoint ? 1 : 0) > maxNameLength)
+        return quoted + " is longer than " + std::to_string(maxNameLength - (withPoint ? 1 : 0)) + " characters";
+    const auto& reserved = reservedWords();
     if (std::find(reserved.begin(), reserved.end(), name) != reserved.end())
         return quoted + " has a meaning of its own in expressions; choose another name";
     return "";
 }
 
-const std::vector<std::string>& reserved_words() {
+const std::vector<std::string>& reservedWords() {
     static const std::vector<std::string> words = {"t", "dt", "i", "j", "k", "pi", "true", "false"};
     return words;
 }
 
-const std::vector<std::string>& member_names(SM_VARI_TYPE kind) {
-    static const std::vector<std::string> stat = names_of_members(STAT_TYPE, NUM_MEMBER_TYPES);
-    static const std::vector<std::string> composition = names_of_members(COMP_TYPE, NUM_COMPOSITION_TYPES);
-    static const std::vector<std::string> property = names_of_members(PROP_TYPE, NUM_PROPERTY_TYPES);
-    static const std::vector<std::string> emission = names_of_members(EMIS_TYPE, NUM_EMISSION_TYPES);
+const std::vector<std::string>& memberNames(SM_VARI_TYPE kind) {
+    static const std::vector<std::string> stat = namesOfMembers(STAT_TYPE, NUM_MEMBER_TYPES);
+    static const std::vector<std::string> composition = namesOfMembers(COMP_TYPE, NUM_COMPOSITION_TYPES);
+    static const std::vector<std::string> property = namesOfMembers(PROP_TYPE, NUM_PROPERTY_TYPES);
+    static const std::vector<std::string> emission = namesOfMembers(EMIS_TYPE, NUM_EMISSION_TYPES);
     static const std::vector<std::string> none;
     switch (kind) {
         case STAT_TYPE:
@@ -140,13 +140,13 @@ const std::vector<std::string>& member_names(SM_VARI_TYPE kind) {
     }
 }
 
-int member_index(SM_VARI_TYPE kind, const std::string& name) {
-    const auto& names = member_names(kind);
+int memberIndex(SM_VARI_TYPE kind, const std::string& name) {
+    const auto& names = memberNames(kind);
     const auto found = name.empty() ? names.end() : std::find(names.begin(), names.end(), name);
     return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
-std::optional<int> element_position(const Variable& array, const std::vector<std::string>& indexes, std::string& why) {
+std::optional<int> elementPosition(const Variable& array, const std::vector<std::string>& indexes, std::string& why) {
     if (!is_array(array.kind)) {
         why = "\"" + array.name + "\" is no array";
         return std::nullopt;
@@ -159,8 +159,8 @@ std::optional<int> element_position(const Variable& array, const std::vector<std
         return std::nullopt;
     }
     int position = 0;
-    for (std::size_t dimension = 0; dimension < sizes.size(); ++dimension) {
-        const auto index = index_of(array, dimension, indexes[dimension], why);
+    for (size_t dimension = 0; dimension < sizes.size(); ++dimension) {
+        const auto index = indexOf(array, dimension, indexes[dimension], why);
         if (!index)
             return std::nullopt;
         position = position * sizes[dimension] + *index;
@@ -168,36 +168,36 @@ std::optional<int> element_position(const Variable& array, const std::vector<std
     return position;
 }
 
-std::optional<ValueRef> resolve_name(const CellModel& model, const std::string& full_name, std::string& why) {
-    const auto target = follow_aliases(model, full_name);
+std::optional<ValueRef> resolveName(const CellModel& model, const std::string& fullName, std::string& why) {
+    const auto target = followAliases(model, fullName);
     if (!target) {
-        why = "the aliases behind \"" + full_name + "\" go in a circle";
+        why = "the aliases behind \"" + fullName + "\" go in a circle";
         return std::nullopt;
     }
     if (target->find('.') != std::string::npos)
-        return resolve_member(model, *target, why);
+        return resolveMember(model, *target, why);
     if (target->find(':') != std::string::npos)
-        return resolve_element(model, *target, why);
-    const auto found = model.variable_by_label.find(*target);
-    if (found == model.variable_by_label.end()) {
-        why = model.variable_by_label.contains(*target + ".") ? "\"" + *target + "\" has members; name one of them"
-                                                              : unknown_name(model, *target);
+        return resolveElement(model, *target, why);
+    const auto found = model.variableByLabel.find(*target);
+    if (found == model.variableByLabel.end()) {
+        why = model.variableByLabel.contains(*target + ".") ? "\"" + *target + "\" has members; name one of them"
+                                                            : unknownName(model, *target);
         return std::nullopt;
     }
-    if (is_array(model.variables[static_cast<std::size_t>(found->second)].kind)) {
-        element_position(model.variables[static_cast<std::size_t>(found->second)], {}, why);
+    if (is_array(model.variables[static_cast<size_t>(found->second)].kind)) {
+        elementPosition(model.variables[static_cast<size_t>(found->second)], {}, why);
         return std::nullopt;
     }
     return ValueRef{found->second, -1};
 }
 
-std::optional<std::string> follow_aliases(const CellModel& model, const std::string& name) {
+std::optional<std::string> followAliases(const CellModel& model, const std::string& name) {
     std::string target = name;
-    for (std::size_t hops = 0; hops <= model.aliases.size(); ++hops) {
-        const auto alias = model.alias_by_name.find(target);
-        if (alias == model.alias_by_name.end())
+    for (size_t hops = 0; hops <= model.aliases.size(); ++hops) {
+        const auto alias = model.aliasByName.find(target);
+        if (alias == model.aliasByName.end())
             return target;
-        target = model.aliases[static_cast<std::size_t>(alias->second)].target;
+        target = model.aliases[static_cast<size_t>(alias->second)].target;
     }
     return std::nullopt;
 }

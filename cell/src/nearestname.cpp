@@ -8,16 +8,16 @@ namespace ostrelcell {
 
 namespace {
 
-std::size_t edit_distance(const std::string& a, const std::string& b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = row[0];
+size_t editDistance(const std::string& a, const std::string& b) {
+    std::vector<size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), size_t{0});
+    for (size_t i = 1; i <= a.size(); ++i) {
+        size_t diagonal = row[0];
         row[0] = i;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
+        for (size_t j = 1; j <= b.size(); ++j) {
             const bool same = std::tolower(static_cast<unsigned char>(a[i - 1])) ==
                               std::tolower(static_cast<unsigned char>(b[j - 1]));
-            const std::size_t replaced = diagonal + (same ? 0 : 1);
+            const size_t replaced = diagonal + (same ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
         }
@@ -27,24 +27,24 @@ std::size_t edit_distance(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::string nearest_name(const std::string& name, const std::vector<std::string>& candidates) {
+std::string nearestName(const std::string& name, const std::vector<std::string>& candidates) {
     std::string best;
-    std::size_t best_distance = name.size() / 3 + 1;
+    size_t bestDistance = name.size() / 3 + 1;
     for (const std::string& candidate : candidates) {
-        const std::size_t longer = std::max(candidate.size(), name.size());
-        if (longer - std::min(candidate.size(), name.size()) > best_distance)
+        const size_t longer = std::max(candidate.size(), name.size());
+        if (longer - std::min(candidate.size(), name.size()) > bestDistance)
             continue;
-        const std::size_t distance = edit_distance(name, candidate);
-        if (distance < best_distance || (distance == best_distance && best.empty())) {
+        const size_t distance = editDistance(name, candidate);
+        if (distance < bestDistance || (distance == bestDistance && best.empty())) {
             best = candidate;
-            best_distance = distance;
+            bestDistance = distance;
         }
     }
     return best;
 }
 
-std::string did_you_mean(const std::string& name, const std::vector<std::string>& candidates) {
-    const std::string nearest = nearest_name(name, candidates);
+std::string didYouMean(const std::string& name, const std::vector<std::string>& candidates) {
+    const std::string nearest = nearestName(name, candidates);
     return nearest.empty() ? "" : "; did you mean \"" + nearest + "\"?";
 }
 

@@ -1,5 +1,6 @@
 // Finds what somebody meant who mistyped a name.
-#pragma once
+#ifndef OSTREL_CELL_NEARESTNAME_H
+#define OSTREL_CELL_NEARESTNAME_H
 
 #include <string>
 #include <vector>
@@ -7,9 +8,11 @@
 namespace ostrelcell {
 
 // The candidate nearest to `name`, or empty where none is near enough to be meant.
-std::string nearest_name(const std::string& name, const std::vector<std::string>& candidates);
+std::string nearestName(const std::string& name, const std::vector<std::string>& candidates);
 
 // `; did you mean "X"?`, or empty.
-std::string did_you_mean(const std::string& name, const std::vector<std::string>& candidates);
+std::string didYouMean(const std::string& name, const std::vector<std::string>& candidates);
 
 }  // namespace ostrelcell
+
+#endif

@@ -4,7 +4,7 @@
 
 namespace ostrelcell {
 
-std::thread start_quiet_thread(std::function<void()> work) {
+std::thread startQuietThread(std::function<void()> work) {
     sigset_t all;
     sigset_t before;
     sigfillset(&all);

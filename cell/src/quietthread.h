@@ -1,5 +1,6 @@
 // Threads that the cell has for itself.
-#pragma once
+#ifndef OSTREL_CELL_QUIETTHREAD_H
+#define OSTREL_CELL_QUIETTHREAD_H
 
 #include <functional>
 #include <thread>
@@ -7,6 +8,8 @@
 namespace ostrelcell {
 
 // Starts a thread that takes no signals: those are for the threads that the program knows.
-std::thread start_quiet_thread(std::function<void()> work);
+std::thread startQuietThread(std::function<void()> work);
 
 }  // namespace ostrelcell
+
+#endif

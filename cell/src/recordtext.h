@@ -1,5 +1,6 @@
 // Texts in the fixed fields of records.
-#pragma once
+#ifndef OSTREL_CELL_RECORDTEXT_H
+#define OSTREL_CELL_RECORDTEXT_H
 
 #include <algorithm>
 #include <cstddef>
@@ -10,8 +11,8 @@ namespace ostrelcell {
 
 // Copies as much as fits with a terminating zero, and clears the rest of the field. A field that holds the text already
 // is not touched: readers take no lock.
-template <std::size_t size>
-void set_text(char (&field)[size], const std::string& text) {
+template <size_t size>
+void setText(char (&field)[size], const std::string& text) {
     char wanted[size] = {};
     std::memcpy(wanted, text.data(), std::min(text.size(), size - 1));
     if (std::memcmp(field, wanted, size) != 0)
@@ -19,3 +20,5 @@ void set_text(char (&field)[size], const std::string& text) {
 }
 
 }  // namespace ostrelcell
+
+#endif

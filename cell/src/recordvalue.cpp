@@ -15,13 +15,13 @@ namespace ostrelcell {
 
 namespace {
 
-int to_integer(double value) {
+int toInteger(double value) {
     if (value >= INT_MAX)
         return INT_MAX;
     return value <= INT_MIN ? INT_MIN : static_cast<int>(std::lround(value));
 }
 
-double store_real(REAL_VARIABLE& record, double value, const timespec& now) {
+double storeReal(REAL_VARIABLE& record, double value, const timespec& now) {
     if (value == record.value && record.NAN_trapped == 0) {
         record.last_sampled_time = now;
         record.update_count++;
@@ -31,12 +31,12 @@ double store_real(REAL_VARIABLE& record, double value, const timespec& now) {
     return record.value;
 }
 
-double store_integer(INTEGER_VARIABLE& record, double value, const timespec& now) {
+double storeInteger(INTEGER_VARIABLE& record, double value, const timespec& now) {
     if (!std::isfinite(value)) {
         record.NAN_trapped = 1;
         return record.value;
     }
-    const int rounded = to_integer(value);
+    const int rounded = toInteger(value);
     if (rounded == record.value && record.NAN_trapped == 0)
         record.last_sampled_time = now;
     else
@@ -45,7 +45,7 @@ double store_integer(INTEGER_VARIABLE& record, double value, const timespec& now
     return record.value;
 }
 
-double store_logical(LOGICAL_VARIABLE& record, double value, const timespec& now) {
+double storeLogical(LOGICAL_VARIABLE& record, double value, const timespec& now) {
     const short state = value != 0 && !std::isnan(value) ? 1 : 0;
     if (state == record.value)
         record.last_sampled_time = now;
@@ -56,7 +56,7 @@ double store_logical(LOGICAL_VARIABLE& record, double value, const timespec& now
 
 // Members and elements have no write operation of their own in the platform; the record is written as it stands.
 template <typename Member>
-double store_member(Member& member, double value) {
+double storeMember(Member& member, double value) {
     if (!std::isfinite(value)) {
         member.NAN_trapped = 1;
         return member.value;
@@ -67,21 +67,21 @@ double store_member(Member& member, double value) {
 }
 
 template <typename Element>
-double store_element(Element& element, double value, const timespec& now) {
+double storeElement(Element& element, double value, const timespec& now) {
     if (!std::isfinite(value))
         return element.value;
     element.value = static_cast<std::remove_reference_t<decltype(element.value)>>(value);
     element.last_sampled_time = now;
     if (element.last_pid != getpid()) {
         element.last_pid = getpid();
-        set_text(element.last_process_name, writer_name());
+        setText(element.last_process_name, writerName());
     }
     return element.value;
 }
 
 // Calls `work` with the record as what it is, where it is one that has a status; else gives `otherwise`.
 template <typename Result, typename Work>
-Result with_status_record(SM_VARI_TYPE kind, void* record, Result otherwise, Work work) {
+Result withStatusRecord(SM_VARI_TYPE kind, void* record, Result otherwise, Work work) {
     switch (kind) {
         case REAL_TYPE:
             return work(*static_cast<REAL_VARIABLE*>(record));
@@ -102,7 +102,7 @@ Result with_status_record(SM_VARI_TYPE kind, void* record, Result otherwise, Wor
 
 }  // namespace
 
-const char* writer_name() {
+const char* writerName() {
     return program_invocation_short_name;
 }
 
@@ -117,74 +117,74 @@ double RecordValue::load() const {
         case EMIS_TYPE:
             return static_cast<EMIS_VARIABLE*>(m_record)->emission[m_member].value;
         default:
-            return with_status_record(m_kind, m_record, 0.0,
-                                      [](auto& record) { return static_cast<double>(record.value); });
+            return withStatusRecord(m_kind, m_record, 0.0,
+                                    [](auto& record) { return static_cast<double>(record.value); });
     }
 }
 
 double RecordValue::store(double value, const timespec& now) const {
     switch (m_kind) {
         case REAL_TYPE:
-            return store_real(*static_cast<REAL_VARIABLE*>(m_record), value, now);
+            return storeReal(*static_cast<REAL_VARIABLE*>(m_record), value, now);
         case INT_TYPE:
-            return store_integer(*static_cast<INTEGER_VARIABLE*>(m_record), value, now);
+            return storeInteger(*static_cast<INTEGER_VARIABLE*>(m_record), value, now);
         case LOGI_TYPE:
-            return store_logical(*static_cast<LOGICAL_VARIABLE*>(m_record), value, now);
+            return storeLogical(*static_cast<LOGICAL_VARIABLE*>(m_record), value, now);
         case COMP_TYPE:
-            return store_member(static_cast<COMP_VARIABLE*>(m_record)->fraction[m_member], value);
+            return storeMember(static_cast<COMP_VARIABLE*>(m_record)->fraction[m_member], value);
         case PROP_TYPE:
             static_cast<PROP_VARIABLE*>(m_record)->last_sampled_time = now;
-            return store_member(static_cast<PROP_VARIABLE*>(m_record)->properties[m_member], value);
+            return storeMember(static_cast<PROP_VARIABLE*>(m_record)->properties[m_member], value);
         case EMIS_TYPE:
             static_cast<EMIS_VARIABLE*>(m_record)->last_sampled_time = now;
             static_cast<EMIS_VARIABLE*>(m_record)->emission[m_member].data_written = 1;
-            return store_member(static_cast<EMIS_VARIABLE*>(m_record)->emission[m_member], value);
+            return storeMember(static_cast<EMIS_VARIABLE*>(m_record)->emission[m_member], value);
         case REAL_ARRAY_TYPE:
             static_cast<REAL_ARRAY_MEMBER*>(m_record)->NAN_trapped = std::isfinite(value) ? 0 : 1;
-            return store_element(*static_cast<REAL_ARRAY_MEMBER*>(m_record), value, now);
+            return storeElement(*static_cast<REAL_ARRAY_MEMBER*>(m_record), value, now);
         case INT_ARRAY_TYPE:
             static_cast<INTEGER_ARRAY_MEMBER*>(m_record)->NAN_trapped = std::isfinite(value) ? 0 : 1;
-            return store_element(*static_cast<INTEGER_ARRAY_MEMBER*>(m_record),
-                                 std::isfinite(value) ? to_integer(value) : value, now);
+            return storeElement(*static_cast<INTEGER_ARRAY_MEMBER*>(m_record),
+                                std::isfinite(value) ? toInteger(value) : value, now);
         case LOGI_ARRAY_TYPE:
-            return store_element(*static_cast<LOGICAL_ARRAY_MEMBER*>(m_record),
-                                 value != 0 && !std::isnan(value) ? 1 : 0, now);
+            return storeElement(*static_cast<LOGICAL_ARRAY_MEMBER*>(m_record), value != 0 && !std::isnan(value) ? 1 : 0,
+                                now);
         default:
             return 0;
     }
 }
 
-unsigned short RecordValue::limit_word() const {
-    return with_status_record(m_kind, m_record, static_cast<unsigned short>(0),
-                              [](auto& record) { return word_of(record.limit_status); });
+unsigned short RecordValue::limitWord() const {
+    return withStatusRecord(m_kind, m_record, static_cast<unsigned short>(0),
+                            [](auto& record) { return wordOf(record.limit_status); });
 }
 
-void RecordValue::set_limit_word(unsigned short word) const {
-    with_status_record(m_kind, m_record, false, [word](auto& record) {
-        record.limit_status = status_of(word);
+void RecordValue::setLimitWord(unsigned short word) const {
+    withStatusRecord(m_kind, m_record, false, [word](auto& record) {
+        record.limit_status = statusOf(word);
         return true;
     });
 }
 
 short RecordValue::status() const {
-    return with_status_record(m_kind, m_record, static_cast<short>(0),
-                              [](auto& record) { return static_cast<short>(record.status); });
+    return withStatusRecord(m_kind, m_record, static_cast<short>(0),
+                            [](auto& record) { return static_cast<short>(record.status); });
 }
 
-void RecordValue::set_status(short status) const {
-    with_status_record(m_kind, m_record, false, [status](auto& record) {
+void RecordValue::setStatus(short status) const {
+    withStatusRecord(m_kind, m_record, false, [status](auto& record) {
         record.status = status;
         return true;
     });
 }
 
 timespec RecordValue::sampled() const {
-    return with_status_record(m_kind, m_record, timespec{},
-                              [](auto& record) { return timespec(record.last_sampled_time); });
+    return withStatusRecord(m_kind, m_record, timespec{},
+                            [](auto& record) { return timespec(record.last_sampled_time); });
 }
 
-int RecordValue::alarm_level() const {
-    return alarm_level_of(limit_word());
+int RecordValue::alarmLevel() const {
+    return alarmLevelOf(limitWord());
 }
 
 }  // namespace ostrelcell

@@ -1,5 +1,6 @@
 // One number in a record of the store, whatever the kind of the record.
-#pragma once
+#ifndef OSTREL_CELL_RECORDVALUE_H
+#define OSTREL_CELL_RECORDVALUE_H
 
 #include <ostrel/records.h>
 
@@ -21,14 +22,14 @@ public:
     // is 0 or 1, what is no number is refused. A value that stays the same counts as sampled.
     double store(double value, const timespec& now) const;
 
-    unsigned short limit_word() const;
-    void set_limit_word(unsigned short word) const;
+    unsigned short limitWord() const;
+    void setLimitWord(unsigned short word) const;
     short status() const;
-    void set_status(short status) const;
+    void setStatus(short status) const;
     timespec sampled() const;
 
     // 0 none, 1 alarm, 2 abort, 3 emergency.
-    int alarm_level() const;
+    int alarmLevel() const;
 
     SM_VARI_TYPE kind() const { return m_kind; }
     void* record() const { return m_record; }
@@ -40,6 +41,8 @@ private:
 };
 
 // Program name and pid of the writer, into a record that keeps both.
-const char* writer_name();
+const char* writerName();
 
 }  // namespace ostrelcell
+
+#endif

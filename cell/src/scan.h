@@ -1,5 +1,6 @@
 // One scan of a cell: expressions, texts, limits, statistics.
-#pragma once
+#ifndef OSTREL_CELL_SCAN_H
+#define OSTREL_CELL_SCAN_H
 
 #include <ctime>
 #include <memory>
@@ -19,7 +20,7 @@ public:
     Scan(const CellModel& model, Simulation& simulation, const StoreContents& contents);
 
     // Windows of statistics go on where a variable watches the same value for the same time.
-    void take_memory_of(Scan& before);
+    void takeMemoryOf(Scan& before);
 
     // `t` is the time since the start of the cell, `dt` since the scan before.
     void run(double t, double dt);
@@ -28,7 +29,7 @@ private:
     struct Text {
         STRING_VARIABLE* record;
         const std::vector<std::string>* texts;
-        std::size_t shown;
+        size_t shown;
     };
     struct Limited {
         RecordValue value;
@@ -45,21 +46,23 @@ private:
     Simulation& m_simulation;
     std::vector<RecordValue> m_inputs;
     std::vector<RecordValue> m_outputs;
-    std::vector<std::size_t> m_text_of_output;  // an index into m_texts, or no_text
+    std::vector<size_t> m_textOfOutput;  // an index into m_texts, or noText
     std::vector<Text> m_texts;
     std::vector<Limited> m_limited;
     std::vector<Stat> m_stats;
-    LOGICAL_VARIABLE* m_latch_reset = nullptr;
-    std::size_t m_count = 0;
+    LOGICAL_VARIABLE* m_latchReset = nullptr;
+    size_t m_count = 0;
 
-    void add_limited(const StoreContents& contents);
-    void add_stats(const StoreContents& contents);
-    void load_inputs();
-    double store(std::size_t output, double result, const timespec& now);
-    void show_text(Text& text, double choice, const timespec& now);
-    void reset_latches();
+    void addLimited(const StoreContents& contents);
+    void addStats(const StoreContents& contents);
+    void loadInputs();
+    double store(size_t output, double result, const timespec& now);
+    void showText(Text& text, double choice, const timespec& now);
+    void resetLatches();
     void judge(const timespec& now);
-    void sample_stats(double t, const timespec& now);
+    void sampleStats(double t, const timespec& now);
 };
 
 }  // namespace ostrelcell
+
+#endif

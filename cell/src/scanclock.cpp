@@ -2,9 +2,9 @@
 
 namespace ostrelcell {
 
-ScanClock::Tick ScanClock::take(std::int64_t now_ns) {
-    const std::int64_t missed = (now_ns - m_next) / m_period;
-    const std::int64_t tick = m_next + missed * m_period;
+ScanClock::Tick ScanClock::take(int64_t nowNs) {
+    const int64_t missed = (nowNs - m_next) / m_period;
+    const int64_t tick = m_next + missed * m_period;
     const double dt = static_cast<double>(tick - m_last) * 1e-9;
     m_t += dt;
     m_last = tick;
@@ -12,10 +12,10 @@ ScanClock::Tick ScanClock::take(std::int64_t now_ns) {
     return {m_t, dt};
 }
 
-void ScanClock::set_period(std::int64_t period_ns) {
+void ScanClock::setPeriod(int64_t periodNs) {
     if (m_next != m_last)
-        m_next = m_last + period_ns;
-    m_period = period_ns;
+        m_next = m_last + periodNs;
+    m_period = periodNs;
 }
 
 }  // namespace ostrelcell

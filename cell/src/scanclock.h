@@ -1,5 +1,6 @@
 // When scans are due: on a fixed grid, without drift, and once where several were missed.
-#pragma once
+#ifndef OSTREL_CELL_SCANCLOCK_H
+#define OSTREL_CELL_SCANCLOCK_H
 
 #include <cstdint>
 
@@ -12,25 +13,27 @@ public:
         double dt;  // since the tick before, 0 for the first
     };
 
-    // `now_ns` is of a steady clock. The first scan is due at once.
-    ScanClock(std::int64_t period_ns, std::int64_t now_ns) : m_period(period_ns), m_next(now_ns), m_last(now_ns) {}
+    // `nowNs` is of a steady clock. The first scan is due at once.
+    ScanClock(int64_t periodNs, int64_t nowNs) : m_period(periodNs), m_next(nowNs), m_last(nowNs) {}
 
-    bool due(std::int64_t now_ns) const { return now_ns >= m_next; }
-    std::int64_t next() const { return m_next; }
+    bool due(int64_t nowNs) const { return nowNs >= m_next; }
+    int64_t next() const { return m_next; }
 
-    // Takes the tick that is due; the next one is the first of the grid behind `now_ns`.
-    Tick take(std::int64_t now_ns);
+    // Takes the tick that is due; the next one is the first of the grid behind `nowNs`.
+    Tick take(int64_t nowNs);
 
     // Goes on with another period from the last tick.
-    void set_period(std::int64_t period_ns);
+    void setPeriod(int64_t periodNs);
 
     double t() const { return m_t; }
 
 private:
-    std::int64_t m_period;
-    std::int64_t m_next;
-    std::int64_t m_last;
+    int64_t m_period;
+    int64_t m_next;
+    int64_t m_last;
     double m_t = 0;
 };
 
 }  // namespace ostrelcell
+
+#endif

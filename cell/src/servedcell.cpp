@@ -22,55 +22,55 @@ namespace ostrelcell {
 namespace {
 
 // A server has to show twice a second that it lives, also where it scans less often.
-constexpr std::int64_t beat_ns = 400'000'000;
+constexpr int64_t beatNs = 400'000'000;
 
 // Values that persist are written so often at most.
-constexpr std::int64_t keep_ns = 1'000'000'000;
+constexpr int64_t keepNs = 1'000'000'000;
 
-std::int64_t steady_now() {
+int64_t steadyNow() {
     timespec time{};
     clock_gettime(CLOCK_MONOTONIC, &time);
-    return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec;
+    return time.tv_sec * int64_t{1'000'000'000} + time.tv_nsec;
 }
 
-std::int64_t period_of(const CellModel& model) {
-    return model.scan_ms * std::int64_t{1'000'000};
+int64_t periodOf(const CellModel& model) {
+    return model.scan_ms * int64_t{1'000'000};
 }
 
 // A file without a folder lies beside the cell file.
-std::string beside_cell(const CellModel& model, const std::string& file) {
+std::string besideCell(const CellModel& model, const std::string& file) {
     return (std::filesystem::absolute(model.file).parent_path() / file).lexically_normal().string();
 }
 
-std::string log_path(const CellModel& model) {
-    return model.log.empty() ? "" : beside_cell(model, model.log);
+std::string logPath(const CellModel& model) {
+    return model.log.empty() ? "" : besideCell(model, model.log);
 }
 
 // Beside the log, which is where people look for what has happened.
-std::string audit_path(const CellModel& model, const std::string& store) {
+std::string auditPath(const CellModel& model, const std::string& store) {
     if (model.audit)
-        return model.audit->empty() ? "" : beside_cell(model, *model.audit);
-    const std::string log = log_path(model);
-    return log.empty() ? beside_cell(model, store + ".audit")
+        return model.audit->empty() ? "" : besideCell(model, *model.audit);
+    const std::string log = logPath(model);
+    return log.empty() ? besideCell(model, store + ".audit")
                        : (std::filesystem::path(log).parent_path() / (store + ".audit")).string();
 }
 
 // Empty where the file can be appended to, which it then is there for.
-std::string append_fault(const std::string& file) {
+std::string appendFault(const std::string& file) {
     errno = 0;
     if (std::ofstream(file, std::ios::app))
         return "";
     return file + ": the audit file cannot be written: " + std::strerror(errno);
 }
 
-bool anything_persists(const CellModel& model) {
+bool anythingPersists(const CellModel& model) {
     return std::any_of(model.variables.begin(), model.variables.end(), [](const Variable& v) { return v.persist; });
 }
 
-void create_events(const CellModel& model) {
+void createEvents(const CellModel& model) {
     std::vector<std::string> names = model.events;
     for (const Variable& variable : model.variables)
-        names.insert(names.end(), {variable.event, variable.true_event, variable.false_event});
+        names.insert(names.end(), {variable.event, variable.trueEvent, variable.falseEvent});
     for (const std::string& name : names)
         if (!name.empty())
             ostrel_event_create(name.c_str(), nullptr);
@@ -88,7 +88,7 @@ std::unique_ptr<ServedCell::Content> ServedCell::read(const std::string& file, s
     content->model = std::make_unique<CellModel>();
     content->simulation = std::make_unique<Simulation>();
     Diagnostics diagnostics(file);
-    read_cell_file(file, *content->model, *content->simulation, diagnostics);
+    readCellFile(file, *content->model, *content->simulation, diagnostics);
     if (!diagnostics.empty()) {
         reasons = diagnostics.text();
         return nullptr;
@@ -96,10 +96,10 @@ std::unique_ptr<ServedCell::Content> ServedCell::read(const std::string& file, s
     return content;
 }
 
-bool ServedCell::open_server(const char* store_name, std::string& reasons) {
+bool ServedCell::openServer(const char* store_name, std::string& reasons) {
     const CellModel& model = *m_content->model;
     const std::string file = std::filesystem::absolute(m_file).lexically_normal().string();
-    const std::string log = log_path(model);
+    const std::string log = logPath(model);
     ostrel_server_options options{};
     options.name = store_name;
     options.cell_file = file.c_str();
@@ -117,7 +117,7 @@ bool ServedCell::open_server(const char* store_name, std::string& reasons) {
 }
 
 // A configuration that has outgrown the store gets a larger one, to which the clients go over.
-bool ServedCell::make_room(const CellModel& model, std::string& reasons) {
+bool ServedCell::makeRoom(const CellModel& model, std::string& reasons) {
     std::map<const ostrel_section*, int> needed;
     for (const Variable& variable : model.variables)
         ++needed[variable.section];
@@ -134,7 +134,7 @@ bool ServedCell::make_room(const CellModel& model, std::string& reasons) {
 }
 
 bool ServedCell::fill(Content& content, std::string& reasons) {
-    if (!make_room(*content.model, reasons))
+    if (!makeRoom(*content.model, reasons))
         return false;
     ostrel_server_begin(m_server, static_cast<SM_AREA_ID>(-1));
     if (!content.contents.put(m_server, *content.model, reasons))
@@ -153,23 +153,23 @@ std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char
     if (store_name != nullptr)
         ostrel_store_open(store_name, nullptr, nullptr, 0);
     cell->m_store = store_name != nullptr ? store_name : "";
-    if (!cell->open_server(store_name, reasons))
+    if (!cell->openServer(store_name, reasons))
         return nullptr;
-    if (!cell->choose_audit_file(reasons))
+    if (!cell->chooseAuditFile(reasons))
         return nullptr;
-    cell->choose_kept_file();
+    cell->chooseKeptFile();
     if (cell->m_kept)
-        for (const std::string& line : take_kept_values(cell->m_kept_path, *cell->m_content->model))
+        for (const std::string& line : takeKeptValues(cell->m_keptPath, *cell->m_content->model))
             log_error(__FILE__, __LINE__, 1, 0, "%s", line.c_str());
     if (!cell->fill(*cell->m_content, reasons))
         return nullptr;
-    const std::int64_t now = steady_now();
-    cell->m_clock = std::make_unique<ScanClock>(period_of(cell->model()), now);
+    const int64_t now = steadyNow();
+    cell->m_clock = std::make_unique<ScanClock>(periodOf(cell->model()), now);
     // Whoever sees the store sees it alive.
     const ScanClock::Tick first = cell->m_clock->take(now);
     cell->m_content->scan->run(first.t, first.dt);
     ostrel_server_commit(cell->m_server);
-    create_events(cell->model());
+    createEvents(cell->model());
     cell->beat(now);
     return cell;
 }
@@ -177,80 +177,80 @@ std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char
 ServedCell::~ServedCell() {
     // A cell that could not be filled has nothing to keep.
     if (m_kept && m_clock)
-        m_kept->write(kept_text(model(), m_content->contents));
+        m_kept->write(keptText(model(), m_content->contents));
     m_kept.reset();
-    record_writes();
+    recordWrites();
     if (m_server != nullptr)
         ostrel_server_close(m_server);
 }
 
-void ServedCell::beat(std::int64_t now) {
+void ServedCell::beat(int64_t now) {
     ostrel_server_beat(m_server);
-    m_last_beat = now;
+    m_lastBeat = now;
 }
 
 // Private stores keep nothing: several processes may simulate the same cell, each for itself.
-void ServedCell::choose_kept_file() {
+void ServedCell::chooseKeptFile() {
     const std::string file = model().kept.empty() ? m_store + ".kept" : model().kept;
-    const std::string path = beside_cell(model(), file);
-    if (m_store.empty() || !anything_persists(model())) {
+    const std::string path = besideCell(model(), file);
+    if (m_store.empty() || !anythingPersists(model())) {
         m_kept.reset();
-    } else if (!m_kept || path != m_kept_path) {
-        m_kept_path = path;
+    } else if (!m_kept || path != m_keptPath) {
+        m_keptPath = path;
         m_kept = std::make_unique<KeptFile>(path);
     }
 }
 
 // A file that was asked for by name has to be there before anybody writes.
-bool ServedCell::choose_audit_file(std::string& reason) {
-    const std::string path = m_store.empty() ? "" : audit_path(model(), m_store);
-    if (path == m_audit_path)
+bool ServedCell::chooseAuditFile(std::string& reason) {
+    const std::string path = m_store.empty() ? "" : auditPath(model(), m_store);
+    if (path == m_auditPath)
         return true;
     if (!path.empty() && model().audit)
-        reason = append_fault(path);
+        reason = appendFault(path);
     if (reason.empty())
-        m_audit_path = path;
+        m_auditPath = path;
     return reason.empty();
 }
 
-void ServedCell::record_writes() {
-    if (m_server == nullptr || m_audit_path.empty())
+void ServedCell::recordWrites() {
+    if (m_server == nullptr || m_auditPath.empty())
         return;
     char why[512] = "";
-    const bool good = ostrel_server_drain_writes(m_server, m_audit_path.c_str(), why, sizeof why) == 0;
-    if (!good && !m_audit_failed)
+    const bool good = ostrel_server_drain_writes(m_server, m_auditPath.c_str(), why, sizeof why) == 0;
+    if (!good && !m_auditFailed)
         log_error(__FILE__, __LINE__, 1, 0, "%s; what clients write is not recorded", why);
-    m_audit_failed = !good;
+    m_auditFailed = !good;
 }
 
-void ServedCell::keep_values(std::int64_t now) {
-    if (!m_kept || now - m_last_kept < keep_ns)
+void ServedCell::keepValues(int64_t now) {
+    if (!m_kept || now - m_lastKept < keepNs)
         return;
-    m_last_kept = now;
-    m_kept->write(kept_text(model(), m_content->contents));
+    m_lastKept = now;
+    m_kept->write(keptText(model(), m_content->contents));
 }
 
-std::int64_t ServedCell::step() {
-    std::int64_t now = steady_now();
+int64_t ServedCell::step() {
+    int64_t now = steadyNow();
     if (m_clock->due(now)) {
         const ScanClock::Tick tick = m_clock->take(now);
         // First, since it makes what this thread writes the cell's own.
         beat(now);
         m_content->scan->run(tick.t, tick.dt);
-        record_writes();
-        keep_values(now);
-        now = steady_now();
-    } else if (now - m_last_beat >= beat_ns) {
+        recordWrites();
+        keepValues(now);
+        now = steadyNow();
+    } else if (now - m_lastBeat >= beatNs) {
         beat(now);
     }
-    return std::max<std::int64_t>(0, std::min(m_clock->next(), m_last_beat + beat_ns) - now);
+    return std::max<int64_t>(0, std::min(m_clock->next(), m_lastBeat + beatNs) - now);
 }
 
 bool ServedCell::reload(std::string& reasons, std::string& remarks) {
     std::unique_ptr<Content> content = read(m_file, reasons);
     if (!content)
         return false;
-    content->simulation->take_memory_of(*m_content->simulation);
+    content->simulation->takeMemoryOf(*m_content->simulation);
     if (!fill(*content, reasons)) {
         // The store refused what the file says. What was served before it took once and takes again.
         std::string ignored;
@@ -258,19 +258,19 @@ bool ServedCell::reload(std::string& reasons, std::string& remarks) {
         ostrel_server_commit(m_server);
         return false;
     }
-    content->scan->take_memory_of(*m_content->scan);
+    content->scan->takeMemoryOf(*m_content->scan);
     content->scan->run(m_clock->t(), 0);
     ostrel_server_commit(m_server);
     remark(remarks, content->model->mode != model().mode, "mode");
     remark(remarks, content->model->group != model().group, "group");
     remark(remarks, content->model->log != model().log, "log");
     m_content = std::move(content);
-    create_events(model());
-    choose_kept_file();
+    createEvents(model());
+    chooseKeptFile();
     std::string reason;
-    if (!choose_audit_file(reason))
+    if (!chooseAuditFile(reason))
         remarks += (remarks.empty() ? "" : "\n") + reason;
-    m_clock->set_period(period_of(model()));
+    m_clock->setPeriod(periodOf(model()));
     return true;
 }
 

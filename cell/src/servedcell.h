@@ -1,5 +1,6 @@
 // A cell that is being served: its store, what is in it, and when it is scanned.
-#pragma once
+#ifndef OSTREL_CELL_SERVEDCELL_H
+#define OSTREL_CELL_SERVEDCELL_H
 
 #include <ostrel/server.h>
 
@@ -24,7 +25,7 @@ public:
     ServedCell& operator=(const ServedCell&) = delete;
 
     // Does what is due, and returns the nanoseconds to the next.
-    std::int64_t step();
+    int64_t step();
 
     // False, with the reasons, where the file has mistakes; else `remarks` may say what waits for the next start.
     bool reload(std::string& reasons, std::string& remarks);
@@ -46,23 +47,25 @@ private:
     ostrel_server* m_server = nullptr;
     std::unique_ptr<Content> m_content;
     std::unique_ptr<ScanClock> m_clock;
-    std::int64_t m_last_beat = 0;
-    std::string m_kept_path;
+    int64_t m_lastBeat = 0;
+    std::string m_keptPath;
     std::unique_ptr<KeptFile> m_kept;  // null where nothing persists
-    std::int64_t m_last_kept = 0;
-    std::string m_audit_path;     // empty where writes are not recorded
-    bool m_audit_failed = false;  // told once, until it works again
+    int64_t m_lastKept = 0;
+    std::string m_auditPath;     // empty where writes are not recorded
+    bool m_auditFailed = false;  // told once, until it works again
 
     ServedCell() = default;
     static std::unique_ptr<Content> read(const std::string& file, std::string& reasons);
-    bool open_server(const char* store_name, std::string& reasons);
-    bool make_room(const CellModel& model, std::string& reasons);
+    bool openServer(const char* store_name, std::string& reasons);
+    bool makeRoom(const CellModel& model, std::string& reasons);
     bool fill(Content& content, std::string& reasons);
-    void beat(std::int64_t now);
-    void choose_kept_file();
-    void keep_values(std::int64_t now);
-    bool choose_audit_file(std::string& reason);
-    void record_writes();
+    void beat(int64_t now);
+    void chooseKeptFile();
+    void keepValues(int64_t now);
+    bool chooseAuditFile(std::string& reason);
+    void recordWrites();
 };
 
 }  // namespace ostrelcell
+
+#endif

@@ -1,5 +1,6 @@
 // The expressions of a cell, compiled, in the order in which they depend on each other.
-#pragma once
+#ifndef OSTREL_CELL_SIMULATION_H
+#define OSTREL_CELL_SIMULATION_H
 
 #include <deque>
 #include <functional>
@@ -42,13 +43,13 @@ public:
     void build(const CellModel& model, Diagnostics& diagnostics);
 
     // What calls remember goes on where an expression stayed as it was.
-    void take_memory_of(const Simulation& before);
+    void takeMemoryOf(const Simulation& before);
 
     const std::vector<Input>& inputs() const { return m_inputs; }
     const std::vector<Output>& outputs() const { return m_outputs; }
 
     // Stores what an expression gave and returns what the store kept of it: rounded, or the old value.
-    using Store = std::function<double(std::size_t output, double result)>;
+    using Store = std::function<double(size_t output, double result)>;
 
     // Evaluates everything once. The inputs hold the values of the moment.
     void run(double t, double dt, const Store& store);
@@ -62,10 +63,12 @@ private:
     std::vector<Output> m_outputs;
     std::deque<double> m_values;  // what inputs, outputs and the library point to; never moves
     std::vector<CallState> m_states;
-    std::vector<std::string> m_state_keys;  // which call of which expression
+    std::vector<std::string> m_stateKeys;  // which call of which expression
     std::vector<Batch> m_batches;
     double m_t = 0;
     double m_dt = 0;
 };
 
 }  // namespace ostrelcell
+
+#endif

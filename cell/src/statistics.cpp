@@ -10,8 +10,8 @@ namespace ostrelcell {
 
 namespace {
 
-double median_of(std::vector<double>& values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+double medianOf(std::vector<double>& values) {
+    const auto middle = values.begin() + static_cast<ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
     if (values.size() % 2 == 1)
         return *middle;
@@ -24,24 +24,24 @@ double ratio(double above, double below) {
 
 }  // namespace
 
-StatWindow::StatWindow(double interval_s, double period_s, double confidence_percent)
-    : m_interval(interval_s), m_period(period_s), m_confidence(confidence_percent) {}
+StatWindow::StatWindow(double intervalS, double periodS, double confidencePercent)
+    : m_interval(intervalS), m_period(periodS), m_confidence(confidencePercent) {}
 
-void StatWindow::add(double time_s, double value) {
+void StatWindow::add(double timeS, double value) {
     const bool good = std::isfinite(value);
     if (m_started && good)
-        m_total += value * (time_s - m_last_time);
+        m_total += value * (timeS - m_lastTime);
     m_started = true;
-    m_last_time = time_s;
-    m_samples.push_back({time_s, value, good});
+    m_lastTime = timeS;
+    m_samples.push_back({timeS, value, good});
     // Half a period off the edge, so that rounding of the times does not decide about a sample.
-    while (m_samples.front().time <= time_s - m_interval + m_period / 2 && m_samples.size() > 1)
+    while (m_samples.front().time <= timeS - m_interval + m_period / 2 && m_samples.size() > 1)
         m_samples.pop_front();
 }
 
-void StatWindow::describe_order(StatMembers& members, const std::deque<Sample>& good) const {
-    const auto by_value = [](const Sample& a, const Sample& b) { return a.value < b.value; };
-    const auto [least, greatest] = std::minmax_element(good.begin(), good.end(), by_value);
+void StatWindow::describeOrder(StatMembers& members, const std::deque<Sample>& good) const {
+    const auto byValue = [](const Sample& a, const Sample& b) { return a.value < b.value; };
+    const auto [least, greatest] = std::minmax_element(good.begin(), good.end(), byValue);
     members[MN] = least->value;
     members[MX] = greatest->value;
     members[RN] = greatest->value - least->value;
@@ -56,18 +56,18 @@ void StatWindow::describe_order(StatMembers& members, const std::deque<Sample>& 
     std::vector<double> values;
     for (const Sample& sample : good)
         values.push_back(sample.value);
-    members[MEDIAN] = median_of(values);
+    members[MEDIAN] = medianOf(values);
     for (double& value : values)
         value = std::fabs(value - members[MEDIAN]);
-    members[MAD] = median_of(values);
+    members[MAD] = medianOf(values);
 }
 
-void StatWindow::describe_spread(StatMembers& members, const std::deque<Sample>& good) const {
+void StatWindow::describeSpread(StatMembers& members, const std::deque<Sample>& good) const {
     const auto count = static_cast<double>(good.size());
     double sum = 0;
     double squares = 0;
     double area = 0;
-    for (std::size_t index = 0; index < good.size(); ++index) {
+    for (size_t index = 0; index < good.size(); ++index) {
         sum += good[index].value;
         squares += good[index].value * good[index].value;
         if (index > 0)
@@ -85,7 +85,7 @@ void StatWindow::describe_spread(StatMembers& members, const std::deque<Sample>&
     members[IT] = m_total;
 }
 
-void StatWindow::describe_line(StatMembers& members, const std::deque<Sample>& good) {
+void StatWindow::describeLine(StatMembers& members, const std::deque<Sample>& good) {
     m_sums = {};
     for (const Sample& sample : good) {
         const long double x = sample.time - good.front().time;
@@ -97,33 +97,33 @@ void StatWindow::describe_line(StatMembers& members, const std::deque<Sample>& g
         m_sums.yy += y * y;
     }
     const auto count = static_cast<long double>(good.size());
-    const long double spread_x = m_sums.xx - m_sums.x * m_sums.x / count;
-    const long double spread_y = m_sums.yy - m_sums.y * m_sums.y / count;
+    const long double spreadX = m_sums.xx - m_sums.x * m_sums.x / count;
+    const long double spreadY = m_sums.yy - m_sums.y * m_sums.y / count;
     const long double common = m_sums.xy - m_sums.x * m_sums.y / count;
-    if (good.size() < 2 || spread_x <= 0) {
+    if (good.size() < 2 || spreadX <= 0) {
         members[C0] = members[AV];
         return;
     }
-    const long double slope = common / spread_x;
+    const long double slope = common / spreadX;
     members[C1] = static_cast<double>(slope);
     members[C0] = static_cast<double>((m_sums.y - slope * m_sums.x) / count);
-    if (spread_y > 0)
-        members[RS] = static_cast<double>(std::clamp(slope * common / spread_y, 0.0L, 1.0L));
+    if (spreadY > 0)
+        members[RS] = static_cast<double>(std::clamp(slope * common / spreadY, 0.0L, 1.0L));
     if (good.size() < 3)
         return;
-    const long double rest = std::max(0.0L, spread_y - slope * common) / (count - 2);
-    members[E0] = static_cast<double>(std::sqrt(rest * m_sums.xx / (count * spread_x)));
-    members[E1] = ratio(static_cast<double>(std::sqrt(rest / spread_x)), std::fabs(members[C1]));
+    const long double rest = std::max(0.0L, spreadY - slope * common) / (count - 2);
+    members[E0] = static_cast<double>(std::sqrt(rest * m_sums.xx / (count * spreadX)));
+    members[E1] = ratio(static_cast<double>(std::sqrt(rest / spreadX)), std::fabs(members[C1]));
 }
 
-void StatWindow::describe_confidence(StatMembers& members, double count) {
+void StatWindow::describeConfidence(StatMembers& members, double count) {
     members[REQ_CONF] = m_confidence;
     if (count < 2)
         return;
-    if (count != m_t_samples) {
-        m_t_samples = count;
-        m_t = {student_t(m_confidence / 100, count - 1), student_t(0.90, count - 1), student_t(0.95, count - 1),
-               student_t(0.99, count - 1)};
+    if (count != m_tSamples) {
+        m_tSamples = count;
+        m_t = {studentT(m_confidence / 100, count - 1), studentT(0.90, count - 1), studentT(0.95, count - 1),
+               studentT(0.99, count - 1)};
     }
     const double error = members[SD] / std::sqrt(count);
     members[STUD_T] = m_t[0];
@@ -144,14 +144,14 @@ StatMembers StatWindow::compute() {
     members[REQ_CONF] = m_confidence;
     if (good.empty())
         return members;
-    describe_spread(members, good);
-    describe_order(members, good);
-    describe_line(members, good);
-    describe_confidence(members, count);
+    describeSpread(members, good);
+    describeOrder(members, good);
+    describeLine(members, good);
+    describeConfidence(members, count);
     return members;
 }
 
-StatUnits units_of_stat_member(int member) {
+StatUnits unitsOfStatMember(int member) {
     if (member < STAT_TIME_UNITS_START)
         return StatUnits::source;
     return member < STAT_TIME_UNITS_END ? StatUnits::seconds : StatUnits::none;

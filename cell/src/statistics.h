@@ -13,7 +13,8 @@
 //   CONF_INT half width of the confidence interval of AV;  INT_90, INT_95, INT_99 the same for fixed confidences
 //   QUAL_F part of the window that is filled with good samples, 0 to 1
 // A member that its samples do not define is 0.
-#pragma once
+#ifndef OSTREL_CELL_STATISTICS_H
+#define OSTREL_CELL_STATISTICS_H
 
 #include <ostrel/records.h>
 
@@ -26,10 +27,10 @@ using StatMembers = std::array<double, NUM_MEMBER_TYPES>;
 
 class StatWindow {
 public:
-    // `period_s` is the distance of two samples.
-    StatWindow(double interval_s, double period_s, double confidence_percent);
+    // `periodS` is the distance of two samples.
+    StatWindow(double intervalS, double periodS, double confidencePercent);
 
-    void add(double time_s, double value);
+    void add(double timeS, double value);
 
     // The members over the samples of the last interval.
     StatMembers compute();
@@ -57,20 +58,22 @@ private:
     std::deque<Sample> m_samples;
     Sums m_sums;
     double m_total = 0;  // integral since the start
-    double m_last_time = 0;
+    double m_lastTime = 0;
     bool m_started = false;
     // Student's t changes with the number of samples alone, which soon stays the same.
-    double m_t_samples = 0;
+    double m_tSamples = 0;
     std::array<double, 4> m_t{};
 
-    void describe_order(StatMembers& members, const std::deque<Sample>& good) const;
-    void describe_spread(StatMembers& members, const std::deque<Sample>& good) const;
-    void describe_line(StatMembers& members, const std::deque<Sample>& good);
-    void describe_confidence(StatMembers& members, double count);
+    void describeOrder(StatMembers& members, const std::deque<Sample>& good) const;
+    void describeSpread(StatMembers& members, const std::deque<Sample>& good) const;
+    void describeLine(StatMembers& members, const std::deque<Sample>& good);
+    void describeConfidence(StatMembers& members, double count);
 };
 
 // The units that a member has: those of the source, seconds, or none.
 enum class StatUnits { source, seconds, none };
-StatUnits units_of_stat_member(int member);
+StatUnits unitsOfStatMember(int member);
 
 }  // namespace ostrelcell
+
+#endif

@@ -7,7 +7,7 @@ namespace ostrelcell {
 
 namespace {
 
-std::size_t element_size(SM_VARI_TYPE kind) {
+size_t elementSize(SM_VARI_TYPE kind) {
     switch (kind) {
         case REAL_ARRAY_TYPE:
             return sizeof(REAL_ARRAY_MEMBER);
@@ -20,7 +20,7 @@ std::size_t element_size(SM_VARI_TYPE kind) {
     }
 }
 
-bool put_variable(ostrel_server* server, const Variable& variable, Placed& placed, std::string& reason) {
+bool putVariable(ostrel_server* server, const Variable& variable, Placed& placed, std::string& reason) {
     char message[256] = "";
     int created = 0;
     const std::string label = variable.label();
@@ -33,15 +33,15 @@ bool put_variable(ostrel_server* server, const Variable& variable, Placed& place
                                           message, sizeof message);
     placed.created = created != 0;
     if (placed.record == nullptr)
-        reason = std::string(kind_word(variable.kind)) + "." + variable.name + ": " + message;
+        reason = std::string(kindWord(variable.kind)) + "." + variable.name + ": " + message;
     return placed.record != nullptr;
 }
 
-void set_limits(ostrel_server* server, const Variable& variable) {
+void setLimits(ostrel_server* server, const Variable& variable) {
     double limits[NUM_LIMIT_TYPES];
     short exists[NUM_LIMIT_TYPES];
     short display[NUM_LIMIT_TYPES];
-    for (std::size_t index = 0; index < NUM_LIMIT_TYPES; ++index) {
+    for (size_t index = 0; index < NUM_LIMIT_TYPES; ++index) {
         const LimitRule& rule = variable.limits.rules[index];
         limits[index] = rule.value;
         exists[index] = rule.exists ? 1 : 0;
@@ -51,8 +51,8 @@ void set_limits(ostrel_server* server, const Variable& variable) {
 }
 
 // Records with members have no write operation, and so no rule.
-void set_write_rule(ostrel_server* server, const Variable& variable) {
-    if (has_members(variable.kind))
+void setWriteRule(ostrel_server* server, const Variable& variable) {
+    if (hasMembers(variable.kind))
         return;
     const WriteRule& own = variable.write;
     const ostrel_write_rule rule{own.writable ? 1 : 0, own.least ? 1 : 0, own.most ? 1 : 0, own.least.value_or(0),
@@ -60,11 +60,11 @@ void set_write_rule(ostrel_server* server, const Variable& variable) {
     ostrel_server_set_write_rule(server, variable.label().c_str(), &rule);
 }
 
-bool put_alias(ostrel_server* server, const CellModel& model, const Alias& alias, std::string& reason) {
+bool putAlias(ostrel_server* server, const CellModel& model, const Alias& alias, std::string& reason) {
     // The store knows no aliases of aliases. An index may be a label here; the store is told the number.
     std::string why;
-    const auto ref = resolve_name(model, alias.target, why);
-    const std::string target = ref ? model.full_name(*ref) : alias.target;
+    const auto ref = resolveName(model, alias.target, why);
+    const std::string target = ref ? model.fullName(*ref) : alias.target;
     char message[256] = "";
     if (ostrel_server_put_alias(server, alias.name.c_str(), target.c_str(), alias.primary ? 1 : 0, message,
                                 sizeof message) != nullptr)
@@ -77,26 +77,26 @@ bool put_alias(ostrel_server* server, const CellModel& model, const Alias& alias
 
 bool StoreContents::put(ostrel_server* server, const CellModel& model, std::string& reason) {
     m_placed.assign(model.variables.size(), {});
-    for (std::size_t index = 0; index < model.variables.size(); ++index) {
+    for (size_t index = 0; index < model.variables.size(); ++index) {
         const Variable& variable = model.variables[index];
-        if (!put_variable(server, variable, m_placed[index], reason))
+        if (!putVariable(server, variable, m_placed[index], reason))
             return false;
-        fill_record(model, variable, m_placed[index]);
-        set_limits(server, variable);
-        set_write_rule(server, variable);
+        fillRecord(model, variable, m_placed[index]);
+        setLimits(server, variable);
+        setWriteRule(server, variable);
     }
     for (const Alias& alias : model.aliases)
-        if (!put_alias(server, model, alias, reason))
+        if (!putAlias(server, model, alias, reason))
             return false;
     return true;
 }
 
 RecordValue StoreContents::value(const CellModel& model, ValueRef ref) const {
-    const SM_VARI_TYPE kind = model.variables[static_cast<std::size_t>(ref.variable)].kind;
+    const SM_VARI_TYPE kind = model.variables[static_cast<size_t>(ref.variable)].kind;
     const Placed& place = placed(ref.variable);
     if (!is_array(kind))
         return {kind, place.record, ref.part};
-    char* element = static_cast<char*>(place.elements) + static_cast<std::size_t>(ref.part) * element_size(kind);
+    char* element = static_cast<char*>(place.elements) + static_cast<size_t>(ref.part) * elementSize(kind);
     return {kind, element, -1};
 }
 

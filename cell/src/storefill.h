@@ -1,5 +1,6 @@
 // Puts the variables of a cell into its store.
-#pragma once
+#ifndef OSTREL_CELL_STOREFILL_H
+#define OSTREL_CELL_STOREFILL_H
 
 #include <ostrel/server.h>
 
@@ -25,10 +26,12 @@ public:
 
     // A number of the cell; `ref` names no text.
     RecordValue value(const CellModel& model, ValueRef ref) const;
-    const Placed& placed(int variable) const { return m_placed[static_cast<std::size_t>(variable)]; }
+    const Placed& placed(int variable) const { return m_placed[static_cast<size_t>(variable)]; }
 
 private:
     std::vector<Placed> m_placed;
 };
 
 }  // namespace ostrelcell
+
+#endif

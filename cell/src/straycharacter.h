@@ -1,5 +1,6 @@
 // Characters that a TOML file may have in quotes and comments only.
-#pragma once
+#ifndef OSTREL_CELL_STRAYCHARACTER_H
+#define OSTREL_CELL_STRAYCHARACTER_H
 
 #include <string>
 
@@ -8,6 +9,8 @@ namespace ostrelcell {
 // The line of the first character beyond ASCII that stands outside of quotes and comments, or 0. TOML has none there;
 // the parser is not asked about them, since it is not defined what some releases of it do with letters such as a stray
 // micro sign.
-int line_of_stray_character(const std::string& text);
+int lineOfStrayCharacter(const std::string& text);
 
 }  // namespace ostrelcell
+
+#endif

@@ -9,7 +9,7 @@ namespace {
 
 // The continued fraction of the incomplete beta function, from its front to the back, by the ratio of neighbouring
 // convergents.
-double beta_fraction(double x, double a, double b) {
+double betaFraction(double x, double a, double b) {
     constexpr double tiny = 1e-300;
     double c = 1;
     double d = 1 - (a + b) * x / (a + 1);
@@ -33,7 +33,7 @@ double beta_fraction(double x, double a, double b) {
     return fraction;
 }
 
-double incomplete_beta(double x, double a, double b) {
+double incompleteBeta(double x, double a, double b) {
     if (x <= 0)
         return 0;
     if (x >= 1)
@@ -42,24 +42,24 @@ double incomplete_beta(double x, double a, double b) {
         std::exp(std::lgamma(a + b) - std::lgamma(a) - std::lgamma(b) + a * std::log(x) + b * std::log(1 - x));
     // The fraction converges fast on this side only.
     if (x < (a + 1) / (a + b + 2))
-        return front * beta_fraction(x, a, b) / a;
-    return 1 - front * beta_fraction(1 - x, b, a) / b;
+        return front * betaFraction(x, a, b) / a;
+    return 1 - front * betaFraction(1 - x, b, a) / b;
 }
 
-double probability_within(double t, double freedom) {
-    return 1 - incomplete_beta(freedom / (freedom + t * t), freedom / 2, 0.5);
+double probabilityWithin(double t, double freedom) {
+    return 1 - incompleteBeta(freedom / (freedom + t * t), freedom / 2, 0.5);
 }
 
 }  // namespace
 
-double student_t(double confidence, double freedom) {
+double studentT(double confidence, double freedom) {
     double low = 0;
     double high = 1;
-    while (probability_within(high, freedom) < confidence && high < 1e9)
+    while (probabilityWithin(high, freedom) < confidence && high < 1e9)
         high *= 2;
     for (int step = 0; step < 60; ++step) {
         const double middle = (low + high) / 2;
-        (probability_within(middle, freedom) < confidence ? low : high) = middle;
+        (probabilityWithin(middle, freedom) < confidence ? low : high) = middle;
     }
     return (low + high) / 2;
 }

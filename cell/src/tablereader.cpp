@@ -10,15 +10,15 @@
 
 namespace ostrelcell {
 
-int line_of(const toml::node& node) {
+int lineOf(const toml::node& node) {
     return static_cast<int>(node.source().begin.line);
 }
 
-int line_of(const toml::key& key) {
+int lineOf(const toml::key& key) {
     return static_cast<int>(key.source().begin.line);
 }
 
-const char* type_words(const toml::node& node) {
+const char* typeWords(const toml::node& node) {
     switch (node.type()) {
         case toml::node_type::table:
             return "a table";
@@ -47,36 +47,36 @@ const toml::node* TableReader::node(const std::string& key) {
 
 int TableReader::line(const std::string& key) const {
     const auto found = m_table.find(key);
-    return found == m_table.end() ? line_of(m_table) : line_of(found->first);
+    return found == m_table.end() ? lineOf(m_table) : lineOf(found->first);
 }
 
 void TableReader::fault(int line, const std::string& reason) {
     m_diagnostics.add(line, m_subject + ": " + reason);
 }
 
-void TableReader::wrong_type(const std::string& key, const toml::node& found, const char* wanted) {
-    fault(line(key), key + " is " + type_words(found) + "; it must be " + wanted);
+void TableReader::wrongType(const std::string& key, const toml::node& found, const char* wanted) {
+    fault(line(key), key + " is " + typeWords(found) + "; it must be " + wanted);
 }
 
-std::optional<double> number_in(const toml::node& node, const std::string& key, TableReader& reader) {
+std::optional<double> numberIn(const toml::node& node, const std::string& key, TableReader& reader) {
     const auto value = node.is_number() ? node.value<double>() : std::nullopt;
     if (!value)
-        reader.fault(line_of(node), key + " is " + type_words(node) + "; it must be a number");
+        reader.fault(lineOf(node), key + " is " + typeWords(node) + "; it must be a number");
     else if (!std::isfinite(*value))
-        reader.fault(line_of(node), key + " must be a finite number");
+        reader.fault(lineOf(node), key + " must be a finite number");
     else
         return value;
     return std::nullopt;
 }
 
-std::optional<std::string> text_in(const toml::node& node, const std::string& key, std::size_t max_length,
-                                   TableReader& reader) {
+std::optional<std::string> textIn(const toml::node& node, const std::string& key, size_t maxLength,
+                                  TableReader& reader) {
     const auto value = node.value_exact<std::string>();
     if (!value)
-        reader.fault(line_of(node), key + " is " + type_words(node) + "; it must be a text");
-    else if (value->size() > max_length)
-        reader.fault(line_of(node), key + " has " + std::to_string(value->size()) + " characters; at most " +
-                                        std::to_string(max_length) + " are kept");
+        reader.fault(lineOf(node), key + " is " + typeWords(node) + "; it must be a text");
+    else if (value->size() > maxLength)
+        reader.fault(lineOf(node), key + " has " + std::to_string(value->size()) + " characters; at most " +
+                                       std::to_string(maxLength) + " are kept");
     else
         return value;
     return std::nullopt;
@@ -84,16 +84,16 @@ std::optional<std::string> text_in(const toml::node& node, const std::string& ke
 
 std::optional<double> TableReader::number(const std::string& key) {
     const toml::node* found = node(key);
-    return found == nullptr ? std::nullopt : number_in(*found, key, *this);
+    return found == nullptr ? std::nullopt : numberIn(*found, key, *this);
 }
 
 std::optional<int> TableReader::integer(const std::string& key, int least, int most) {
     const toml::node* found = node(key);
     if (found == nullptr)
         return std::nullopt;
-    const auto value = found->value_exact<std::int64_t>();
+    const auto value = found->value_exact<int64_t>();
     if (!value)
-        wrong_type(key, *found, "a whole number");
+        wrongType(key, *found, "a whole number");
     else if (*value < least || *value > most)
         fault(line(key), key + " is " + std::to_string(*value) + "; it must lie between " + std::to_string(least) +
                              " and " + std::to_string(most));
@@ -108,13 +108,13 @@ std::optional<bool> TableReader::boolean(const std::string& key) {
         return std::nullopt;
     const auto value = found->value_exact<bool>();
     if (!value)
-        wrong_type(key, *found, "true or false");
+        wrongType(key, *found, "true or false");
     return value;
 }
 
-std::optional<std::string> TableReader::text(const std::string& key, std::size_t max_length) {
+std::optional<std::string> TableReader::text(const std::string& key, size_t maxLength) {
     const toml::node* found = node(key);
-    return found == nullptr ? std::nullopt : text_in(*found, key, max_length, *this);
+    return found == nullptr ? std::nullopt : textIn(*found, key, maxLength, *this);
 }
 
 Expression TableReader::expression(const std::string& key) {
@@ -123,7 +123,7 @@ Expression TableReader::expression(const std::string& key) {
         return {};
     const auto value = found->value_exact<std::string>();
     if (!value) {
-        wrong_type(key, *found, "an expression in quotes");
+        wrongType(key, *found, "an expression in quotes");
         return {};
     }
     if (value->find_first_not_of(" \t\r\n") == std::string::npos) {
@@ -150,19 +150,19 @@ std::optional<short> TableReader::colour(const std::string& key) {
     const auto name = text(key, 79);
     if (!name)
         return std::nullopt;
-    const auto code = colour_code(*name);
+    const auto code = colourCode(*name);
     if (!code)
-        fault(line(key), "unknown colour \"" + *name + "\"; use one of " + colour_list());
+        fault(line(key), "unknown colour \"" + *name + "\"; use one of " + colourList());
     return code;
 }
 
-void TableReader::report_unknown_keys() {
+void TableReader::reportUnknownKeys() {
     std::vector<std::string> candidates = m_known;
     candidates.insert(candidates.end(), m_suggested.begin(), m_suggested.end());
     for (const auto& [key, value] : m_table) {
         const std::string name(key.str());
         if (std::find(m_known.begin(), m_known.end(), name) == m_known.end())
-            fault(line_of(key), "unknown key \"" + name + "\"" + did_you_mean(name, candidates));
+            fault(lineOf(key), "unknown key \"" + name + "\"" + didYouMean(name, candidates));
     }
 }
 

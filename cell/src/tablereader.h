@@ -1,5 +1,6 @@
 // Reads the keys of one TOML table with the types that are wanted, and says what does not fit.
-#pragma once
+#ifndef OSTREL_CELL_TABLEREADER_H
+#define OSTREL_CELL_TABLEREADER_H
 
 #include <toml++/toml.h>
 
@@ -14,8 +15,8 @@
 
 namespace ostrelcell {
 
-int line_of(const toml::node& node);
-int line_of(const toml::key& key);
+int lineOf(const toml::node& node);
+int lineOf(const toml::key& key);
 
 class TableReader {
 public:
@@ -26,7 +27,7 @@ public:
     std::optional<double> number(const std::string& key);
     std::optional<int> integer(const std::string& key, int least = INT_MIN, int most = INT_MAX);
     std::optional<bool> boolean(const std::string& key);
-    std::optional<std::string> text(const std::string& key, std::size_t max_length);
+    std::optional<std::string> text(const std::string& key, size_t maxLength);
     Expression expression(const std::string& key);
     std::optional<Units> units(const std::string& key);
     // A status word of colour and blinking from the name of a colour.
@@ -42,7 +43,7 @@ public:
 
     void fault(int line, const std::string& reason);
     // Reports each key that was not asked for.
-    void report_unknown_keys();
+    void reportUnknownKeys();
 
     const toml::table& table() const { return m_table; }
     const std::string& subject() const { return m_subject; }
@@ -55,15 +56,17 @@ private:
     std::vector<std::string> m_known;
     std::vector<std::string> m_suggested;
 
-    void wrong_type(const std::string& key, const toml::node& found, const char* wanted);
+    void wrongType(const std::string& key, const toml::node& found, const char* wanted);
 };
 
 // The same for values that stand in a list. Reports under `key` of `reader`.
-std::optional<double> number_in(const toml::node& node, const std::string& key, TableReader& reader);
-std::optional<std::string> text_in(const toml::node& node, const std::string& key, std::size_t max_length,
-                                   TableReader& reader);
+std::optional<double> numberIn(const toml::node& node, const std::string& key, TableReader& reader);
+std::optional<std::string> textIn(const toml::node& node, const std::string& key, size_t maxLength,
+                                  TableReader& reader);
 
 // What a TOML value is, in words.
-const char* type_words(const toml::node& node);
+const char* typeWords(const toml::node& node);
 
 }  // namespace ostrelcell
+
+#endif

@@ -7,7 +7,7 @@ namespace ostrelcell {
 
 namespace {
 
-constexpr std::size_t max_length = 7;  // a record keeps eight bytes
+constexpr size_t maxLength = 7;  // a record keeps eight bytes
 
 const char* conversions(SM_VARI_TYPE kind) {
     switch (kind) {
@@ -29,52 +29,52 @@ bool contains(const char* set, char c) {
     return c != '\0' && std::strchr(set, c) != nullptr;
 }
 
-std::size_t skip_digits(const std::string& text, std::size_t at) {
+size_t skipDigits(const std::string& text, size_t at) {
     while (at < text.size() && contains("0123456789", text[at]))
         ++at;
     return at;
 }
 
 // The end of the conversion that starts at the percent sign `at`, as the position of its letter.
-std::size_t conversion_letter(const std::string& format, std::size_t at) {
+size_t conversionLetter(const std::string& format, size_t at) {
     ++at;
     while (at < format.size() && contains("-+ #0", format[at]))
         ++at;
-    at = skip_digits(format, at);
+    at = skipDigits(format, at);
     if (at < format.size() && format[at] == '.')
-        at = skip_digits(format, at + 1);
+        at = skipDigits(format, at + 1);
     return at;
 }
 
 // Displays keep texts in fields of fixed size.
-bool asks_for_hundreds(const std::string& format, std::size_t from, std::size_t to) {
-    for (std::size_t at = format.find_first_of("123456789", from); at < to;
-         at = format.find_first_of("123456789", skip_digits(format, at)))
-        if (skip_digits(format, at) - at > 2)
+bool asksForHundreds(const std::string& format, size_t from, size_t to) {
+    for (size_t at = format.find_first_of("123456789", from); at < to;
+         at = format.find_first_of("123456789", skipDigits(format, at)))
+        if (skipDigits(format, at) - at > 2)
             return true;
     return false;
 }
 
 }  // namespace
 
-std::string format_fault(SM_VARI_TYPE kind, const std::string& format) {
+std::string formatFault(SM_VARI_TYPE kind, const std::string& format) {
     const std::string quoted = "format \"" + format + "\"";
-    if (format.size() > max_length)
+    if (format.size() > maxLength)
         return quoted + " is longer than 7 characters";
-    const std::size_t percent = format.find('%');
+    const size_t percent = format.find('%');
     if (percent == std::string::npos)
-        return quoted + " has no conversion; write \"" + default_format(kind) + "\" for instance";
-    const std::size_t letter = conversion_letter(format, percent);
+        return quoted + " has no conversion; write \"" + defaultFormat(kind) + "\" for instance";
+    const size_t letter = conversionLetter(format, percent);
     if (letter >= format.size() || !contains(conversions(kind), format[letter]))
         return quoted + " does not fit the kind; its conversion must be one of \"" + conversions(kind) + "\"";
-    if (asks_for_hundreds(format, percent, letter))
+    if (asksForHundreds(format, percent, letter))
         return quoted + " asks for more than 99 characters";
     if (format.find('%', letter) != std::string::npos)
         return quoted + " has more than one conversion";
     return "";
 }
 
-const char* default_format(SM_VARI_TYPE kind) {
+const char* defaultFormat(SM_VARI_TYPE kind) {
     switch (kind) {
         case INT_TYPE:
         case INT_ARRAY_TYPE:
@@ -89,8 +89,8 @@ const char* default_format(SM_VARI_TYPE kind) {
     }
 }
 
-unsigned short format_decimals(const std::string& format) {
-    const std::size_t point = format.find('.');
+unsigned short formatDecimals(const std::string& format) {
+    const size_t point = format.find('.');
     return point == std::string::npos ? 0 : static_cast<unsigned short>(std::atoi(format.c_str() + point + 1));
 }
 

@@ -1,5 +1,6 @@
 // The printf formats that a variable may be shown with.
-#pragma once
+#ifndef OSTREL_CELL_VALUEFORMAT_H
+#define OSTREL_CELL_VALUEFORMAT_H
 
 #include <ostrel/areas.h>
 
@@ -8,12 +9,14 @@
 namespace ostrelcell {
 
 // Empty where `format` is one conversion that fits values of that kind, else what is wrong with it.
-std::string format_fault(SM_VARI_TYPE kind, const std::string& format);
+std::string formatFault(SM_VARI_TYPE kind, const std::string& format);
 
 // The format of a variable that asks for none.
-const char* default_format(SM_VARI_TYPE kind);
+const char* defaultFormat(SM_VARI_TYPE kind);
 
 // The decimals that a format for reals shows.
-unsigned short format_decimals(const std::string& format);
+unsigned short formatDecimals(const std::string& format);
 
 }  // namespace ostrelcell
+
+#endif

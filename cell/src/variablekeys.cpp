@@ -10,20 +10,20 @@ namespace ostrelcell {
 
 namespace {
 
-constexpr std::size_t max_event_name = 31;
-constexpr std::size_t max_string = 79;  // a record keeps 80 bytes, and displays want their zero
+constexpr size_t maxEventName = 31;
+constexpr size_t maxString = 79;  // a record keeps 80 bytes, and displays want their zero
 
-const ostrel_section* section_named(const std::string& name, SM_VARI_TYPE kind, bool& name_known,
-                                    std::vector<std::string>& of_kind) {
+const ostrel_section* sectionNamed(const std::string& name, SM_VARI_TYPE kind, bool& nameKnown,
+                                   std::vector<std::string>& ofKind) {
     int count = 0;
     const ostrel_section* sections = ostrel_sections(&count);
     const ostrel_section* found = nullptr;
-    name_known = false;
+    nameKnown = false;
     for (const ostrel_section* section = sections; section != sections + count; ++section) {
-        name_known = name_known || name == section->name;
+        nameKnown = nameKnown || name == section->name;
         if (section->kind != kind)
             continue;
-        of_kind.emplace_back(section->name);
+        ofKind.emplace_back(section->name);
         if (name == section->name || (name.empty() && found == nullptr))
             found = section;
     }
@@ -37,41 +37,41 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
-void read_section(TableReader& reader, Variable& variable) {
-    const std::string name = reader.text("section", max_string).value_or("");
+void readSection(TableReader& reader, Variable& variable) {
+    const std::string name = reader.text("section", maxString).value_or("");
     bool known = false;
-    std::vector<std::string> of_kind;
-    variable.section = section_named(name, variable.kind, known, of_kind);
+    std::vector<std::string> ofKind;
+    variable.section = sectionNamed(name, variable.kind, known, ofKind);
     if (variable.section != nullptr)
         return;
-    const std::string kind = kind_word(variable.kind);
+    const std::string kind = kindWord(variable.kind);
     reader.fault(reader.line("section"),
-                 known ? "section \"" + name + "\" holds no " + kind + "; use one of " + joined(of_kind)
-                       : "unknown section \"" + name + "\"; for " + kind + " use one of " + joined(of_kind));
-    variable.section = section_named("", variable.kind, known, of_kind);
+                 known ? "section \"" + name + "\" holds no " + kind + "; use one of " + joined(ofKind)
+                       : "unknown section \"" + name + "\"; for " + kind + " use one of " + joined(ofKind));
+    variable.section = sectionNamed("", variable.kind, known, ofKind);
 }
 
-void read_number(TableReader& reader, Variable& variable) {
+void readNumber(TableReader& reader, Variable& variable) {
     if (variable.kind == REAL_TYPE)
         variable.value = reader.number("value").value_or(0);
     else
         variable.value = reader.integer("value").value_or(0);
     variable.units = reader.units("units").value_or(Units{});
-    read_range(reader, variable);
-    read_value_limits(reader, variable.limits);
-    read_age_limit(reader, variable.limits);
-    variable.event = reader.text("event", max_event_name).value_or("");
+    readRange(reader, variable);
+    readValueLimits(reader, variable.limits);
+    readAgeLimit(reader, variable.limits);
+    variable.event = reader.text("event", maxEventName).value_or("");
 }
 
-void read_logical(TableReader& reader, Variable& variable) {
+void readLogical(TableReader& reader, Variable& variable) {
     variable.value = reader.boolean("value").value_or(false) ? 1 : 0;
-    read_logical_states(reader, variable.states);
-    read_age_limit(reader, variable.limits);
-    variable.true_event = reader.text("true_event", max_event_name).value_or("");
-    variable.false_event = reader.text("false_event", max_event_name).value_or("");
+    readLogicalStates(reader, variable.states);
+    readAgeLimit(reader, variable.limits);
+    variable.trueEvent = reader.text("true_event", maxEventName).value_or("");
+    variable.falseEvent = reader.text("false_event", maxEventName).value_or("");
 }
 
-void read_texts(TableReader& reader, Variable& variable) {
+void readTexts(TableReader& reader, Variable& variable) {
     const toml::node* node = reader.node("texts");
     if (node == nullptr)
         return;
@@ -81,27 +81,27 @@ void read_texts(TableReader& reader, Variable& variable) {
         return;
     }
     for (const toml::node& item : *list)
-        variable.texts.push_back(text_in(item, "texts", max_string, reader).value_or(""));
+        variable.texts.push_back(textIn(item, "texts", maxString, reader).value_or(""));
 }
 
-void read_string(TableReader& reader, Variable& variable) {
-    variable.text = reader.text("value", max_string).value_or("");
-    read_texts(reader, variable);
-    read_age_limit(reader, variable.limits);
-    variable.event = reader.text("event", max_event_name).value_or("");
+void readString(TableReader& reader, Variable& variable) {
+    variable.text = reader.text("value", maxString).value_or("");
+    readTexts(reader, variable);
+    readAgeLimit(reader, variable.limits);
+    variable.event = reader.text("event", maxEventName).value_or("");
 }
 
-void read_scalar(TableReader& reader, Variable& variable) {
-    read_format(reader, variable);
+void readScalar(TableReader& reader, Variable& variable) {
+    readFormat(reader, variable);
     switch (variable.kind) {
         case LOGI_TYPE:
-            read_logical(reader, variable);
+            readLogical(reader, variable);
             break;
         case STRING_TYPE:
-            read_string(reader, variable);
+            readString(reader, variable);
             break;
         default:
-            read_number(reader, variable);
+            readNumber(reader, variable);
     }
     variable.expr = reader.expression("expr");
     if (variable.kind == STRING_TYPE && variable.expr.given() && variable.texts.empty())
@@ -112,20 +112,20 @@ void read_scalar(TableReader& reader, Variable& variable) {
 
 }  // namespace
 
-void read_format(TableReader& reader, Variable& variable) {
-    variable.format = default_format(variable.kind);
-    const auto format = reader.text("format", max_string);
+void readFormat(TableReader& reader, Variable& variable) {
+    variable.format = defaultFormat(variable.kind);
+    const auto format = reader.text("format", maxString);
     if (!format)
         return;
-    const std::string fault = format_fault(variable.kind, *format);
+    const std::string fault = formatFault(variable.kind, *format);
     if (fault.empty())
         variable.format = *format;
     else
         reader.fault(reader.line("format"), fault);
 }
 
-void read_range(TableReader& reader, Variable& variable) {
-    variable.range_max = 100;
+void readRange(TableReader& reader, Variable& variable) {
+    variable.rangeMax = 100;
     const toml::node* node = reader.node("range");
     if (node == nullptr)
         return;
@@ -134,28 +134,28 @@ void read_range(TableReader& reader, Variable& variable) {
         reader.fault(reader.line("range"), "range must be a list of two numbers, as in [0, 100]");
         return;
     }
-    const auto low = number_in((*list)[0], "range", reader);
-    const auto high = number_in((*list)[1], "range", reader);
+    const auto low = numberIn((*list)[0], "range", reader);
+    const auto high = numberIn((*list)[1], "range", reader);
     if (!low || !high)
         return;
     if (*low >= *high)
         reader.fault(reader.line("range"), "range must rise from its first number to its second");
-    variable.range_min = *low;
-    variable.range_max = *high;
+    variable.rangeMin = *low;
+    variable.rangeMax = *high;
 }
 
-void read_variable(TableReader& reader, Variable& variable) {
-    read_section(reader, variable);
+void readVariable(TableReader& reader, Variable& variable) {
+    readSection(reader, variable);
     if (variable.kind == STAT_TYPE)
-        read_stat(reader, variable);
-    else if (has_members(variable.kind))
-        read_members(reader, variable);
+        readStat(reader, variable);
+    else if (hasMembers(variable.kind))
+        readMembers(reader, variable);
     else if (is_array(variable.kind))
-        read_array(reader, variable);
+        readArray(reader, variable);
     else
-        read_scalar(reader, variable);
-    read_write_rule(reader, variable);
-    reader.report_unknown_keys();
+        readScalar(reader, variable);
+    readWriteRule(reader, variable);
+    reader.reportUnknownKeys();
 }
 
 }  // namespace ostrelcell

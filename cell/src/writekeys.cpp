@@ -19,15 +19,15 @@ std::string shown(double value) {
 }
 
 // False, with a report, where the variable is of a kind that has no use for the key.
-bool fits(TableReader& reader, const Variable& variable, const char* key, bool has_use, const char* why) {
+bool fits(TableReader& reader, const Variable& variable, const char* key, bool hasUse, const char* why) {
     const bool given = reader.node(key) != nullptr;
-    if (given && !has_use)
-        reader.fault(reader.line(key), std::string(key) + " is for " + why + "; a " + kind_word(variable.kind) +
+    if (given && !hasUse)
+        reader.fault(reader.line(key), std::string(key) + " is for " + why + "; a " + kindWord(variable.kind) +
                                            " variable has no use for it");
-    return given && has_use;
+    return given && hasUse;
 }
 
-std::optional<double> read_bound(TableReader& reader, const Variable& variable, const char* key) {
+std::optional<double> readBound(TableReader& reader, const Variable& variable, const char* key) {
     if (!fits(reader, variable, key, is_number(variable.kind), "numbers"))
         return std::nullopt;
     const auto bound = reader.number(key);
@@ -40,7 +40,7 @@ std::optional<double> read_bound(TableReader& reader, const Variable& variable, 
 }
 
 // A cell must not start with a value that it would refuse.
-void check_start(TableReader& reader, const Variable& variable) {
+void checkStart(TableReader& reader, const Variable& variable) {
     std::vector<double> values = variable.values;
     if (!is_array(variable.kind))
         values.push_back(variable.value);
@@ -55,22 +55,22 @@ void check_start(TableReader& reader, const Variable& variable) {
 
 }  // namespace
 
-void read_write_rule(TableReader& reader, Variable& variable) {
-    const bool can_be_written = !has_members(variable.kind);
+void readWriteRule(TableReader& reader, Variable& variable) {
+    const bool canBeWritten = !hasMembers(variable.kind);
     WriteRule& rule = variable.write;
-    if (fits(reader, variable, "writable", can_be_written, "what clients can write"))
+    if (fits(reader, variable, "writable", canBeWritten, "what clients can write"))
         rule.writable = reader.boolean("writable").value_or(true);
-    if (fits(reader, variable, "persist", can_be_written, "what clients can write"))
+    if (fits(reader, variable, "persist", canBeWritten, "what clients can write"))
         variable.persist = reader.boolean("persist").value_or(false);
-    rule.least = read_bound(reader, variable, "min");
-    rule.most = read_bound(reader, variable, "max");
+    rule.least = readBound(reader, variable, "min");
+    rule.most = readBound(reader, variable, "max");
     if (rule.least && rule.most && *rule.least > *rule.most) {
         reader.fault(reader.line("min"), "min " + shown(*rule.least) + " lies above max " + shown(*rule.most));
         rule.least = rule.most = std::nullopt;
     }
     // What an expression gives is the cell's own and may go anywhere.
     if (is_number(variable.kind) && !variable.expr.given())
-        check_start(reader, variable);
+        checkStart(reader, variable);
 }
 
 }  // namespace ostrelcell

@@ -1,6 +1,6 @@
 // The entry point of the library: the collection of its widgets.
-#ifndef OSTRELPLUGINS_H
-#define OSTRELPLUGINS_H
+#ifndef OSTREL_COLLECTION_OSTRELPLUGINS_H
+#define OSTREL_COLLECTION_OSTRELPLUGINS_H
 
 #include <QList>
 #include <QObject>

@@ -1,7 +1,7 @@
 // The base of a widget that draws with OpenGL and shows a variable of the store: binding by name and a place on the
 // timers, and nothing of what OstrelBase draws.
-#ifndef GLOSTRELBASE_H
-#define GLOSTRELBASE_H
+#ifndef OSTREL_CORE_GLOSTRELBASE_H
+#define OSTREL_CORE_GLOSTRELBASE_H
 
 #include <ostrel/records.h>
 

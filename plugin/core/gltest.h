@@ -1,6 +1,6 @@
 // Probes what the OpenGL driver offers.
-#ifndef GLTEST_H
-#define GLTEST_H
+#ifndef OSTREL_CORE_GLTEST_H
+#define OSTREL_CORE_GLTEST_H
 
 #include <QGLWidget>
 

@@ -1,6 +1,6 @@
 // A thin frame for widgets of logical variables.
-#ifndef OSTREL_LOGICAL_BASE_H
-#define OSTREL_LOGICAL_BASE_H
+#ifndef OSTREL_CORE_OSTREL_LOGICAL_BASE_H
+#define OSTREL_CORE_OSTREL_LOGICAL_BASE_H
 
 #include "core/ostrelbase.h"
 

@@ -2,8 +2,8 @@
 //
 // A widget holds raw pointers into shared memory and never owns or copies a record. Everything here runs on the GUI
 // thread; ticks and events reach it as queued signals of the fabric's threads.
-#ifndef OSTRELBASE_H
-#define OSTRELBASE_H
+#ifndef OSTREL_CORE_OSTRELBASE_H
+#define OSTREL_CORE_OSTRELBASE_H
 
 #include <ostrel/records.h>
 

@@ -1,6 +1,7 @@
 // What an operator does to a widget: its menu, dragging names, double clicks.
 #include <ostrel/store.h>
 #include <ostrel/units.h>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>

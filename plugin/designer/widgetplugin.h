@@ -1,6 +1,6 @@
 // The shape of a widget's plug-in: what Qt Designer is told of it.
-#ifndef WIDGETPLUGIN_H
-#define WIDGETPLUGIN_H
+#ifndef OSTREL_DESIGNER_WIDGETPLUGIN_H
+#define OSTREL_DESIGNER_WIDGETPLUGIN_H
 
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>

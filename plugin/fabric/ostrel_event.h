@@ -1,6 +1,6 @@
 // A thread that waits for one named platform event and passes it on to its subscribers.
-#ifndef OSTREL_EVENT_H
-#define OSTREL_EVENT_H
+#ifndef OSTREL_FABRIC_OSTREL_EVENT_H
+#define OSTREL_FABRIC_OSTREL_EVENT_H
 
 #include <QByteArray>
 #include <QThread>

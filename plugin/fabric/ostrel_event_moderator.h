@@ -1,6 +1,6 @@
 // Puts widgets on named platform events: one waiting thread per event, shared by all its subscribers. For hosts.
-#ifndef OSTREL_EVENT_MODERATOR_H
-#define OSTREL_EVENT_MODERATOR_H
+#ifndef OSTREL_FABRIC_OSTREL_EVENT_MODERATOR_H
+#define OSTREL_FABRIC_OSTREL_EVENT_MODERATOR_H
 
 #include <ostrel/areas.h>
 

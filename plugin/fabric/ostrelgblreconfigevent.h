@@ -1,6 +1,6 @@
 // The thread that hears of reconfigurations of the store. A host makes it and connects its widgets.
-#ifndef OSTRELGBLRECONFIGEVENT_H
-#define OSTRELGBLRECONFIGEVENT_H
+#ifndef OSTREL_FABRIC_OSTRELGBLRECONFIGEVENT_H
+#define OSTREL_FABRIC_OSTRELGBLRECONFIGEVENT_H
 
 #include <ostrel/records.h>
 

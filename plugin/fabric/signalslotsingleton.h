@@ -1,6 +1,6 @@
 // The one object through which widgets of a form that do not know each other talk.
-#ifndef SIGNALSLOTSINGLETON_H
-#define SIGNALSLOTSINGLETON_H
+#ifndef OSTREL_FABRIC_SIGNALSLOTSINGLETON_H
+#define OSTREL_FABRIC_SIGNALSLOTSINGLETON_H
 
 #include <QDomDocument>
 #include <QObject>

@@ -1,6 +1,6 @@
 // Puts widgets on the platform's periodic timers: one waiting thread per period, shared by all widgets of that period.
-#ifndef TIMERMODERATOR_H
-#define TIMERMODERATOR_H
+#ifndef OSTREL_FABRIC_TIMERMODERATOR_H
+#define OSTREL_FABRIC_TIMERMODERATOR_H
 
 #include <QVector>
 #include <QWidget>

@@ -1,6 +1,6 @@
 // A thread that waits for one platform timer and passes its ticks on to widgets.
-#ifndef TIMERWIDGET_H
-#define TIMERWIDGET_H
+#ifndef OSTREL_FABRIC_TIMERWIDGET_H
+#define OSTREL_FABRIC_TIMERWIDGET_H
 
 #include <QThread>
 #include <QVector>

@@ -1,5 +1,5 @@
-#ifndef TIMERWIDGETPLUGIN_H
-#define TIMERWIDGETPLUGIN_H
+#ifndef OSTREL_FABRIC_TIMERWIDGETPLUGIN_H
+#define OSTREL_FABRIC_TIMERWIDGETPLUGIN_H
 
 #include "designer/widgetplugin.h"
 

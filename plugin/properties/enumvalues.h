@@ -1,8 +1,8 @@
 // Between the values of an enumeration and what a property browser shows of it: for an enum the position among the
 // distinct values, for flags bit n for the n-th distinct value that is a single bit. Keys that repeat a value do not
 // count.
-#ifndef ENUMVALUES_H
-#define ENUMVALUES_H
+#ifndef OSTREL_PROPERTIES_ENUMVALUES_H
+#define OSTREL_PROPERTIES_ENUMVALUES_H
 
 #include <QMetaEnum>
 #include <QStringList>

@@ -1,6 +1,6 @@
 // The dialog in which an operator changes the properties of a widget. Each edit takes effect at once.
-#ifndef MYCONTROLLER_H
-#define MYCONTROLLER_H
+#ifndef OSTREL_PROPERTIES_MYCONTROLLER_H
+#define OSTREL_PROPERTIES_MYCONTROLLER_H
 
 #include <QDialog>
 #include <QStringList>

@@ -2,8 +2,8 @@
 //
 // What is shown follows from the object's meta-object alone: nothing here knows a widget. Each edit is written through
 // the meta-object, and so by the object's own setter.
-#ifndef OBJECTCONTROLLER_H
-#define OBJECTCONTROLLER_H
+#ifndef OSTREL_PROPERTIES_OBJECTCONTROLLER_H
+#define OSTREL_PROPERTIES_OBJECTCONTROLLER_H
 
 #include <QMap>
 #include <QWidget>

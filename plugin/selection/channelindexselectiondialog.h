@@ -1,6 +1,6 @@
 // Chooses an input or output channel: its group and its position there.
-#ifndef CHANNELINDEXSELECTIONDIALOG_H
-#define CHANNELINDEXSELECTIONDIALOG_H
+#ifndef OSTREL_SELECTION_CHANNELINDEXSELECTIONDIALOG_H
+#define OSTREL_SELECTION_CHANNELINDEXSELECTIONDIALOG_H
 
 #include <QDialog>
 #include <QMap>

@@ -1,6 +1,6 @@
 // Offers the units in which a value can be shown.
-#ifndef UNITSDIALOG_H
-#define UNITSDIALOG_H
+#ifndef OSTREL_SELECTION_UNITSDIALOG_H
+#define OSTREL_SELECTION_UNITSDIALOG_H
 
 #include <QDialog>
 #include <QStringList>

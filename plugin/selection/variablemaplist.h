@@ -1,6 +1,6 @@
 // The catalogue of variables: which ones the store has now, by group.
-#ifndef VARIABLEMAPLIST_H
-#define VARIABLEMAPLIST_H
+#ifndef OSTREL_SELECTION_VARIABLEMAPLIST_H
+#define OSTREL_SELECTION_VARIABLEMAPLIST_H
 
 #include <ostrel/records.h>
 

@@ -1,6 +1,6 @@
 // Chooses one variable of the store: by group, by typing, and its member where it has some.
-#ifndef VARIABLESELECTIONDIALOG_H
-#define VARIABLESELECTIONDIALOG_H
+#ifndef OSTREL_SELECTION_VARIABLESELECTIONDIALOG_H
+#define OSTREL_SELECTION_VARIABLESELECTIONDIALOG_H
 
 #include <ostrel/records.h>
 

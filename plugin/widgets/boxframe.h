@@ -1,6 +1,6 @@
 // The box around a read-out.
-#ifndef BOXFRAME_H
-#define BOXFRAME_H
+#ifndef OSTREL_WIDGETS_BOXFRAME_H
+#define OSTREL_WIDGETS_BOXFRAME_H
 
 #include <QFrame>
 

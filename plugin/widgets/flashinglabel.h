@@ -1,6 +1,6 @@
 // The label of the value widgets.
-#ifndef FLASHINGLABEL_H
-#define FLASHINGLABEL_H
+#ifndef OSTREL_WIDGETS_FLASHINGLABEL_H
+#define OSTREL_WIDGETS_FLASHINGLABEL_H
 
 #include <QLabel>
 #include <QPalette>

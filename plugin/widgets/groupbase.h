@@ -1,6 +1,6 @@
 // What the two group boxes share: a box that fills itself with read-outs from a group file.
-#ifndef GROUPBASE_H
-#define GROUPBASE_H
+#ifndef OSTREL_WIDGETS_GROUPBASE_H
+#define OSTREL_WIDGETS_GROUPBASE_H
 
 #include <ostrel/records.h>
 

@@ -1,6 +1,6 @@
 // The layout of a channel's read-out: name, value, and the channel's index on a number display.
-#ifndef INDEXUIMANAGER_H
-#define INDEXUIMANAGER_H
+#ifndef OSTREL_WIDGETS_INDEXUIMANAGER_H
+#define OSTREL_WIDGETS_INDEXUIMANAGER_H
 
 #include <QLCDNumber>
 #include <memory>

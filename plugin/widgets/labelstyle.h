@@ -1,6 +1,6 @@
 // The style of labels whose text follows the palette, whatever the application's style or style sheet says.
-#ifndef LABELSTYLE_H
-#define LABELSTYLE_H
+#ifndef OSTREL_WIDGETS_LABELSTYLE_H
+#define OSTREL_WIDGETS_LABELSTYLE_H
 
 #include <QCommonStyle>
 

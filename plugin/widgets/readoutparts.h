@@ -1,6 +1,6 @@
 // The parts that the forms of the simple read-outs have in common.
-#ifndef READOUTPARTS_H
-#define READOUTPARTS_H
+#ifndef OSTREL_WIDGETS_READOUTPARTS_H
+#define OSTREL_WIDGETS_READOUTPARTS_H
 
 #include <QFrame>
 #include <QLabel>

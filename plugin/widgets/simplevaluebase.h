@@ -1,6 +1,6 @@
 // What the simple read-outs share: a name label and a value label bound to one variable.
-#ifndef SIMPLEVALUEBASE_H
-#define SIMPLEVALUEBASE_H
+#ifndef OSTREL_WIDGETS_SIMPLEVALUEBASE_H
+#define OSTREL_WIDGETS_SIMPLEVALUEBASE_H
 
 #include "core/ostrelbase.h"
 #include "readoutparts.h"

@@ -1,6 +1,6 @@
 // The layout of a simple read-out: name above value, or both in one row.
-#ifndef UIMANAGER_H
-#define UIMANAGER_H
+#ifndef OSTREL_WIDGETS_UIMANAGER_H
+#define OSTREL_WIDGETS_UIMANAGER_H
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 // The field of a value: a line edit that paints itself fast.
-#ifndef VALUEFIELD_H
-#define VALUEFIELD_H
+#ifndef OSTREL_WIDGETS_VALUEFIELD_H
+#define OSTREL_WIDGETS_VALUEFIELD_H
 
 #include <QLineEdit>
 

@@ -1,6 +1,6 @@
 // The everyday read-out: a name label and a value label.
-#ifndef ZEL_SIMPLEVALUE_H
-#define ZEL_SIMPLEVALUE_H
+#ifndef OSTREL_WIDGETS_ZEL_SIMPLEVALUE_H
+#define OSTREL_WIDGETS_ZEL_SIMPLEVALUE_H
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 // The read-out of free layout: the everyday read-out with more control over size, alignment and colour.
-#ifndef ZEL_SIMPLEVALUE_FL_H
-#define ZEL_SIMPLEVALUE_FL_H
+#ifndef OSTREL_WIDGETS_ZEL_SIMPLEVALUE_FL_H
+#define OSTREL_WIDGETS_ZEL_SIMPLEVALUE_FL_H
 
 #include <QColor>
 #include <memory>

@@ -1,6 +1,6 @@
 // The read-out of an input or output channel, addressed by its place and not by its name.
-#ifndef ZEL_SIMPLEVALUECHANINDEX_H
-#define ZEL_SIMPLEVALUECHANINDEX_H
+#ifndef OSTREL_WIDGETS_ZEL_SIMPLEVALUECHANINDEX_H
+#define OSTREL_WIDGETS_ZEL_SIMPLEVALUECHANINDEX_H
 
 #include <QBitArray>
 #include <memory>

@@ -1,6 +1,6 @@
 // The plain display of one variable: its name above a value field and a units label, inside a frame.
-#ifndef ZEL_VALUE_H
-#define ZEL_VALUE_H
+#ifndef OSTREL_WIDGETS_ZEL_VALUE_H
+#define OSTREL_WIDGETS_ZEL_VALUE_H
 
 #include "core/ostrelbase.h"
 

@@ -1,5 +1,5 @@
-#ifndef ZELGROUPPLUGIN_H
-#define ZELGROUPPLUGIN_H
+#ifndef OSTREL_WIDGETS_ZELGROUPPLUGIN_H
+#define OSTREL_WIDGETS_ZELGROUPPLUGIN_H
 
 #include "designer/widgetplugin.h"
 

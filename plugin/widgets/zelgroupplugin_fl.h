@@ -1,5 +1,5 @@
-#ifndef ZELGROUPPLUGIN_FL_H
-#define ZELGROUPPLUGIN_FL_H
+#ifndef OSTREL_WIDGETS_ZELGROUPPLUGIN_FL_H
+#define OSTREL_WIDGETS_ZELGROUPPLUGIN_FL_H
 
 #include "designer/widgetplugin.h"
 

@@ -1,6 +1,6 @@
 // A group box of read-outs, filled from a group file.
-#ifndef ZELGROUPWIDGET_H
-#define ZELGROUPWIDGET_H
+#ifndef OSTREL_WIDGETS_ZELGROUPWIDGET_H
+#define OSTREL_WIDGETS_ZELGROUPWIDGET_H
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 // A group box of read-outs of free layout, filled from a group file.
-#ifndef ZELGROUPWIDGET_FL_H
-#define ZELGROUPWIDGET_FL_H
+#ifndef OSTREL_WIDGETS_ZELGROUPWIDGET_FL_H
+#define OSTREL_WIDGETS_ZELGROUPWIDGET_FL_H
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 // A table of names, values and units: a shell for the designer that nothing fills.
-#ifndef ZELTABLE_H
-#define ZELTABLE_H
+#ifndef OSTREL_WIDGETS_ZELTABLE_H
+#define OSTREL_WIDGETS_ZELTABLE_H
 
 #include <QHash>
 #include <QStringList>

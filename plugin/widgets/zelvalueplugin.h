@@ -1,5 +1,5 @@
-#ifndef ZELVALUEPLUGIN_H
-#define ZELVALUEPLUGIN_H
+#ifndef OSTREL_WIDGETS_ZELVALUEPLUGIN_H
+#define OSTREL_WIDGETS_ZELVALUEPLUGIN_H
 
 #include "designer/widgetplugin.h"
 

@@ -21,7 +21,7 @@ struct Reading {
     Simulation simulation;
     Diagnostics diagnostics{"cell.toml"};
 
-    explicit Reading(const std::string& text) { read_cell_text(text, model, simulation, diagnostics); }
+    explicit Reading(const std::string& text) { readCellText(text, model, simulation, diagnostics); }
 };
 
 // The reasons for the lines behind the head, which count from 1 here.
@@ -29,7 +29,7 @@ std::string faults(const std::string& lines) {
     return Reading(lines.find("[cell]") == std::string::npos ? head + lines : lines).diagnostics.text();
 }
 
-std::vector<std::string> split_lines(const std::string& text) {
+std::vector<std::string> splitLines(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);)
@@ -269,7 +269,7 @@ TEST(CellFile, AcceptsEverySectionForItsKind) {
     for (const ostrel_section* section = sections; section != sections + count; ++section) {
         if (section->kind == ALIAS_TYPE)
             continue;
-        std::string text = "[" + std::string(kind_word(section->kind)) + ".X]\nsection = \"" + section->name + "\"\n";
+        std::string text = "[" + std::string(kindWord(section->kind)) + ".X]\nsection = \"" + section->name + "\"\n";
         if (is_array(section->kind))
             text += "size = 2\n";
         if (section->kind == STAT_TYPE)
@@ -290,12 +290,12 @@ TEST(CellFile, GivesDefaults) {
     EXPECT_EQ(real.format, "%.2f");
     EXPECT_EQ(real.value, 0);
     EXPECT_EQ(std::string(real.section->name), "gu-real");
-    EXPECT_EQ(real.range_max, 100);
+    EXPECT_EQ(real.rangeMax, 100);
     EXPECT_FALSE(real.limits.any());
     const Variable& logical = reading.model.variables[1];
-    EXPECT_EQ(logical.states.true_text, "TRUE");
-    EXPECT_EQ(logical.states.alarm_status, 1024);
-    EXPECT_EQ(reading.model.variables[2].stat.interval_s, 10);
+    EXPECT_EQ(logical.states.trueText, "TRUE");
+    EXPECT_EQ(logical.states.alarmStatus, 1024);
+    EXPECT_EQ(reading.model.variables[2].stat.intervalS, 10);
 }
 
 TEST(CellFile, ColoursAlarmsYellowAbortsRedAndLetsEmergenciesBlink) {
@@ -318,7 +318,7 @@ TEST(CellFile, SaysThatAFileIsMissing) {
     CellModel model;
     Simulation simulation;
     Diagnostics diagnostics("/nowhere/cell.toml");
-    read_cell_file("/nowhere/cell.toml", model, simulation, diagnostics);
+    readCellFile("/nowhere/cell.toml", model, simulation, diagnostics);
     EXPECT_EQ(diagnostics.text(), "/nowhere/cell.toml: cannot be read: No such file or directory");
 }
 
@@ -326,7 +326,7 @@ TEST(CellFile, SaysThatAFolderIsNoFile) {
     CellModel model;
     Simulation simulation;
     Diagnostics diagnostics("/tmp");
-    read_cell_file("/tmp", model, simulation, diagnostics);
+    readCellFile("/tmp", model, simulation, diagnostics);
     EXPECT_EQ(diagnostics.text(), "/tmp: is a directory; name a cell file");
 }
 
@@ -350,7 +350,7 @@ TEST(CellFile, SurvivesTheDemoCutAnywhere) {
     for (std::string line; std::getline(stream, line) && lines < 150; ++lines) {
         text += line + "\n";
         const Reading reading(text);
-        for (const std::string& reason : split_lines(reading.diagnostics.text()))
+        for (const std::string& reason : splitLines(reading.diagnostics.text()))
             EXPECT_EQ(reason.rfind("cell.toml:", 0), 0U) << reason;
     }
     EXPECT_EQ(lines, 150);
@@ -360,7 +360,7 @@ TEST(CellFile, FindsNoMistakeInTheDemo) {
     CellModel model;
     Simulation simulation;
     Diagnostics diagnostics(DEMO_CELL_FILE);
-    read_cell_file(DEMO_CELL_FILE, model, simulation, diagnostics);
+    readCellFile(DEMO_CELL_FILE, model, simulation, diagnostics);
     EXPECT_EQ(diagnostics.text(), "");
     EXPECT_GE(model.variables.size(), 150U);
 }

@@ -20,7 +20,7 @@ bool eventually(const std::function<bool()>& condition) {
     return true;
 }
 
-std::string unique_store_name() {
+std::string uniqueStoreName() {
     static std::atomic<int> number{0};
     return "celltest-" + std::to_string(getpid()) + "-" + std::to_string(number++);
 }
@@ -41,7 +41,7 @@ std::string CellTest::write(const std::string& text) {
     return path("cell.toml");
 }
 
-SHARED_MEMORY handle_of(const std::string& name) {
+SHARED_MEMORY handleOf(const std::string& name) {
     SHARED_MEMORY mem{};
     std::string label = name;
     EXPECT_EQ(find_variable(label.data(), &mem), 0) << name;
@@ -55,7 +55,7 @@ bool exists(const std::string& name) {
 }
 
 double number(const std::string& name) {
-    const SHARED_MEMORY mem = handle_of(name);
+    const SHARED_MEMORY mem = handleOf(name);
     void* address = get_vrbl_adr(mem);
     if (address == nullptr)
         return std::nan("");
@@ -87,7 +87,7 @@ double number(const std::string& name) {
 }
 
 std::string text(const std::string& name) {
-    const SHARED_MEMORY mem = handle_of(name);
+    const SHARED_MEMORY mem = handleOf(name);
     if (mem.vari_type == STRING_ARRAY_TYPE)
         return static_cast<STRING_ARRAY_MEMBER*>(mem.member_adr)->value;
     return record<STRING_VARIABLE>(name).value;

@@ -1,5 +1,6 @@
 // What the tests of the cell share: a folder of their own, a store name of their own, and waiting for a condition.
-#pragma once
+#ifndef OSTREL_TESTS_CELL_CELLTEST_H
+#define OSTREL_TESTS_CELL_CELLTEST_H
 
 #include <gtest/gtest.h>
 #include <ostrel/store.h>
@@ -10,7 +11,7 @@
 // Tries until `condition` holds, for at most 20 seconds.
 bool eventually(const std::function<bool()>& condition);
 
-std::string unique_store_name();
+std::string uniqueStoreName();
 
 class CellTest : public testing::Test {
 protected:
@@ -26,7 +27,7 @@ private:
 };
 
 // Reading the store in use by name, as any client does. Failing look-ups fail the test.
-SHARED_MEMORY handle_of(const std::string& name);
+SHARED_MEMORY handleOf(const std::string& name);
 bool exists(const std::string& name);
 double number(const std::string& name);
 std::string text(const std::string& name);
@@ -34,7 +35,9 @@ std::string text(const std::string& name);
 template <typename Record>
 Record& record(const std::string& name) {
     static Record nothing{};
-    void* address = get_vrbl_adr(handle_of(name));
+    void* address = get_vrbl_adr(handleOf(name));
     EXPECT_NE(address, nullptr) << name;
     return address != nullptr ? *static_cast<Record*>(address) : nothing;
 }
+
+#endif

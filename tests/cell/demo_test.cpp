@@ -18,7 +18,7 @@ protected:
     static void set(const std::string& name, short value) { set_logical(&record<LOGICAL_VARIABLE>(name), value); }
 
     bool reaches(const std::string& state) {
-        return scan_until([&] { return text("CELL_STATE") == state; });
+        return scanUntil([&] { return text("CELL_STATE") == state; });
     }
 };
 
@@ -29,7 +29,7 @@ TEST_F(Demo, TripsAndStaysTrippedUntilItIsStoppedAndStarts) {
     ASSERT_TRUE(reaches("TRIPPED"));
     EXPECT_EQ(number("IGNITION"), 0);
     set("EMERGENCY_STOP", 0);
-    ASSERT_TRUE(scan_until([] { return number("ENGINE_SPEED") < 20; }));
+    ASSERT_TRUE(scanUntil([] { return number("ENGINE_SPEED") < 20; }));
     EXPECT_EQ(text("CELL_STATE"), "TRIPPED");
     set("ENGINE_RUN", 0);
     ASSERT_TRUE(reaches("STOPPED"));
@@ -37,20 +37,20 @@ TEST_F(Demo, TripsAndStaysTrippedUntilItIsStoppedAndStarts) {
     set("ENGINE_RUN", 1);
     ASSERT_TRUE(reaches("CRANKING"));
     EXPECT_EQ(number("STARTER"), 1);
-    ASSERT_TRUE(scan_until([] { return number("FIRING") == 1 && number("ENGINE_SPEED") > 700; }));
+    ASSERT_TRUE(scanUntil([] { return number("FIRING") == 1 && number("ENGINE_SPEED") > 700; }));
     EXPECT_EQ(number("STARTER"), 0);
     EXPECT_EQ(number("ENGINE_STARTS"), starts + 1);
 }
 
 TEST_F(Demo, TakesAFuelReadingAndEndsIt) {
     serve(demo());
-    ASSERT_TRUE(scan_until([] { return number("FUEL_FLOW") > 1; }));
+    ASSERT_TRUE(scanUntil([] { return number("FUEL_FLOW") > 1; }));
     set_real_variable(&record<REAL_VARIABLE>("FUEL_READING_LENGTH"), 2);
     set("LOAD_CYCLE", 0);
     set("FUEL_READING", 1);
-    ASSERT_TRUE(scan_until([] { return number("FUEL_READING_RATE") > 0; }));
+    ASSERT_TRUE(scanUntil([] { return number("FUEL_READING_RATE") > 0; }));
     EXPECT_EQ(text("FUEL_READING_STATE"), "MEASURING");
-    ASSERT_TRUE(scan_until([] { return number("FUEL_READING") == 0; }));
+    ASSERT_TRUE(scanUntil([] { return number("FUEL_READING") == 0; }));
     EXPECT_GT(number("FUEL_READING_MASS"), 0);
     EXPECT_EQ(number("FUEL_READING_NO"), 1);
 }
@@ -59,7 +59,7 @@ TEST_F(Demo, GetsTooHotAndTellsIt) {
     serve(demo());
     // The oil follows the power within seconds; started near its limit it need not be waited for.
     set_real_variable(&record<REAL_VARIABLE>("OIL_TEMP"), 112);
-    ASSERT_TRUE(scan_until([] { return number("OIL_TEMP_HIGH") == 1; }));
+    ASSERT_TRUE(scanUntil([] { return number("OIL_TEMP_HIGH") == 1; }));
     EXPECT_EQ(record<REAL_VARIABLE>("OIL_TEMP").limit_status.high_alarm, 1);
     EXPECT_GE(number("ALARM_COUNT"), 1);
 }

@@ -10,46 +10,46 @@
 namespace {
 
 TEST(Expression, ComputesWithTheUsualRules) {
-    EXPECT_DOUBLE_EQ(value_of("1 + 2 * 3"), 7);
-    EXPECT_DOUBLE_EQ(value_of("(1 + 2) * 3 / 2"), 4.5);
-    EXPECT_DOUBLE_EQ(value_of("2 ^ 3 ^ 2"), 512);
-    EXPECT_DOUBLE_EQ(value_of("-2 + 1.5e1 - .5"), 12.5);
-    EXPECT_DOUBLE_EQ(value_of("1e-2 * 2E+3"), 20);
-    EXPECT_DOUBLE_EQ(value_of("pi"), M_PI);
+    EXPECT_DOUBLE_EQ(valueOf("1 + 2 * 3"), 7);
+    EXPECT_DOUBLE_EQ(valueOf("(1 + 2) * 3 / 2"), 4.5);
+    EXPECT_DOUBLE_EQ(valueOf("2 ^ 3 ^ 2"), 512);
+    EXPECT_DOUBLE_EQ(valueOf("-2 + 1.5e1 - .5"), 12.5);
+    EXPECT_DOUBLE_EQ(valueOf("1e-2 * 2E+3"), 20);
+    EXPECT_DOUBLE_EQ(valueOf("pi"), M_PI);
 }
 
 TEST(Expression, Compares) {
-    EXPECT_EQ(value_of("1 < 2"), 1);
-    EXPECT_EQ(value_of("2 <= 1"), 0);
-    EXPECT_EQ(value_of("2 == 2 && 1 != 2"), 1);
-    EXPECT_EQ(value_of("0 || 3 > 2"), 1);
-    EXPECT_EQ(value_of("!(1 < 2)"), 0);
-    EXPECT_EQ(value_of("!0"), 1);
-    EXPECT_EQ(value_of("true && !false"), 1);
-    EXPECT_EQ(value_of("2 > 1 ? 10 : 20"), 10);
-    EXPECT_EQ(value_of("0 ? 1 : 0 ? 2 : 3"), 3);
+    EXPECT_EQ(valueOf("1 < 2"), 1);
+    EXPECT_EQ(valueOf("2 <= 1"), 0);
+    EXPECT_EQ(valueOf("2 == 2 && 1 != 2"), 1);
+    EXPECT_EQ(valueOf("0 || 3 > 2"), 1);
+    EXPECT_EQ(valueOf("!(1 < 2)"), 0);
+    EXPECT_EQ(valueOf("!0"), 1);
+    EXPECT_EQ(valueOf("true && !false"), 1);
+    EXPECT_EQ(valueOf("2 > 1 ? 10 : 20"), 10);
+    EXPECT_EQ(valueOf("0 ? 1 : 0 ? 2 : 3"), 3);
 }
 
 TEST(Expression, KnowsTheMathematicalFunctions) {
-    EXPECT_DOUBLE_EQ(value_of("sin(pi / 2) + cos(0) + tan(0)"), 2);
-    EXPECT_DOUBLE_EQ(value_of("asin(1) + acos(1) + atan(0)"), M_PI / 2);
-    EXPECT_DOUBLE_EQ(value_of("atan2(1, 1)"), M_PI / 4);
-    EXPECT_DOUBLE_EQ(value_of("sinh(0) + cosh(0) + tanh(0)"), 1);
-    EXPECT_DOUBLE_EQ(value_of("exp(1)"), M_E);
-    EXPECT_DOUBLE_EQ(value_of("ln(exp(2)) + log10(1000) + log2(8)"), 8);
-    EXPECT_DOUBLE_EQ(value_of("sqrt(16) + abs(-3) + sign(-7)"), 6);
-    EXPECT_DOUBLE_EQ(value_of("min(3, 1, 2) + max(3, 1, 2) + sum(1, 2, 3) + avg(2, 4)"), 13);
-    EXPECT_DOUBLE_EQ(value_of("rint(2.6) + floor(2.6) + ceil(2.2)"), 8);
-    EXPECT_DOUBLE_EQ(value_of("mod(7, 3) + mod(-1, 3)"), 3);
-    EXPECT_DOUBLE_EQ(value_of("mod(7, 0)"), 0);
-    EXPECT_DOUBLE_EQ(value_of("clamp(5, 0, 3) + clamp(-5, 0, 3) + clamp(2, 0, 3)"), 5);
+    EXPECT_DOUBLE_EQ(valueOf("sin(pi / 2) + cos(0) + tan(0)"), 2);
+    EXPECT_DOUBLE_EQ(valueOf("asin(1) + acos(1) + atan(0)"), M_PI / 2);
+    EXPECT_DOUBLE_EQ(valueOf("atan2(1, 1)"), M_PI / 4);
+    EXPECT_DOUBLE_EQ(valueOf("sinh(0) + cosh(0) + tanh(0)"), 1);
+    EXPECT_DOUBLE_EQ(valueOf("exp(1)"), M_E);
+    EXPECT_DOUBLE_EQ(valueOf("ln(exp(2)) + log10(1000) + log2(8)"), 8);
+    EXPECT_DOUBLE_EQ(valueOf("sqrt(16) + abs(-3) + sign(-7)"), 6);
+    EXPECT_DOUBLE_EQ(valueOf("min(3, 1, 2) + max(3, 1, 2) + sum(1, 2, 3) + avg(2, 4)"), 13);
+    EXPECT_DOUBLE_EQ(valueOf("rint(2.6) + floor(2.6) + ceil(2.2)"), 8);
+    EXPECT_DOUBLE_EQ(valueOf("mod(7, 3) + mod(-1, 3)"), 3);
+    EXPECT_DOUBLE_EQ(valueOf("mod(7, 0)"), 0);
+    EXPECT_DOUBLE_EQ(valueOf("clamp(5, 0, 3) + clamp(-5, 0, 3) + clamp(2, 0, 3)"), 5);
 }
 
 TEST(Expression, LooksUpATable) {
     const std::string table = "table(%, 0, 10, 5, 20, 10, 0)";
     const auto at = [&table](const std::string& x) {
         std::string expression = table;
-        return value_of(expression.replace(expression.find('%'), 1, x));
+        return valueOf(expression.replace(expression.find('%'), 1, x));
     };
     EXPECT_DOUBLE_EQ(at("-3"), 10);
     EXPECT_DOUBLE_EQ(at("0"), 10);
@@ -60,17 +60,17 @@ TEST(Expression, LooksUpATable) {
 }
 
 TEST(Expression, KnowsTheTime) {
-    EXPECT_DOUBLE_EQ(value_of("t", 2.5), 2.5);
-    EXPECT_DOUBLE_EQ(value_of("dt", 0.25), 0.25);
-    EXPECT_DOUBLE_EQ(value_of("step(2)", 1.9), 0);
-    EXPECT_DOUBLE_EQ(value_of("step(2)", 2), 1);
-    EXPECT_DOUBLE_EQ(value_of("square(10)", 4), 1);
-    EXPECT_DOUBLE_EQ(value_of("square(10)", 6), 0);
-    EXPECT_DOUBLE_EQ(value_of("square(10, 0.2)", 12.5), 0);
-    EXPECT_DOUBLE_EQ(value_of("saw(10)", 12.5), 0.25);
-    EXPECT_DOUBLE_EQ(value_of("triangle(10)", 2.5), 0.5);
-    EXPECT_DOUBLE_EQ(value_of("triangle(10)", 7.5), 0.5);
-    EXPECT_DOUBLE_EQ(value_of("triangle(10)", 5), 1);
+    EXPECT_DOUBLE_EQ(valueOf("t", 2.5), 2.5);
+    EXPECT_DOUBLE_EQ(valueOf("dt", 0.25), 0.25);
+    EXPECT_DOUBLE_EQ(valueOf("step(2)", 1.9), 0);
+    EXPECT_DOUBLE_EQ(valueOf("step(2)", 2), 1);
+    EXPECT_DOUBLE_EQ(valueOf("square(10)", 4), 1);
+    EXPECT_DOUBLE_EQ(valueOf("square(10)", 6), 0);
+    EXPECT_DOUBLE_EQ(valueOf("square(10, 0.2)", 12.5), 0);
+    EXPECT_DOUBLE_EQ(valueOf("saw(10)", 12.5), 0.25);
+    EXPECT_DOUBLE_EQ(valueOf("triangle(10)", 2.5), 0.5);
+    EXPECT_DOUBLE_EQ(valueOf("triangle(10)", 7.5), 0.5);
+    EXPECT_DOUBLE_EQ(valueOf("triangle(10)", 5), 1);
 }
 
 TEST(Expression, LagsBehindByTheTimeConstant) {

@@ -17,18 +17,18 @@ namespace {
 
 using Random = std::mt19937_64;
 
-std::string read_file(const std::string& file) {
+std::string readFile(const std::string& file) {
     std::ostringstream text;
     text << std::ifstream(file).rdbuf();
     return text.str();
 }
 
-std::size_t below(Random& random, std::size_t bound) {
-    return bound == 0 ? 0 : static_cast<std::size_t>(random() % bound);
+size_t below(Random& random, size_t bound) {
+    return bound == 0 ? 0 : static_cast<size_t>(random() % bound);
 }
 
 // One of everything that a cell file can say, in few lines, so that a change hits something.
-const std::string small_cell = R"cell([cell]
+const std::string smallCell = R"cell([cell]
 name = "fuzz"
 scan_ms = 50
 mode = "0600"
@@ -102,8 +102,8 @@ const char* const pieces[] = {"[",       "]",     "{",
                               "max = ",  "++",    "9223372036854775807"};
 
 void change(std::string& text, Random& random) {
-    const std::size_t at = below(random, text.size() + 1);
-    const std::size_t length = std::min(below(random, 40), text.size() - at);
+    const size_t at = below(random, text.size() + 1);
+    const size_t length = std::min(below(random, 40), text.size() - at);
     switch (random() % 7) {
         case 0:
             text.erase(at, length);
@@ -112,7 +112,7 @@ void change(std::string& text, Random& random) {
             text.insert(at, pieces[below(random, std::size(pieces))]);
             break;
         case 2:
-            text.replace(at, std::min<std::size_t>(length, 4), pieces[below(random, std::size(pieces))]);
+            text.replace(at, std::min<size_t>(length, 4), pieces[below(random, std::size(pieces))]);
             break;
         case 3:
             text.insert(below(random, text.size() + 1), text.substr(at, length));
@@ -129,7 +129,7 @@ void change(std::string& text, Random& random) {
     }
 }
 
-std::string random_bytes(Random& random) {
+std::string randomBytes(Random& random) {
     std::string text(below(random, 400), '\0');
     for (char& byte : text)
         byte = static_cast<char>(random());
@@ -137,37 +137,37 @@ std::string random_bytes(Random& random) {
 }
 
 // Some hundred bytes of the demo around a place, with the head that makes them a cell.
-std::string piece_of(const std::string& demo, Random& random) {
-    const std::size_t from = demo.find("\n[", below(random, demo.size()));
+std::string pieceOf(const std::string& demo, Random& random) {
+    const size_t from = demo.find("\n[", below(random, demo.size()));
     return "[cell]\nname = \"x\"\n" + (from == std::string::npos ? "" : demo.substr(from, 600 + below(random, 900)));
 }
 
-std::string input(std::uint64_t number, const std::string& demo) {
+std::string input(uint64_t number, const std::string& demo) {
     Random random(number);
     if (number % 16 == 0)
-        return random_bytes(random);
-    std::string text = number % 4 == 1 ? piece_of(demo, random) : small_cell;
-    for (std::size_t changes = 1 + below(random, 8); changes > 0; --changes)
+        return randomBytes(random);
+    std::string text = number % 4 == 1 ? pieceOf(demo, random) : smallCell;
+    for (size_t changes = 1 + below(random, 8); changes > 0; --changes)
         change(text, random);
     return text;
 }
 
 // What a cell must be that is served: nothing in it may lead anywhere else.
-void expect_whole(const CellModel& model, Simulation& simulation) {
+void expectWhole(const CellModel& model, Simulation& simulation) {
     EXPECT_FALSE(model.name.empty());
     for (const Variable& variable : model.variables) {
         EXPECT_NE(variable.kind, UNDEFINED_VAR_TYPE);
         ASSERT_NE(variable.section, nullptr);
         EXPECT_EQ(variable.section->kind, variable.kind);
-        EXPECT_EQ(model.variable_by_label.count(variable.label()), 1U);
+        EXPECT_EQ(model.variableByLabel.count(variable.label()), 1U);
     }
     for (const auto& output : simulation.outputs())
-        ASSERT_LT(static_cast<std::size_t>(output.ref.variable), model.variables.size());
+        ASSERT_LT(static_cast<size_t>(output.ref.variable), model.variables.size());
     for (int count = 0; count < 2; ++count)
-        simulation.run(count, 1, [](std::size_t, double result) { return result; });
+        simulation.run(count, 1, [](size_t, double result) { return result; });
 }
 
-bool is_told_by_line(const std::string& reasons) {
+bool isToldByLine(const std::string& reasons) {
     std::istringstream stream(reasons);
     for (std::string line; std::getline(stream, line);)
         if (line.rfind("fuzz.toml:", 0) == 0)
@@ -180,30 +180,30 @@ bool take(const std::string& text) {
     CellModel model;
     Simulation simulation;
     Diagnostics diagnostics("fuzz.toml");
-    read_cell_text(text, model, simulation, diagnostics);
+    readCellText(text, model, simulation, diagnostics);
     if (diagnostics.empty())
-        expect_whole(model, simulation);
+        expectWhole(model, simulation);
     else
-        EXPECT_TRUE(is_told_by_line(diagnostics.text())) << diagnostics.text();
+        EXPECT_TRUE(isToldByLine(diagnostics.text())) << diagnostics.text();
     return diagnostics.empty();
 }
 
-std::uint64_t from_environment(const char* name, std::uint64_t otherwise) {
+uint64_t fromEnvironment(const char* name, uint64_t otherwise) {
     const char* text = std::getenv(name);
     return text != nullptr ? std::strtoull(text, nullptr, 10) : otherwise;
 }
 
 TEST(CellFuzz, TakesTheCellThatItStartsFrom) {
-    EXPECT_TRUE(take(small_cell));
+    EXPECT_TRUE(take(smallCell));
 }
 
 TEST(CellFuzz, RefusesOrTakesWhole) {
-    const std::string demo = read_file(DEMO_CELL_FILE);
+    const std::string demo = readFile(DEMO_CELL_FILE);
     ASSERT_FALSE(demo.empty());
-    const std::uint64_t first = from_environment("CELL_FUZZ_FIRST", 1);
-    const std::uint64_t runs = from_environment("CELL_FUZZ_RUNS", 20'000);
-    std::uint64_t taken = 0;
-    for (std::uint64_t number = first; number < first + runs && !testing::Test::HasFailure(); ++number) {
+    const uint64_t first = fromEnvironment("CELL_FUZZ_FIRST", 1);
+    const uint64_t runs = fromEnvironment("CELL_FUZZ_RUNS", 20'000);
+    uint64_t taken = 0;
+    for (uint64_t number = first; number < first + runs && !testing::Test::HasFailure(); ++number) {
         SCOPED_TRACE("input " + std::to_string(number));
         taken += take(input(number, demo)) ? 1 : 0;
     }
@@ -211,10 +211,10 @@ TEST(CellFuzz, RefusesOrTakesWhole) {
     EXPECT_LT(taken, runs);
 }
 
-class CellFuzzFound : public testing::TestWithParam<std::uint64_t> {};
+class CellFuzzFound : public testing::TestWithParam<uint64_t> {};
 
 TEST_P(CellFuzzFound, StaysRepaired) {
-    take(input(GetParam(), read_file(DEMO_CELL_FILE)));
+    take(input(GetParam(), readFile(DEMO_CELL_FILE)));
 }
 
 // Letters outside of quotes: what the parser makes of them is not defined in every release.

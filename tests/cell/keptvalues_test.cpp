@@ -42,11 +42,11 @@ TEST_F(KeptValues, AreThereAtTheNextStart) {
     set_real_variable(&record<REAL_VARIABLE>("SP"), 0.1);
     set_integer(&record<INTEGER_VARIABLE>("I"), -7);
     set_logical(&record<LOGICAL_VARIABLE>("L"), 1);
-    char text_value[] = "50 % \xC3\xA4\n\"x\"";
-    set_string_variable(&record<STRING_VARIABLE>("S"), text_value);
-    const SHARED_MEMORY element = handle_of("A:1");
+    char textValue[] = "50 % \xC3\xA4\n\"x\"";
+    set_string_variable(&record<STRING_VARIABLE>("S"), textValue);
+    const SHARED_MEMORY element = handleOf("A:1");
     ostrel_set_array_element(&element, 1e-300, nullptr);
-    const SHARED_MEMORY word = handle_of("T:0");
+    const SHARED_MEMORY word = handleOf("T:0");
     ostrel_set_array_element(&word, 0, "first");
     set_real_variable(&record<REAL_VARIABLE>("FORGETS"), 6);
     stop();
@@ -54,7 +54,7 @@ TEST_F(KeptValues, AreThereAtTheNextStart) {
     EXPECT_EQ(number("SP"), 0.1);
     EXPECT_EQ(number("I"), -7);
     EXPECT_EQ(number("L"), 1);
-    EXPECT_EQ(text("S"), text_value);
+    EXPECT_EQ(text("S"), textValue);
     EXPECT_EQ(number("A:1"), 1e-300);
     EXPECT_EQ(text("T:0"), "first");
     EXPECT_EQ(text("T:1"), "");
@@ -64,7 +64,7 @@ TEST_F(KeptValues, AreThereAtTheNextStart) {
 TEST_F(KeptValues, AreWrittenWhileTheCellRuns) {
     serve(setpoint);
     set_real_variable(&record<REAL_VARIABLE>("SP"), 2.5);
-    EXPECT_TRUE(scan_until([&] { return contents(file()) == "ostrel-kept 1\nreal SP bar 2.5\nend 1\n"; }))
+    EXPECT_TRUE(scanUntil([&] { return contents(file()) == "ostrel-kept 1\nreal SP bar 2.5\nend 1\n"; }))
         << contents(file());
 }
 
@@ -93,7 +93,7 @@ TEST_F(KeptValues, ComeAndGoWithAReload) {
     int status = -1;
     reload(scans + "[real.SP]\nvalue = 3\npersist = true\n", status);
     EXPECT_EQ(status, 0);
-    EXPECT_TRUE(scan_until([&] { return contents(file()) == "ostrel-kept 1\nreal SP - 3\nend 1\n"; }));
+    EXPECT_TRUE(scanUntil([&] { return contents(file()) == "ostrel-kept 1\nreal SP - 3\nend 1\n"; }));
 }
 
 TEST_F(KeptValues, ThatDoNotFitAnyMoreLeaveTheRest) {
@@ -118,7 +118,7 @@ TEST_F(KeptValues, SayInALineWhatDoesNotFit) {
     variable.units.keyword = "bar";
     variable.persist = true;
     model.variables.push_back(variable);
-    const auto remarks = take_kept_values(file(), model);
+    const auto remarks = takeKeptValues(file(), model);
     ASSERT_EQ(remarks.size(), 1U);
     EXPECT_EQ(remarks[0], file() + ": SP starts with the value of the cell file; its kept value is in rpm");
 }
@@ -151,26 +151,26 @@ INSTANTIATE_TEST_SUITE_P(
 // A file cut at each of its bytes is either whole or refused; nothing is taken in part.
 TEST_F(KeptValues, AreTakenWholeOrNotAtAll) {
     const std::string whole = "ostrel-kept 1\nreal A - 5\nreal B - 6\nend 2\n";
-    for (std::size_t size = 0; size <= whole.size(); ++size) {
+    for (size_t size = 0; size <= whole.size(); ++size) {
         put(whole.substr(0, size));
         CellModel model;
         model.variables.resize(2);
         for (int index = 0; index < 2; ++index) {
-            model.variables[static_cast<std::size_t>(index)].kind = REAL_TYPE;
-            model.variables[static_cast<std::size_t>(index)].name = index == 0 ? "A" : "B";
-            model.variables[static_cast<std::size_t>(index)].persist = true;
+            model.variables[static_cast<size_t>(index)].kind = REAL_TYPE;
+            model.variables[static_cast<size_t>(index)].name = index == 0 ? "A" : "B";
+            model.variables[static_cast<size_t>(index)].persist = true;
         }
-        const auto remarks = take_kept_values(file(), model);
+        const auto remarks = takeKeptValues(file(), model);
         EXPECT_EQ(model.variables[0].value, size == whole.size() ? 5 : 0) << size;
         EXPECT_EQ(model.variables[1].value, size == whole.size() ? 6 : 0) << size;
         EXPECT_EQ(remarks.size(), size == whole.size() ? 0U : 1U) << size;
     }
 }
 
-[[noreturn]] void replace_for_ever(const std::string& file, const std::string& one, const std::string& other) {
+[[noreturn]] void replaceForEver(const std::string& file, const std::string& one, const std::string& other) {
     for (;;) {
-        replace_file(file, one);
-        replace_file(file, other);
+        replaceFile(file, one);
+        replaceFile(file, other);
     }
 }
 
@@ -180,29 +180,29 @@ TEST_F(KeptValues, SurviveAKillAtAnyMoment) {
     const std::string other(120'000, 'b');
     std::mt19937 random(7);
     std::uniform_int_distribution<int> microseconds(0, 20'000);
-    int seen_one = 0;
-    int seen_other = 0;
-    replace_file(file(), one);
+    int seenOne = 0;
+    int seenOther = 0;
+    replaceFile(file(), one);
     for (int round = 0; round < 60; ++round) {
         const pid_t writer = fork();
         if (writer == 0)
-            replace_for_ever(file(), one, other);
+            replaceForEver(file(), one, other);
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
         kill(writer, SIGKILL);
         waitpid(writer, nullptr, 0);
         const std::string left = contents(file());
         EXPECT_TRUE(left == one || left == other) << left.size() << " bytes";
-        (left == one ? seen_one : seen_other)++;
+        (left == one ? seenOne : seenOther)++;
     }
-    EXPECT_GT(seen_one, 0);
-    EXPECT_GT(seen_other, 0);
+    EXPECT_GT(seenOne, 0);
+    EXPECT_GT(seenOther, 0);
 }
 
 TEST_F(KeptValues, ThatCannotBeWrittenSayWhy) {
-    EXPECT_EQ(replace_file(path("nowhere/x.kept"), "text"),
+    EXPECT_EQ(replaceFile(path("nowhere/x.kept"), "text"),
               path("nowhere/x.kept.new") + ": cannot be written: No such file or directory");
     std::filesystem::create_directory(path("folder"));
-    EXPECT_EQ(replace_file(path("folder"), "text"), path("folder") + ": cannot be replaced: Is a directory");
+    EXPECT_EQ(replaceFile(path("folder"), "text"), path("folder") + ": cannot be replaced: Is a directory");
     EXPECT_FALSE(std::filesystem::exists(path("folder.new")));
 }
 

@@ -7,49 +7,49 @@ using namespace ostrelcell;
 
 namespace {
 
-Limits six_limits() {
+Limits sixLimits() {
     Limits limits;
     const double values[] = {20, 10, 0, 80, 90, 100};
     const short status[] = {1536, 1024, 1025, 256, 512, 1793};
-    for (std::size_t index = 0; index < 6; ++index)
+    for (size_t index = 0; index < 6; ++index)
         limits.rules[index] = {true, values[index], status[index]};
     return limits;
 }
 
 LIMIT_STATUS judged(const Limits& limits, double value, unsigned short before = 0) {
-    return status_of(judge_value(limits, value, 0, before));
+    return statusOf(judgeValue(limits, value, 0, before));
 }
 
 TEST(LimitState, IsClearWithin) {
-    EXPECT_EQ(judge_value(six_limits(), 50, 0, 0), 0);
-    EXPECT_EQ(judge_value(six_limits(), 80, 0, 0), 0) << "the limit itself is still good";
-    EXPECT_EQ(judge_value(six_limits(), 20, 0, 0), 0);
+    EXPECT_EQ(judgeValue(sixLimits(), 50, 0, 0), 0);
+    EXPECT_EQ(judgeValue(sixLimits(), 80, 0, 0), 0) << "the limit itself is still good";
+    EXPECT_EQ(judgeValue(sixLimits(), 20, 0, 0), 0);
 }
 
 TEST(LimitState, SetsEachBitAndItsLatch) {
-    EXPECT_EQ(judged(six_limits(), 85).high_alarm, 1);
-    EXPECT_EQ(judged(six_limits(), 85).high_alarm_latch, 1);
-    EXPECT_EQ(judged(six_limits(), 85).high_abort, 0);
-    EXPECT_EQ(judged(six_limits(), 95).high_abort, 1);
-    EXPECT_EQ(judged(six_limits(), 105).high_emergency, 1);
-    EXPECT_EQ(judged(six_limits(), 105).high_emergency_latch, 1);
-    EXPECT_EQ(judged(six_limits(), 15).low_alarm, 1);
-    EXPECT_EQ(judged(six_limits(), 5).low_abort, 1);
-    EXPECT_EQ(judged(six_limits(), -1).low_emergency, 1);
-    EXPECT_EQ(judged(six_limits(), -1).low_emergency_latch, 1);
-    EXPECT_EQ(judged(six_limits(), -1).high_alarm, 0);
+    EXPECT_EQ(judged(sixLimits(), 85).high_alarm, 1);
+    EXPECT_EQ(judged(sixLimits(), 85).high_alarm_latch, 1);
+    EXPECT_EQ(judged(sixLimits(), 85).high_abort, 0);
+    EXPECT_EQ(judged(sixLimits(), 95).high_abort, 1);
+    EXPECT_EQ(judged(sixLimits(), 105).high_emergency, 1);
+    EXPECT_EQ(judged(sixLimits(), 105).high_emergency_latch, 1);
+    EXPECT_EQ(judged(sixLimits(), 15).low_alarm, 1);
+    EXPECT_EQ(judged(sixLimits(), 5).low_abort, 1);
+    EXPECT_EQ(judged(sixLimits(), -1).low_emergency, 1);
+    EXPECT_EQ(judged(sixLimits(), -1).low_emergency_latch, 1);
+    EXPECT_EQ(judged(sixLimits(), -1).high_alarm, 0);
 }
 
 TEST(LimitState, LatchesStayWhenTheValueIsBack) {
-    const unsigned short word = judge_value(six_limits(), 50, 0, judge_value(six_limits(), 85, 0, 0));
-    EXPECT_EQ(status_of(word).high_alarm, 0);
-    EXPECT_EQ(status_of(word).high_alarm_latch, 1);
-    EXPECT_EQ(status_for(six_limits(), word), 0);
-    EXPECT_EQ(alarm_level_of(word), 0);
+    const unsigned short word = judgeValue(sixLimits(), 50, 0, judgeValue(sixLimits(), 85, 0, 0));
+    EXPECT_EQ(statusOf(word).high_alarm, 0);
+    EXPECT_EQ(statusOf(word).high_alarm_latch, 1);
+    EXPECT_EQ(statusFor(sixLimits(), word), 0);
+    EXPECT_EQ(alarmLevelOf(word), 0);
 }
 
 TEST(LimitState, ColoursByTheWorst) {
-    const auto colour = [](double value) { return status_for(six_limits(), judge_value(six_limits(), value, 0, 0)); };
+    const auto colour = [](double value) { return statusFor(sixLimits(), judgeValue(sixLimits(), value, 0, 0)); };
     EXPECT_EQ(colour(50), 0);
     EXPECT_EQ(colour(85), 256);
     EXPECT_EQ(colour(95), 512);
@@ -60,7 +60,7 @@ TEST(LimitState, ColoursByTheWorst) {
 }
 
 TEST(LimitState, TellsTheAlarmLevel) {
-    const auto level = [](double value) { return alarm_level_of(judge_value(six_limits(), value, 0, 0)); };
+    const auto level = [](double value) { return alarmLevelOf(judgeValue(sixLimits(), value, 0, 0)); };
     EXPECT_EQ(level(50), 0);
     EXPECT_EQ(level(85), 1);
     EXPECT_EQ(level(5), 2);
@@ -68,50 +68,50 @@ TEST(LimitState, TellsTheAlarmLevel) {
 }
 
 TEST(LimitState, HoldsWithinTheDeadband) {
-    Limits limits = six_limits();
+    Limits limits = sixLimits();
     limits.deadband = 2;
-    const unsigned short high = judge_value(limits, 81, 0, 0);
-    EXPECT_EQ(status_of(judge_value(limits, 79, 0, high)).high_alarm, 1);
-    EXPECT_EQ(status_of(judge_value(limits, 79, 0, 0)).high_alarm, 0);
-    EXPECT_EQ(status_of(judge_value(limits, 77.9, 0, high)).high_alarm, 0);
-    const unsigned short low = judge_value(limits, 19, 0, 0);
-    EXPECT_EQ(status_of(judge_value(limits, 21, 0, low)).low_alarm, 1);
-    EXPECT_EQ(status_of(judge_value(limits, 22.1, 0, low)).low_alarm, 0);
+    const unsigned short high = judgeValue(limits, 81, 0, 0);
+    EXPECT_EQ(statusOf(judgeValue(limits, 79, 0, high)).high_alarm, 1);
+    EXPECT_EQ(statusOf(judgeValue(limits, 79, 0, 0)).high_alarm, 0);
+    EXPECT_EQ(statusOf(judgeValue(limits, 77.9, 0, high)).high_alarm, 0);
+    const unsigned short low = judgeValue(limits, 19, 0, 0);
+    EXPECT_EQ(statusOf(judgeValue(limits, 21, 0, low)).low_alarm, 1);
+    EXPECT_EQ(statusOf(judgeValue(limits, 22.1, 0, low)).low_alarm, 0);
 }
 
 TEST(LimitState, AgesAndGivesWayToAnAlarm) {
-    Limits limits = six_limits();
+    Limits limits = sixLimits();
     limits.rules[VARIABLE_AGE_LIMIT] = {true, 5, 768};
-    const unsigned short old = judge_value(limits, 50, 5.1, 0);
-    EXPECT_EQ(status_of(old).variable_age, 1);
-    EXPECT_EQ(status_of(old).variable_age_latch, 1);
-    EXPECT_EQ(status_for(limits, old), 768);
-    EXPECT_EQ(judge_value(limits, 50, 5, 0), 0);
-    EXPECT_EQ(status_for(limits, judge_value(limits, 85, 6, 0)), 256);
+    const unsigned short old = judgeValue(limits, 50, 5.1, 0);
+    EXPECT_EQ(statusOf(old).variable_age, 1);
+    EXPECT_EQ(statusOf(old).variable_age_latch, 1);
+    EXPECT_EQ(statusFor(limits, old), 768);
+    EXPECT_EQ(judgeValue(limits, 50, 5, 0), 0);
+    EXPECT_EQ(statusFor(limits, judgeValue(limits, 85, 6, 0)), 256);
 }
 
 TEST(LimitState, UsesTheNormalColour) {
-    Limits limits = six_limits();
-    limits.normal_status = 512;
-    EXPECT_EQ(status_for(limits, 0), 512);
+    Limits limits = sixLimits();
+    limits.normalStatus = 512;
+    EXPECT_EQ(statusFor(limits, 0), 512);
 }
 
 TEST(LimitState, JudgesLogicals) {
     LogicalStates states;
-    states.alarm_status = 1025;
-    states.true_status = 512;
+    states.alarmStatus = 1025;
+    states.trueStatus = 512;
     const Limits none;
-    EXPECT_EQ(judge_logical(states, none, true, 0, 0), 0);
-    EXPECT_EQ(status_for_logical(states, none, true, 0), 512);
+    EXPECT_EQ(judgeLogical(states, none, true, 0, 0), 0);
+    EXPECT_EQ(statusForLogical(states, none, true, 0), 512);
     states.alarm = TRUE_IS_ALARM;
-    const unsigned short high = judge_logical(states, none, true, 0, 0);
-    EXPECT_EQ(status_of(high).high_alarm, 1);
-    EXPECT_EQ(status_of(high).high_alarm_latch, 1);
-    EXPECT_EQ(status_for_logical(states, none, true, high), 1025);
-    EXPECT_EQ(judge_logical(states, none, false, 0, 0), 0);
+    const unsigned short high = judgeLogical(states, none, true, 0, 0);
+    EXPECT_EQ(statusOf(high).high_alarm, 1);
+    EXPECT_EQ(statusOf(high).high_alarm_latch, 1);
+    EXPECT_EQ(statusForLogical(states, none, true, high), 1025);
+    EXPECT_EQ(judgeLogical(states, none, false, 0, 0), 0);
     states.alarm = FALSE_IS_ALARM;
-    EXPECT_EQ(status_of(judge_logical(states, none, false, 0, 0)).low_alarm, 1);
-    EXPECT_EQ(judge_logical(states, none, true, 0, 0), 0);
+    EXPECT_EQ(statusOf(judgeLogical(states, none, false, 0, 0)).low_alarm, 1);
+    EXPECT_EQ(judgeLogical(states, none, true, 0, 0), 0);
 }
 
 }  // namespace

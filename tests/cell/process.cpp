@@ -14,7 +14,7 @@
 
 namespace {
 
-std::string temporary_file() {
+std::string temporaryFile() {
     std::string path = (std::filesystem::temp_directory_path() / "celltest-out-XXXXXX").string();
     close(mkstemp(path.data()));
     return path;
@@ -28,7 +28,7 @@ std::string contents(const std::string& path) {
 
 }  // namespace
 
-Process::Process(const std::vector<std::string>& command) : m_output(temporary_file()), m_errors(temporary_file()) {
+Process::Process(const std::vector<std::string>& command) : m_output(temporaryFile()), m_errors(temporaryFile()) {
     std::vector<char*> arguments;
     for (const std::string& word : command)
         arguments.push_back(const_cast<char*>(word.c_str()));

@@ -1,5 +1,6 @@
 // A program that a test starts, and its output.
-#pragma once
+#ifndef OSTREL_TESTS_CELL_PROCESS_H
+#define OSTREL_TESTS_CELL_PROCESS_H
 
 #include <sys/types.h>
 
@@ -28,3 +29,5 @@ private:
     std::string m_output;  // paths
     std::string m_errors;
 };
+
+#endif

@@ -18,16 +18,16 @@ protected:
         return {OSTREL_CELL_PROGRAM, file, "--store", m_store};
     }
 
-    bool store_exists() const { return std::filesystem::exists("/dev/shm/ostrel-" + m_store); }
+    bool storeExists() const { return std::filesystem::exists("/dev/shm/ostrel-" + m_store); }
 
-    static double heartbeat_age() {
+    static double heartbeatAge() {
         ostrel_store_status status{};
         ostrel_store_get_status(&status);
         return status.heartbeat_age_s;
     }
 
     // A client that had linked a store which was taken from under it sees the next one when it looks.
-    static bool is_linked_to(const Process& cell) {
+    static bool isLinkedTo(const Process& cell) {
         return eventually([&cell] {
             ostrel_store_status status{};
             ostrel_store_get_status(&status);
@@ -35,7 +35,7 @@ protected:
         });
     }
 
-    const std::string m_store = unique_store_name();
+    const std::string m_store = uniqueStoreName();
 };
 
 const std::string simple = "[real.SP]\nvalue = 3\n[real.Y]\nexpr = \"SP * 2\"\n[real.CLOCK]\nexpr = \"t\"\n";
@@ -58,7 +58,7 @@ TEST_F(Program, ServesUntilItIsTerminated) {
     cell.signal(SIGTERM);
     EXPECT_EQ(cell.wait(), 0);
     EXPECT_EQ(cell.errors(), "");
-    EXPECT_FALSE(store_exists());
+    EXPECT_FALSE(storeExists());
 }
 
 TEST_F(Program, EndsOnInterrupt) {
@@ -66,7 +66,7 @@ TEST_F(Program, EndsOnInterrupt) {
     ASSERT_TRUE(cell.says("\n")) << cell.errors();
     cell.signal(SIGINT);
     EXPECT_EQ(cell.wait(), 0);
-    EXPECT_FALSE(store_exists());
+    EXPECT_FALSE(storeExists());
 }
 
 TEST_F(Program, ReloadsOnHangUp) {
@@ -144,7 +144,7 @@ TEST_F(Program, TellsFiveMistakesAndMakesNoStore) {
     for (const char* line : {":5: real.A: ", ":7: real.B: ", ":9: real.C: ", ":11: logical.E: ", ":13: alias.F: "})
         EXPECT_NE(errors.find(file + line), std::string::npos) << line << " in\n" << errors;
     EXPECT_EQ(cell.output(), "");
-    EXPECT_FALSE(store_exists());
+    EXPECT_FALSE(storeExists());
 }
 
 TEST_F(Program, RefusesASecondServer) {
@@ -202,7 +202,7 @@ TEST_F(Program, RecordsWritesWhereItIsTold) {
                                      {"audit = \"who.txt\"\n", "who.txt"}}) {
         Process cell(command(write(head + key + "[real.SP]\n")));
         ASSERT_TRUE(cell.says("\n")) << cell.errors();
-        ASSERT_TRUE(is_linked_to(cell));
+        ASSERT_TRUE(isLinkedTo(cell));
         set_real_variable(&record<REAL_VARIABLE>("SP"), 1);
         cell.signal(SIGTERM);
         EXPECT_EQ(cell.wait(), 0);
@@ -224,7 +224,7 @@ TEST_F(Program, DoesNotServeWithoutTheRecordThatWasAskedFor) {
     EXPECT_EQ(cell.wait(), 1);
     EXPECT_EQ(cell.errors(), "ostrel-cell: " + path("nowhere/who.txt") +
                                  ": the audit file cannot be written: No such file or directory\n");
-    EXPECT_FALSE(store_exists());
+    EXPECT_FALSE(storeExists());
 }
 
 TEST_F(Program, GoesOnWhereItsRecordCannotBeWritten) {
@@ -244,7 +244,7 @@ TEST_F(Program, GoesOnWhereItsRecordCannotBeWritten) {
 }
 
 // What a power cut leaves: no process, no shared memory, the files.
-void forget_store(const std::string& store) {
+void forgetStore(const std::string& store) {
     for (const auto& entry : std::filesystem::directory_iterator("/dev/shm"))
         if (entry.path().filename().string().rfind("ostrel-" + store, 0) == 0)
             std::filesystem::remove(entry.path());
@@ -264,10 +264,10 @@ TEST_F(Program, StartsWithTheSetpointsOfTheLastRun) {
     ASSERT_TRUE(eventually([&] { return contents(path(m_store + ".kept")).find("SP - 6\n") != std::string::npos; }));
     second.signal(SIGKILL);
     EXPECT_EQ(second.wait(), 128 + SIGKILL);
-    forget_store(m_store);
+    forgetStore(m_store);
     Process third(command(file));
     ASSERT_TRUE(third.says("serving new store")) << third.errors();
-    ASSERT_TRUE(is_linked_to(third));
+    ASSERT_TRUE(isLinkedTo(third));
     EXPECT_EQ(number("SP"), 6);
     EXPECT_EQ(third.errors(), "");
     third.signal(SIGTERM);
@@ -283,13 +283,13 @@ TEST_F(Program, LeavesWholeKeptValuesWhereverItIsKilled) {
         Process cell(command(file));
         ASSERT_TRUE(cell.says("\n")) << cell.errors();
         EXPECT_EQ(cell.errors(), "") << "round " << round;
-        ASSERT_TRUE(is_linked_to(cell));
+        ASSERT_TRUE(isLinkedTo(cell));
         EXPECT_GT(number("A:0"), highest);
         const std::string before = contents(kept);
         ASSERT_TRUE(eventually([&] { return contents(kept) != before; }));
         cell.signal(SIGKILL);
         EXPECT_EQ(cell.wait(), 128 + SIGKILL);
-        forget_store(m_store);
+        forgetStore(m_store);
         std::istringstream words(contents(kept));
         std::string word;
         for (int skipped = 0; skipped < 6; ++skipped)
@@ -312,7 +312,7 @@ TEST_F(Program, ShowsThatItLivesMoreOftenThanItScans) {
     int beats = 0;
     ASSERT_TRUE(eventually([&] {
         const double before = age;
-        age = heartbeat_age();
+        age = heartbeatAge();
         beats += age < before ? 1 : 0;
         return number("SCANS") >= start + 3;
     }));

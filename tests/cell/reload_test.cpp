@@ -5,7 +5,7 @@ namespace {
 
 class Reload : public ServedTest {
 protected:
-    std::string good_reload(const std::string& lines) {
+    std::string goodReload(const std::string& lines) {
         int status = -1;
         const std::string remarks = reload(lines, status);
         EXPECT_EQ(status, 0) << remarks;
@@ -17,7 +17,7 @@ TEST_F(Reload, AddsAndRemovesAndKeepsTheRest) {
     serve(scans + "[real.STAYS]\nvalue = 1\n[real.GOES]\n");
     REAL_VARIABLE* address = &record<REAL_VARIABLE>("STAYS");
     set_real_variable(address, 42);
-    EXPECT_EQ(good_reload(scans + "[integer.COMES]\nvalue = 7\n[real.STAYS]\nvalue = 1\nformat = \"%.5f\"\n"), "");
+    EXPECT_EQ(goodReload(scans + "[integer.COMES]\nvalue = 7\n[real.STAYS]\nvalue = 1\nformat = \"%.5f\"\n"), "");
     EXPECT_EQ(number("STAYS"), 42);
     EXPECT_EQ(&record<REAL_VARIABLE>("STAYS"), address);
     EXPECT_STREQ(address->display_format, "%.5f");
@@ -30,7 +30,7 @@ TEST_F(Reload, CountsItself) {
     char block[] = "reconfig_data";
     const auto* data = static_cast<RECONFIG_DATA*>(get_private_shrd_mem(block, sizeof(RECONFIG_DATA)));
     const int before = data->generic_reconfig_count;
-    good_reload(scans + "[real.A]\n");
+    goodReload(scans + "[real.A]\n");
     EXPECT_GT(data->generic_reconfig_count, before);
 }
 
@@ -47,7 +47,7 @@ TEST_F(Reload, KeepsTheOldCellWhereTheFileHasMistakes) {
 
 TEST_F(Reload, ConvertsAValueThatGetsOtherUnits) {
     serve(scans + "[real.P]\nvalue = 2\nunits = \"bar\"\n[real.Q]\nvalue = 2\nunits = \"bar\"\n");
-    good_reload(scans + "[real.P]\nvalue = 2\nunits = \"kPa\"\n[real.Q]\nvalue = 3\nunits = \"rpm\"\n");
+    goodReload(scans + "[real.P]\nvalue = 2\nunits = \"kPa\"\n[real.Q]\nvalue = 3\nunits = \"rpm\"\n");
     EXPECT_NEAR(number("P"), 200, 1e-9);
     EXPECT_EQ(number("Q"), 3) << "no way from bar to rpm: the value of the file";
 }
@@ -55,7 +55,7 @@ TEST_F(Reload, ConvertsAValueThatGetsOtherUnits) {
 TEST_F(Reload, ChangesExpressionsLimitsAndScan) {
     serve(scans + "[real.A]\nexpr = \"1\"\nhigh_alarm = 0\n");
     EXPECT_EQ(+record<REAL_VARIABLE>("A").status, 1536);
-    good_reload("[cell]\nname = \"test\"\nscan_ms = 20\n" + scans + "[real.A]\nexpr = \"2\"\n");
+    goodReload("[cell]\nname = \"test\"\nscan_ms = 20\n" + scans + "[real.A]\nexpr = \"2\"\n");
     EXPECT_EQ(number("A"), 2);
     EXPECT_EQ(+record<REAL_VARIABLE>("A").status, 0);
     EXPECT_EQ(record<REAL_VARIABLE>("A").limit_status.high_alarm, 0);
@@ -67,23 +67,23 @@ TEST_F(Reload, ChangesExpressionsLimitsAndScan) {
 
 TEST_F(Reload, SaysWhatWaitsForTheNextStart) {
     serve(scans);
-    EXPECT_EQ(good_reload("[cell]\nname = \"test\"\nmode = \"0660\"\n" + scans), "mode takes effect at the next start");
+    EXPECT_EQ(goodReload("[cell]\nname = \"test\"\nmode = \"0660\"\n" + scans), "mode takes effect at the next start");
 }
 
 TEST_F(Reload, KeepsTheWindowOfAStatistic) {
     const std::string lines = scans + "[real.X]\n[stat.S]\nsource = \"X\"\ninterval = 60\n";
     serve(lines);
-    ASSERT_TRUE(scan_until([] { return number("S.NM") > 20; }));
-    good_reload(lines + "[real.NEW]\n");
+    ASSERT_TRUE(scanUntil([] { return number("S.NM") > 20; }));
+    goodReload(lines + "[real.NEW]\n");
     EXPECT_GT(number("S.NM"), 20);
 }
 
 TEST_F(Reload, ChangesTheShapeOfAnArray) {
     serve(scans + "[real_array.A]\nsize = 2\nvalue = 1\n");
-    good_reload(scans + "[real_array.A]\nsize = [2, 2]\nvalue = 3\n");
+    goodReload(scans + "[real_array.A]\nsize = [2, 2]\nvalue = 3\n");
     EXPECT_EQ(number("A:1:1"), 3);
     EXPECT_FALSE(exists("A:1"));
-    good_reload(scans);
+    goodReload(scans);
     EXPECT_FALSE(exists("A:1:1"));
 }
 

@@ -54,7 +54,7 @@ TEST_F(Scan, FollowsASetpoint) {
           "[real.SP]\n[real.Y]\nexpr = \"SP * 2\"\n[integer.N]\nexpr = \"SP + 0.6\"\n"
           "[logical.ON]\nexpr = \"SP > 5\"\n");
     set_real_variable(&record<REAL_VARIABLE>("SP"), 10);
-    ASSERT_TRUE(scan_until([] { return number("Y") == 20; }));
+    ASSERT_TRUE(scanUntil([] { return number("Y") == 20; }));
     EXPECT_EQ(number("N"), 11);
     EXPECT_EQ(number("ON"), 1);
 }
@@ -63,28 +63,28 @@ TEST_F(Scan, TakesBackWhatAClientWroteOverAnExpression) {
     serve(scans + "[real.Y]\nexpr = \"4\"\n");
     set_real_variable(&record<REAL_VARIABLE>("Y"), 99);
     EXPECT_EQ(number("Y"), 99);
-    EXPECT_TRUE(scan_until([] { return number("Y") == 4; }));
+    EXPECT_TRUE(scanUntil([] { return number("Y") == 4; }));
 }
 
 TEST_F(Scan, CountsUpdatesAndSetsTheTimeOfWhatStaysTheSame) {
     serve(scans + "[real.Y]\nexpr = \"4\"\n[real.SP]\nvalue = 1\n");
     const auto& y = record<REAL_VARIABLE>("Y");
     const unsigned before = y.update_count;
-    const auto sp_before = record<REAL_VARIABLE>("SP").update_count;
+    const auto spBefore = record<REAL_VARIABLE>("SP").update_count;
     scan(3);
     EXPECT_GE(y.update_count - before, 3U);
-    EXPECT_EQ(+record<REAL_VARIABLE>("SP").update_count, sp_before) << "nobody writes a setpoint but clients";
+    EXPECT_EQ(+record<REAL_VARIABLE>("SP").update_count, spBefore) << "nobody writes a setpoint but clients";
 }
 
 TEST_F(Scan, TrapsWhatIsNoNumber) {
     serve(scans + "[real.X]\nvalue = 1\n[real.Y]\nexpr = \"sqrt(X)\"\n[integer.I]\nexpr = \"sqrt(X)\"\n");
     EXPECT_EQ(number("Y"), 1);
     set_real_variable(&record<REAL_VARIABLE>("X"), -1);
-    ASSERT_TRUE(scan_until([] { return record<REAL_VARIABLE>("Y").NAN_trapped == 1; }));
+    ASSERT_TRUE(scanUntil([] { return record<REAL_VARIABLE>("Y").NAN_trapped == 1; }));
     EXPECT_EQ(number("Y"), 1) << "the last good value stays";
     EXPECT_EQ(number("I"), 1);
     set_real_variable(&record<REAL_VARIABLE>("X"), 1);
-    ASSERT_TRUE(scan_until([] { return record<REAL_VARIABLE>("Y").NAN_trapped == 0; }));
+    ASSERT_TRUE(scanUntil([] { return record<REAL_VARIABLE>("Y").NAN_trapped == 0; }));
 }
 
 TEST_F(Scan, KeepsIntegersWithinTheirRange) {
@@ -99,17 +99,17 @@ TEST_F(Scan, ColoursAndLatchesUntilReset) {
     const auto& x = record<REAL_VARIABLE>("X");
     EXPECT_EQ(+x.status, 0);
     set_real_variable(&record<REAL_VARIABLE>("X"), 6);
-    ASSERT_TRUE(scan_until([&] { return x.status == 1536; }));
+    ASSERT_TRUE(scanUntil([&] { return x.status == 1536; }));
     EXPECT_EQ(x.limit_status.high_alarm, 1);
     set_real_variable(&record<REAL_VARIABLE>("X"), 11);
-    ASSERT_TRUE(scan_until([&] { return x.status == 1025; })) << "red and blinking";
+    ASSERT_TRUE(scanUntil([&] { return x.status == 1025; })) << "red and blinking";
     set_real_variable(&record<REAL_VARIABLE>("X"), 1);
-    ASSERT_TRUE(scan_until([&] { return x.status == 0; }));
+    ASSERT_TRUE(scanUntil([&] { return x.status == 0; }));
     EXPECT_EQ(x.limit_status.high_alarm, 0);
     EXPECT_EQ(x.limit_status.high_alarm_latch, 1);
     EXPECT_EQ(x.limit_status.high_emergency_latch, 1);
     set_logical(&record<LOGICAL_VARIABLE>("RESET"), 1);
-    ASSERT_TRUE(scan_until([&] { return number("RESET") == 0; }));
+    ASSERT_TRUE(scanUntil([&] { return number("RESET") == 0; }));
     EXPECT_EQ(x.limit_status.high_alarm_latch, 0);
     EXPECT_EQ(x.limit_status.high_emergency_latch, 0);
 }
@@ -120,7 +120,7 @@ TEST_F(Scan, ColoursALogicalInItsAlarmState) {
     EXPECT_EQ(+l.status, 512);
     EXPECT_EQ(+l.alarm, 0);
     set_logical(&record<LOGICAL_VARIABLE>("L"), 1);
-    ASSERT_TRUE(scan_until([&] { return l.status == 1281; }));
+    ASSERT_TRUE(scanUntil([&] { return l.status == 1281; }));
     EXPECT_EQ(+l.alarm, 1);
     EXPECT_EQ(l.limit_status.high_alarm, 1);
 }
@@ -128,9 +128,9 @@ TEST_F(Scan, ColoursALogicalInItsAlarmState) {
 TEST_F(Scan, SeesAValueGrowOld) {
     serve(scans + "[real.X]\nage = 0.05\n[real.Y]\nage = 0.05\nexpr = \"1\"\n");
     const auto& x = record<REAL_VARIABLE>("X");
-    ASSERT_TRUE(scan_until([&] { return x.limit_status.variable_age == 1; }));
+    ASSERT_TRUE(scanUntil([&] { return x.limit_status.variable_age == 1; }));
     EXPECT_EQ(+x.status, 768);
-    ASSERT_TRUE(scan_until([&] {
+    ASSERT_TRUE(scanUntil([&] {
         set_real_variable(&record<REAL_VARIABLE>("X"), 1);
         ostrel_cell_step(cell());
         return x.limit_status.variable_age == 0;
@@ -159,11 +159,11 @@ TEST_F(Scan, ShowsOneOfSeveralTexts) {
     serve(scans + "[integer.N]\n[string.S]\ntexts = [\"zero\", \"one\", \"two\"]\nexpr = \"N\"\n");
     EXPECT_EQ(text("S"), "zero");
     set_integer(&record<INTEGER_VARIABLE>("N"), 1);
-    EXPECT_TRUE(scan_until([] { return text("S") == "one"; }));
+    EXPECT_TRUE(scanUntil([] { return text("S") == "one"; }));
     set_integer(&record<INTEGER_VARIABLE>("N"), 50);
-    EXPECT_TRUE(scan_until([] { return text("S") == "two"; }));
+    EXPECT_TRUE(scanUntil([] { return text("S") == "two"; }));
     set_integer(&record<INTEGER_VARIABLE>("N"), -3);
-    EXPECT_TRUE(scan_until([] { return text("S") == "zero"; }));
+    EXPECT_TRUE(scanUntil([] { return text("S") == "zero"; }));
 }
 
 TEST_F(Scan, FillsAndDrivesArrays) {
@@ -182,7 +182,7 @@ TEST_F(Scan, FillsAndDrivesArrays) {
     EXPECT_EQ(number("L:1"), 1);
     EXPECT_EQ(text("S:1"), "b");
     const auto element = [](const std::string& name) {
-        return static_cast<REAL_ARRAY_MEMBER*>(handle_of(name).member_adr);
+        return static_cast<REAL_ARRAY_MEMBER*>(handleOf(name).member_adr);
     };
     EXPECT_STREQ(element("R:0:0")->units, "bar");
     EXPECT_EQ(+element("R:OUT:B")->status, 1536);
@@ -190,9 +190,9 @@ TEST_F(Scan, FillsAndDrivesArrays) {
     EXPECT_EQ(+element("E:2")->status, 1024);
     EXPECT_EQ(element("E:2")->limit_status.high_abort, 1);
     EXPECT_EQ(+element("E:1")->status, 0);
-    EXPECT_EQ(+static_cast<LOGICAL_ARRAY_MEMBER*>(handle_of("L:1").member_adr)->status, 1024);
+    EXPECT_EQ(+static_cast<LOGICAL_ARRAY_MEMBER*>(handleOf("L:1").member_adr)->status, 1024);
     set_real_variable(&record<REAL_VARIABLE>("X"), 2);
-    EXPECT_TRUE(scan_until([] { return number("E:0") == 20; }));
+    EXPECT_TRUE(scanUntil([] { return number("E:0") == 20; }));
     EXPECT_EQ(+element("E:0")->status, 1024);
 }
 
@@ -216,7 +216,7 @@ TEST_F(Scan, FillsAndDrivesMembers) {
     EXPECT_STREQ(record<PROP_VARIABLE>("P.AT").comp_label, "AIR.");
     EXPECT_STREQ(record<EMIS_VARIABLE>("E.MF_CO2").comp_label, "AIR.");
     set_real_variable(&record<REAL_VARIABLE>("X"), 3);
-    EXPECT_TRUE(scan_until([] { return number("AIR.O2") == 30; }));
+    EXPECT_TRUE(scanUntil([] { return number("AIR.O2") == 30; }));
     EXPECT_EQ(number("E.MF_CO2"), 9);
 }
 
@@ -231,7 +231,7 @@ TEST_F(Scan, ComputesStatistics) {
     EXPECT_EQ(+stat.stat[AV].display_resolution, 1);
     EXPECT_EQ(+stat.process_interval, 60);
     set_real_variable(&record<REAL_VARIABLE>("X"), 8);
-    ASSERT_TRUE(scan_until([] { return number("S.MX") == 8; }));
+    ASSERT_TRUE(scanUntil([] { return number("S.MX") == 8; }));
     EXPECT_EQ(number("S.MN"), 4);
     EXPECT_EQ(number("S.FV"), 8);
     EXPECT_GT(number("S.AV"), 4);

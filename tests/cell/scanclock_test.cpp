@@ -7,7 +7,7 @@ using ostrelcell::ScanClock;
 
 namespace {
 
-constexpr std::int64_t ms = 1'000'000;
+constexpr int64_t ms = 1'000'000;
 
 TEST(ScanClock, StartsAtOnce) {
     ScanClock clock(100 * ms, 5000 * ms);
@@ -42,7 +42,7 @@ TEST(ScanClock, ChangesItsPeriod) {
     ScanClock clock(100 * ms, 0);
     clock.take(0);
     clock.take(100 * ms);
-    clock.set_period(20 * ms);
+    clock.setPeriod(20 * ms);
     EXPECT_EQ(clock.next(), 120 * ms);
     EXPECT_DOUBLE_EQ(clock.take(120 * ms).t, 0.12);
     EXPECT_EQ(clock.next(), 140 * ms);

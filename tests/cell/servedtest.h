@@ -1,5 +1,6 @@
 // A cell served by this process under a name of its own, scanned by hand.
-#pragma once
+#ifndef OSTREL_TESTS_CELL_SERVEDTEST_H
+#define OSTREL_TESTS_CELL_SERVEDTEST_H
 
 #include <ostrelcell/cell.h>
 
@@ -24,7 +25,7 @@ protected:
     }
 
     // Goes on scanning until the condition holds.
-    bool scan_until(const std::function<bool()>& condition) {
+    bool scanUntil(const std::function<bool()>& condition) {
         return eventually([&] {
             ostrel_cell_step(m_cell);
             return condition();
@@ -35,7 +36,7 @@ protected:
     void scan(unsigned count = 2) {
         const auto& clock = record<REAL_VARIABLE>("SCANS");
         const unsigned start = clock.update_count;
-        ASSERT_TRUE(scan_until([&] { return clock.update_count - start >= count; }));
+        ASSERT_TRUE(scanUntil([&] { return clock.update_count - start >= count; }));
     }
 
     void stop() {
@@ -47,9 +48,11 @@ protected:
     ostrel_cell* cell() { return m_cell; }
 
 private:
-    std::string m_store = unique_store_name();
+    std::string m_store = uniqueStoreName();
     ostrel_cell* m_cell = nullptr;
 };
 
 // Every file of these tests has it, so that scans can be counted.
 inline const std::string scans = "[real.SCANS]\nexpr = \"SCANS + 1\"\n";
+
+#endif

@@ -1,5 +1,6 @@
 // Runs the expressions of a cell without a store.
-#pragma once
+#ifndef OSTREL_TESTS_CELL_SIMULATED_H
+#define OSTREL_TESTS_CELL_SIMULATED_H
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@ class Simulated {
 public:
     explicit Simulated(const std::string& lines) {
         ostrelcell::Diagnostics diagnostics("cell.toml");
-        ostrelcell::read_cell_text("[cell]\nname = \"test\"\n" + lines, model, simulation, diagnostics);
+        ostrelcell::readCellText("[cell]\nname = \"test\"\n" + lines, model, simulation, diagnostics);
         EXPECT_EQ(diagnostics.text(), "");
     }
 
@@ -24,9 +25,9 @@ public:
     void run(double dt) {
         m_t += m_count++ == 0 ? 0 : dt;
         for (const auto& input : simulation.inputs())
-            *input.value = m_values[model.full_name(input.ref) + (input.alarm ? "!" : "")];
-        simulation.run(m_t, m_count == 1 ? 0 : dt, [this](std::size_t output, double result) {
-            order.push_back(model.full_name(simulation.outputs()[output].ref));
+            *input.value = m_values[model.fullName(input.ref) + (input.alarm ? "!" : "")];
+        simulation.run(m_t, m_count == 1 ? 0 : dt, [this](size_t output, double result) {
+            order.push_back(model.fullName(simulation.outputs()[output].ref));
             return m_values[order.back()] = result;
         });
     }
@@ -44,10 +45,12 @@ private:
 };
 
 // The value of one expression at the time `t`.
-inline double value_of(const std::string& expression, double t = 0) {
+inline double valueOf(const std::string& expression, double t = 0) {
     Simulated simulated("[real.RESULT]\nexpr = \"" + expression + "\"\n");
     simulated.run(0);
     if (t > 0)
         simulated.run(t);
     return simulated["RESULT"];
 }
+
+#endif

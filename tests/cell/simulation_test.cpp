@@ -9,7 +9,7 @@
 
 namespace {
 
-std::ptrdiff_t place(const Simulated& cell, const std::string& name) {
+ptrdiff_t place(const Simulated& cell, const std::string& name) {
     return std::find(cell.order.begin(), cell.order.end(), name) - cell.order.begin();
 }
 
@@ -66,8 +66,8 @@ TEST(Simulation, TakesThePreviousValueOfAnElement) {
 TEST(Simulation, UsesWhatTheStoreKept) {
     Simulated cell("[integer.I]\nexpr = \"2.7\"\n[real.Y]\nexpr = \"I * 2\"\n");
     double seen = 0;
-    cell.simulation.run(0, 0, [&](std::size_t output, double result) {
-        const std::string name = cell.model.full_name(cell.simulation.outputs()[output].ref);
+    cell.simulation.run(0, 0, [&](size_t output, double result) {
+        const std::string name = cell.model.fullName(cell.simulation.outputs()[output].ref);
         if (name == "Y")
             seen = result;
         return name == "I" ? 3 : result;
@@ -110,7 +110,7 @@ TEST(Simulation, KeepsTheMemoryOfExpressionsThatStay) {
     Simulated after(
         "[real.NEW]\nexpr = \"noise(1)\"\n[real.X]\n[real.A]\nexpr = \"lag(X, 10)\"\n[real.B]\nexpr = "
         "\"lag(X, 11)\"\n");
-    after.simulation.take_memory_of(before.simulation);
+    after.simulation.takeMemoryOf(before.simulation);
     after.set("X", 100);
     after.run(0);
     EXPECT_DOUBLE_EQ(after["A"], reached);

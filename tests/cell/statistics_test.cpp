@@ -13,7 +13,7 @@ using namespace ostrelcell;
 namespace {
 
 // x: 2 4 4 4 5 5 7 9, one second apart from s = 10. Mean 5, sum of squared deviations 32.
-StatMembers known_members() {
+StatMembers knownMembers() {
     StatWindow window(8, 1, 95);
     double time = 10;
     for (double value : {2, 4, 4, 4, 5, 5, 7, 9})
@@ -22,7 +22,7 @@ StatMembers known_members() {
 }
 
 TEST(Statistics, DescribesTheLevel) {
-    const StatMembers members = known_members();
+    const StatMembers members = knownMembers();
     EXPECT_DOUBLE_EQ(members[AV], 5);
     EXPECT_DOUBLE_EQ(members[SD], std::sqrt(32.0 / 7));
     EXPECT_DOUBLE_EQ(members[RMS], std::sqrt(232.0 / 8));
@@ -32,7 +32,7 @@ TEST(Statistics, DescribesTheLevel) {
 }
 
 TEST(Statistics, DescribesTheOrder) {
-    const StatMembers members = known_members();
+    const StatMembers members = knownMembers();
     EXPECT_DOUBLE_EQ(members[MN], 2);
     EXPECT_DOUBLE_EQ(members[MX], 9);
     EXPECT_DOUBLE_EQ(members[RN], 7);
@@ -51,7 +51,7 @@ TEST(Statistics, DescribesTheOrder) {
 
 // Sxx = 42, Sxy = 34, Syy = 32 for times 0 to 7.
 TEST(Statistics, DescribesTheLine) {
-    const StatMembers members = known_members();
+    const StatMembers members = knownMembers();
     const double slope = 34.0 / 42;
     const double rest = (32 - 34.0 * 34 / 42) / 6;
     EXPECT_NEAR(members[C1], slope, 1e-12);
@@ -62,7 +62,7 @@ TEST(Statistics, DescribesTheLine) {
 }
 
 TEST(Statistics, DescribesTheConfidence) {
-    const StatMembers members = known_members();
+    const StatMembers members = knownMembers();
     const double error = std::sqrt(32.0 / 7) / std::sqrt(8.0);
     EXPECT_NEAR(members[STUD_T], 2.364624, 1e-5);
     EXPECT_DOUBLE_EQ(members[REQ_CONF], 95);
@@ -73,20 +73,20 @@ TEST(Statistics, DescribesTheConfidence) {
 }
 
 TEST(Statistics, Integrates) {
-    const StatMembers members = known_members();
+    const StatMembers members = knownMembers();
     EXPECT_DOUBLE_EQ(members[INN], 38) << "each value for the second before it, the first for none";
     EXPECT_DOUBLE_EQ(members[IT], 38);
 }
 
 // From the tables of the distribution.
 TEST(Statistics, KnowsStudentsT) {
-    EXPECT_NEAR(student_t(0.95, 1), 12.7062, 1e-4);
-    EXPECT_NEAR(student_t(0.90, 2), 2.91999, 1e-4);
-    EXPECT_NEAR(student_t(0.99, 5), 4.03214, 1e-4);
-    EXPECT_NEAR(student_t(0.95, 10), 2.22814, 1e-4);
-    EXPECT_NEAR(student_t(0.95, 30), 2.04227, 1e-4);
-    EXPECT_NEAR(student_t(0.95, 1000), 1.96234, 1e-4);
-    EXPECT_NEAR(student_t(0.99, 100000), 2.57588, 1e-4);
+    EXPECT_NEAR(studentT(0.95, 1), 12.7062, 1e-4);
+    EXPECT_NEAR(studentT(0.90, 2), 2.91999, 1e-4);
+    EXPECT_NEAR(studentT(0.99, 5), 4.03214, 1e-4);
+    EXPECT_NEAR(studentT(0.95, 10), 2.22814, 1e-4);
+    EXPECT_NEAR(studentT(0.95, 30), 2.04227, 1e-4);
+    EXPECT_NEAR(studentT(0.95, 1000), 1.96234, 1e-4);
+    EXPECT_NEAR(studentT(0.99, 100000), 2.57588, 1e-4);
 }
 
 TEST(Statistics, ForgetsWhatLeftTheWindow) {
@@ -137,12 +137,12 @@ TEST(Statistics, IsQuietAboutAConstant) {
 }
 
 TEST(Statistics, MembersHaveTheirUnits) {
-    EXPECT_EQ(units_of_stat_member(AV), StatUnits::source);
-    EXPECT_EQ(units_of_stat_member(RMS), StatUnits::source);
-    EXPECT_EQ(units_of_stat_member(ST), StatUnits::seconds);
-    EXPECT_EQ(units_of_stat_member(TX), StatUnits::seconds);
-    EXPECT_EQ(units_of_stat_member(C1), StatUnits::none);
-    EXPECT_EQ(units_of_stat_member(NM), StatUnits::none);
+    EXPECT_EQ(unitsOfStatMember(AV), StatUnits::source);
+    EXPECT_EQ(unitsOfStatMember(RMS), StatUnits::source);
+    EXPECT_EQ(unitsOfStatMember(ST), StatUnits::seconds);
+    EXPECT_EQ(unitsOfStatMember(TX), StatUnits::seconds);
+    EXPECT_EQ(unitsOfStatMember(C1), StatUnits::none);
+    EXPECT_EQ(unitsOfStatMember(NM), StatUnits::none);
 }
 
 }  // namespace

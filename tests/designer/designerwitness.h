@@ -1,6 +1,6 @@
 // A plug-in of the tests that looks at Qt Designer from inside and writes down what it sees.
-#ifndef DESIGNERWITNESS_H
-#define DESIGNERWITNESS_H
+#ifndef OSTREL_TESTS_DESIGNER_DESIGNERWITNESS_H
+#define OSTREL_TESTS_DESIGNER_DESIGNERWITNESS_H
 
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>

@@ -1,4 +1,6 @@
 // What an operator changes in a form: marked, saved, asked for, recovered.
+#include <ostrel-display/uifilewriter.h>
+
 #include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
@@ -8,8 +10,6 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <csignal>
-
-#include <ostrel-display/uifilewriter.h>
 
 #include "displaycontrol.h"
 #include "fabric/timermoderator.h"

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <thread>
 
-static std::uint64_t infoOf(const char* name, std::uint64_t (*field)(const ostrel_event_info_t&)) {
+static uint64_t infoOf(const char* name, uint64_t (*field)(const ostrel_event_info_t&)) {
     ostrel_event_info_t info{};
     for (int index = 0; ostrel_event_info(index, &info) == 0; ++index) {
         if (std::string(info.name) == name)
@@ -22,7 +22,7 @@ bool comes(const std::function<bool()>& condition) {
     return true;
 }
 
-Received receive(std::size_t size) {
+Received receive(size_t size) {
     Received received;
     received.payload.assign(size, '?');
     for (int second = 0; second < 10; ++second) {
@@ -75,13 +75,13 @@ short int raise(const char* name, const std::string& payload) {
 
 int attached(const char* name) {
     return static_cast<int>(
-        infoOf(name, [](const ostrel_event_info_t& info) { return static_cast<std::uint64_t>(info.attached); }));
+        infoOf(name, [](const ostrel_event_info_t& info) { return static_cast<uint64_t>(info.attached); }));
 }
 
-std::uint64_t dropped(const char* name) {
-    return infoOf(name, [](const ostrel_event_info_t& info) -> std::uint64_t { return info.dropped; });
+uint64_t dropped(const char* name) {
+    return infoOf(name, [](const ostrel_event_info_t& info) -> uint64_t { return info.dropped; });
 }
 
-std::uint64_t raised(const char* name) {
-    return infoOf(name, [](const ostrel_event_info_t& info) -> std::uint64_t { return info.raised; });
+uint64_t raised(const char* name) {
+    return infoOf(name, [](const ostrel_event_info_t& info) -> uint64_t { return info.raised; });
 }

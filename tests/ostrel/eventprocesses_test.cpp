@@ -1,4 +1,4 @@
-/* Events between processes, some of which are killed. On a stand-in for the store. */
+// Events between processes, some of which are killed. On a stand-in for the store.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/ptrace.h>
@@ -176,7 +176,7 @@ TEST_F(EventProcesses, oneStoppedWithTheLockMakesTheOthersFailAndNotHang) {
     EXPECT_EQ(receiveUntil("on"), Texts{"on"});
 }
 
-/* A raiser that died after it took the message in and before it woke anyone. */
+// A raiser that died after it took the message in and before it woke anyone.
 TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
     const int some = eventId("some");
     const int index = findEvent(store.layout(), *toEventName("some"));
@@ -195,7 +195,7 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
     });
     ASSERT_TRUE(comes([&] { return isHolding.load(); }));
     raiser.kill();
-    const std::uint32_t wakeups = store.layout().threads[0].wakeups;
+    const uint32_t wakeups = store.layout().threads[0].wakeups;
     int eid = 0;
     std::array<char, 32> name{"some"};
     EXPECT_EQ(event_get_id(name.data(), &eid), 0);
@@ -206,10 +206,8 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
 
 constexpr long refused = -1;
 
-/*
- * Runs an operation in a child process, prepared for it, and kills that after so many instructions of it. How many it
- * came to; `refused` where the machine lets no process trace its child.
- */
+// Runs an operation in a child process, prepared for it, and kills that after so many instructions of it. How many it
+// came to; `refused` where the machine lets no process trace its child.
 long killAfter(long instructions, const std::function<void()>& prepare, const std::function<void()>& operation) {
     const pid_t child = fork();
     if (child == 0) {
@@ -243,7 +241,7 @@ protected:
         attach("some");
     }
 
-    /* Kills so many processes, at points spread over all instructions of the operation, with a check after each. */
+    // Kills so many processes, at points spread over all instructions of the operation, with a check after each.
     static void killIn(const std::function<void()>& prepare, const std::function<void()>& operation, long kills,
                        const std::function<void()>& check) {
         const long all = killAfter(std::numeric_limits<long>::max(), prepare, operation);
@@ -258,7 +256,7 @@ protected:
         }
     }
 
-    /* The others can go on, and what the killed one raised came whole or not at all. */
+    // The others can go on, and what the killed one raised came whole or not at all.
     void othersGoOn() {
         ASSERT_EQ(raise("some", "after"), 0);
         const Texts received = receiveUntil("after");
@@ -277,7 +275,7 @@ TEST_F(KilledAtAnyInstruction, ofRaisingLeavesTheOthersWhole) {
         attachChild, [this] { raise("some", whole); }, 60, checkOthers);
 }
 
-/* The slot of the new message is not that of the oldest one that a queue of the greatest depth still holds. */
+// The slot of the new message is not that of the oldest one that a queue of the greatest depth still holds.
 TEST_F(KilledAtAnyInstruction, ofRaisingLeavesAFullQueueWhole) {
     const std::string old(200, 'o');
     const auto fill = [&] {
@@ -321,7 +319,7 @@ TEST_F(KilledAtAnyInstruction, ofAttachingLeavesTheOthersWhole) {
     killIn([] {}, attachChild, 30, checkOthers);
 }
 
-/* Raises and receives as fast as it goes, to be killed at any point. */
+// Raises and receives as fast as it goes, to be killed at any point.
 int makeLoad(unsigned seed) {
     std::mt19937 random(seed);
     for (;;) {
@@ -352,7 +350,7 @@ TEST_F(EventProcesses, killsAtRandomUnderLoadSpareTheOthers) {
     for (int kill = 0; kill < 200; ++kill) {
         std::unique_ptr<Child>& next = load[random() % load.size()];
         next = std::make_unique<Child>([kill] { return makeLoad(static_cast<unsigned>(kill)); });
-        const std::uint64_t before = raised("load");
+        const uint64_t before = raised("load");
         ASSERT_TRUE(comes([before] { return raised("load") != before; })) << "after kill " << kill;
         const std::string text = "message " + std::to_string(kill);
         ASSERT_EQ(raise("there", text), 0) << "after kill " << kill;

@@ -1,4 +1,4 @@
-/* Events inside one process, on a stand-in for the store. */
+// Events inside one process, on a stand-in for the store.
 #include <gtest/gtest.h>
 #include <ostrel/records.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/* Runs a function on a thread of its own, which starts and ends without any attachment. */
+// Runs a function on a thread of its own, which starts and ends without any attachment.
 void onOwnThread(const std::function<void()>& function) {
     std::thread(function).join();
 }
@@ -124,7 +124,7 @@ TEST_F(Events, carryTheWholePayload) {
     const int eid = eventId("some");
     ASSERT_EQ(attach("some"), 0);
     std::string payload(payloadCapacity, '\0');
-    for (std::size_t byte = 0; byte < payload.size(); ++byte)
+    for (size_t byte = 0; byte < payload.size(); ++byte)
         payload[byte] = static_cast<char>(255 - byte);
     EXPECT_EQ(event_set(eid, payload.data(), payload.size()), 0);
     const Received received = receive();
@@ -196,7 +196,7 @@ TEST_F(Events, aFullQueueDropsItsOldest) {
             if (number >= 600 - depth.kept)
                 expected.push_back(std::to_string(number));
         }
-        const auto lost = static_cast<std::uint64_t>(600 - depth.kept);
+        const auto lost = static_cast<uint64_t>(600 - depth.kept);
         EXPECT_EQ(dropped(name.c_str()), lost);
         EXPECT_EQ(receiveUntil("599"), expected);
         EXPECT_EQ(dropped(name.c_str()), lost);
@@ -247,7 +247,7 @@ TEST_F(Events, reachOnlyThoseAttached) {
     });
     const auto isAsleep = [&] { return isAttached && store.isAsleep(1); };
     ASSERT_TRUE(comes(isAsleep));
-    const std::uint32_t before = store.layout().threads[1].wakeups;
+    const uint32_t before = store.layout().threads[1].wakeups;
     for (int number = 0; number < 5; ++number)
         raise("some");
     EXPECT_EQ(store.layout().threads[1].wakeups, before);
@@ -525,17 +525,17 @@ TEST_F(Events, ofAnotherLayoutAreNotTouched) {
     EXPECT_EQ(receiveUntil("well"), Texts{"well"});
 }
 
-/* What stands behind the lock is scribbled over; the calls may fail in any way but by a crash. */
+// What stands behind the lock is scribbled over; the calls may fail in any way but by a crash.
 TEST_F(Events, surviveDamagedMemory) {
     std::mt19937 random(12345);
     auto* bytes = reinterpret_cast<unsigned char*>(&store.layout());
-    const std::size_t first = offsetof(EventLayout, eventCount);
-    const std::size_t afterEvents = offsetof(EventLayout, heads);
+    const size_t first = offsetof(EventLayout, eventCount);
+    const size_t afterEvents = offsetof(EventLayout, heads);
     const int some = eventId("some");
     for (int round = 0; round < 300; ++round) {
         attach("some", 256);
         for (int hit = 0; hit < 20'000; ++hit) {
-            const std::size_t end = hit % 2 == 0 ? afterEvents : offsetof(EventLayout, subscriptions);
+            const size_t end = hit % 2 == 0 ? afterEvents : offsetof(EventLayout, subscriptions);
             bytes[first + random() % (end - first)] = static_cast<unsigned char>(random());
         }
         std::array<char, 32> name{"some"};

@@ -1,4 +1,4 @@
-/* Events and timers on the real store, with its server in a process of its own. */
+// Events and timers on the real store, with its server in a process of its own.
 #include <ostrel/server.h>
 #include <signal.h>
 #include <sys/prctl.h>

@@ -15,13 +15,13 @@
 
 namespace {
 
-/* The number of the store in use, from 1; 0 for none. */
+// The number of the store in use, from 1; 0 for none.
 std::atomic<int>& inUse() {
     static std::atomic<int>& number = shared<std::atomic<int>>();
     return number;
 }
 
-std::vector<EventLayout*> layouts; /* by number - 1 */
+std::vector<EventLayout*> layouts;  // by number - 1
 
 }  // namespace
 
@@ -29,10 +29,10 @@ EventsInUse eventsInUse() {
     const int number = inUse();
     if (number == 0)
         return {};
-    return {layouts[static_cast<std::size_t>(number) - 1], static_cast<std::uint64_t>(number)};
+    return {layouts[static_cast<size_t>(number) - 1], static_cast<uint64_t>(number)};
 }
 
-void* sharedMemory(std::size_t size) {
+void* sharedMemory(size_t size) {
     void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     return memory == MAP_FAILED ? nullptr : memory;
 }

@@ -1,8 +1,6 @@
-/*
- * A stand-in for the store: event memory that the tests can make, damage, replace and take away.
- */
-#ifndef OSTREL_TEST_EVENTSTORE_H
-#define OSTREL_TEST_EVENTSTORE_H
+// A stand-in for the store: event memory that the tests can make, damage, replace and take away.
+#ifndef OSTREL_TESTS_OSTREL_EVENTSTORE_H
+#define OSTREL_TESTS_OSTREL_EVENTSTORE_H
 
 #include <sys/types.h>
 
@@ -10,30 +8,30 @@
 
 #include "events/eventlayout.h"
 
-/* Shared by the test with the child processes that it makes later. */
+// Shared by the test with the child processes that it makes later.
 class EventStore {
 public:
     EventStore();
-    /* Detaches the calling thread from everything and leaves no store in use. */
+    // Detaches the calling thread from everything and leaves no store in use.
     ~EventStore();
     EventStore(const EventStore&) = delete;
     EventStore& operator=(const EventStore&) = delete;
 
     EventLayout& layout() { return *m_layout; }
 
-    /* Whether the owner of that place has found nothing and sleeps. */
+    // Whether the owner of that place has found nothing and sleeps.
     bool isAsleep(int place);
 
-    /* Makes it the store in use, of all the processes of the test. */
+    // Makes it the store in use, of all the processes of the test.
     void use();
     static void useNone();
 
 private:
-    EventLayout* m_layout; /* stays mapped, as it does in the library */
+    EventLayout* m_layout;  // stays mapped, as it does in the library
     int m_number;
 };
 
-/* A child process that runs a function and ends with its result. Killed when it goes out of scope. */
+// A child process that runs a function and ends with its result. Killed when it goes out of scope.
 class Child {
 public:
     explicit Child(const std::function<int()>& function);
@@ -44,15 +42,15 @@ public:
     pid_t pid() const { return m_pid; }
     void signal(int number) const;
     void kill();
-    /* The result of the function; -1 where the child died of a signal. */
+    // The result of the function; -1 where the child died of a signal.
     int result();
 
 private:
     pid_t m_pid;
 };
 
-/* Memory that the test shares with the children that it makes later, zeroed. */
-void* sharedMemory(std::size_t size);
+// Memory that the test shares with the children that it makes later, zeroed.
+void* sharedMemory(size_t size);
 
 template <class T>
 T& shared() {

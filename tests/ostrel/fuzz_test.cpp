@@ -16,9 +16,9 @@ char* text(const std::string& s) {
     return const_cast<char*>(s.c_str());
 }
 
-const std::vector<std::string> kNames = {"A",          "B",     "NICK",        "GAS.",    "GAS.AV",
-                                         "FLOW.",      "FIELD", "FIELD:1:2:0", "WORDS:3", "FLAGS:1",
-                                         "COUNTS:0:1", "TEXT",  "ON",          "NUMBER",  "NOBODY"};
+const std::vector<std::string> nameCount = {"A",          "B",     "NICK",        "GAS.",    "GAS.AV",
+                                            "FLOW.",      "FIELD", "FIELD:1:2:0", "WORDS:3", "FLAGS:1",
+                                            "COUNTS:0:1", "TEXT",  "ON",          "NUMBER",  "NOBODY"};
 
 class Fuzz : public StoreTest {
 protected:
@@ -133,7 +133,7 @@ protected:
         for (int i = 0; i < FuzzInputs::scaled(count); ++i) {
             for (size_t spoils = 1 + random.below(3); spoils > 0; --spoils)
                 random.spoil(object.bytes + from, object.size - from);
-            use(kNames[random.below(kNames.size())]);
+            use(nameCount[random.below(nameCount.size())]);
             if (i % 16 == 0)
                 useStore();
             std::memcpy(object.bytes, whole.data(), whole.size());
@@ -159,7 +159,7 @@ TEST_F(Fuzz, NoNameHarmsALookUp) {
 TEST_F(Fuzz, NoNumberInAHandleHarms) {
     FuzzInputs random(2);
     for (int i = 0; i < FuzzInputs::scaled(100000); ++i) {
-        SHARED_MEMORY mem = handle(kNames[random.below(5)]);
+        SHARED_MEMORY mem = handle(nameCount[random.below(5)]);
         char bytes[sizeof mem];
         std::memcpy(bytes, &mem, sizeof mem);
         random.spoil(bytes, sizeof bytes);

@@ -1,5 +1,6 @@
 // Random inputs that are the same in each run. OSTREL_TEST_INPUTS=N takes N times as many.
-#pragma once
+#ifndef OSTREL_TESTS_OSTREL_FUZZINPUTS_H
+#define OSTREL_TESTS_OSTREL_FUZZINPUTS_H
 
 #include <cstdint>
 #include <cstdlib>
@@ -20,8 +21,8 @@ public:
 
     // Changes `size` bytes: a bit, a byte, a word, or a run of them.
     void spoil(char* bytes, size_t size) {
-        static constexpr uint64_t kTelling[] = {0,          1,         INT16_MAX,  UINT16_MAX, INT32_MAX,
-                                                UINT32_MAX, INT64_MAX, UINT64_MAX, 0x8000,     0x80000000};
+        static constexpr uint64_t telling[] = {0,          1,         INT16_MAX,  UINT16_MAX, INT32_MAX,
+                                               UINT32_MAX, INT64_MAX, UINT64_MAX, 0x8000,     0x80000000};
         const size_t at = below(size);
         switch (below(5)) {
             case 0:
@@ -34,7 +35,7 @@ public:
                 put(bytes, size, at & ~size_t{7}, m_random());
                 break;
             case 3:
-                put(bytes, size, at & ~size_t{7}, kTelling[below(std::size(kTelling))]);
+                put(bytes, size, at & ~size_t{7}, telling[below(std::size(telling))]);
                 break;
             default:
                 for (size_t i = at; i < std::min(size, at + 64); ++i)
@@ -50,3 +51,5 @@ private:
 
     std::mt19937_64 m_random;
 };
+
+#endif

@@ -64,7 +64,7 @@ private:
     uint32_t* m_word;
 };
 
-constexpr off_t kVersion = 8;
+constexpr off_t version = 8;
 
 TEST_F(Generation, IsNotMadeForWhatFits) {
     configure({"put 54 1 A"});
@@ -337,7 +337,7 @@ TEST_F(Generation, FollowsAStoreOfAnotherVersion) {
     RECONFIG_DATA* data = counters();
     const int before = data->generic_reconfig_count;
     server.killHard();
-    HeaderWord(store, kVersion).value() = 99;
+    HeaderWord(store, version).value() = 99;
     ServerProcess next;
     ASSERT_EQ(next.tell("open " + store), "ok 0");
     ASSERT_EQ(next.tell("begin -1"), "ok");

@@ -1,5 +1,6 @@
 // What the processes of the test of kills tell each other, in a file that all of them map: it outlives each of them.
-#pragma once
+#ifndef OSTREL_TESTS_OSTREL_KILLBOARD_H
+#define OSTREL_TESTS_OSTREL_KILLBOARD_H
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -11,9 +12,9 @@
 #include <new>
 #include <string>
 
-constexpr int kClients = 6;    // with the witnesses
-constexpr int kWitnesses = 2;  // the first clients, which are never killed
-constexpr double kLockedValue = 42;
+constexpr int clientCount = 6;  // with the witnesses
+constexpr int witnesses = 2;    // the first clients, which are never killed
+constexpr double lockedValue = 42;
 
 // What one client wrote, by number: before it writes n it sets `intent`, afterwards `done`.
 struct ClientRow {
@@ -25,7 +26,7 @@ struct ClientRow {
 };
 
 struct KillBoard {
-    std::array<ClientRow, kClients> clients;
+    std::array<ClientRow, clientCount> clients;
     ClientRow server;
     std::atomic<uint64_t> servers;   // that came to serving
     std::atomic<uint64_t> adopted;   // of them
@@ -67,3 +68,5 @@ inline int integerOf(uint64_t n) {
 inline std::string textOf(uint64_t n) {
     return std::string(70, static_cast<char>('a' + n % 26)) + std::to_string(n % 1000000);
 }
+
+#endif

@@ -67,9 +67,9 @@ protected:
         startServer();
         ASSERT_TRUE(isServedBy(1));
         ASSERT_EQ(ostrel_store_open(store.c_str(), nullptr, nullptr, 0), 0);
-        for (int id = 0; id < kClients; ++id)
+        for (int id = 0; id < clientCount; ++id)
             startClient(id);
-        for (int id = 0; id < kClients; ++id)
+        for (int id = 0; id < clientCount; ++id)
             ASSERT_TRUE(works(row(id))) << board.firstFailure;
     }
 
@@ -201,7 +201,7 @@ protected:
     const std::string writesFile = testing::TempDir() + store + ".writes";
     KillBoard& board = mapBoard(boardFile);
     std::unique_ptr<Worker> server;
-    std::array<std::unique_ptr<Worker>, kClients> clients;
+    std::array<std::unique_ptr<Worker>, clientCount> clients;
 };
 
 TEST_F(Kills, CostNobodyElseAnything) {
@@ -213,7 +213,7 @@ TEST_F(Kills, CostNobodyElseAnything) {
             killServer();
             ++serverKills;
         } else {
-            killClient(kWitnesses + static_cast<int>(random() % (kClients - kWitnesses)));
+            killClient(witnesses + static_cast<int>(random() % (clientCount - witnesses)));
             ++clientKills;
         }
     }
@@ -222,16 +222,16 @@ TEST_F(Kills, CostNobodyElseAnything) {
     EXPECT_GE(serverKills + clientKills, wanted);
 
     // The places of the dead are free again, and those that lived through all of it get their events.
-    EXPECT_TRUE(comes([] { return attached("shout") == kClients && attached("tick") == kClients; }));
-    for (int id = 0; id < kWitnesses; ++id) {
+    EXPECT_TRUE(comes([] { return attached("shout") == clientCount && attached("tick") == clientCount; }));
+    for (int id = 0; id < witnesses; ++id) {
         const uint64_t ticks = row(id).ticks.load();
         const uint64_t events = row(id).events.load();
         EXPECT_TRUE(comes([&] { return row(id).ticks.load() > ticks && row(id).events.load() > events; }));
     }
     stopAll();
-    for (int id = 0; id < kClients; ++id)
+    for (int id = 0; id < clientCount; ++id)
         checkValues(id);
-    EXPECT_EQ(+record<REAL_VARIABLE>("LOCKED")->value, kLockedValue);
+    EXPECT_EQ(+record<REAL_VARIABLE>("LOCKED")->value, lockedValue);
     checkCount();
     checkWritesFile();
     EXPECT_EQ(board.failures.load(), 0u) << board.firstFailure;

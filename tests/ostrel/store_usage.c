@@ -1,4 +1,4 @@
-/* The public headers serve a program in C, which finds a variable and writes it in a store of its own. */
+// The public headers serve a program in C, which finds a variable and writes it in a store of its own.
 #include <ostrel/areas.h>
 #include <ostrel/events.h>
 #include <ostrel/log.h>

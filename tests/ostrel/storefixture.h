@@ -1,7 +1,8 @@
 // A store of each test's own, served by a process of its own, and a client in the test process.
 //
 // Records are packed and EXPECT_EQ takes references, so tests compare a copy of a field: +record->value.
-#pragma once
+#ifndef OSTREL_TESTS_OSTREL_STOREFIXTURE_H
+#define OSTREL_TESTS_OSTREL_STOREFIXTURE_H
 
 #include <gtest/gtest.h>
 #include <ostrel/records.h>
@@ -66,3 +67,5 @@ protected:
     const std::string store = newStoreName();
     ServerProcess server;
 };
+
+#endif

@@ -17,12 +17,12 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(createStoreObjects(made, name, defaultCapacities(), {}, problem)) << problem;
         StoreHeader& header = *made.storeHeader();
-        header.layoutVersion = kLayoutVersion;
+        header.layoutVersion = storeLayoutVersion;
         header.eventBytes = eventMemorySize();
-        header.sectionCount = kSections;
-        header.magic = kMagic;
-        header.state = kLive;
-        ASSERT_EQ(open(), StoreLook::kUsable);
+        header.sectionCount = storeSections;
+        header.magic = storeMagic;
+        header.state = Live;
+        ASSERT_EQ(open(), StoreLook::Usable);
     }
 
     void TearDown() override { unlinkStoreObjects(name); }
@@ -47,13 +47,13 @@ protected:
 
 TEST_F(StoreOpen, AnotherVersionIsSaid) {
     made.storeHeader()->layoutVersion = 7;
-    EXPECT_EQ(open(), StoreLook::kDamaged);
-    EXPECT_EQ(problem, "has layout version 7, this program knows " + std::to_string(kLayoutVersion));
+    EXPECT_EQ(open(), StoreLook::Damaged);
+    EXPECT_EQ(problem, "has layout version 7, this program knows " + std::to_string(storeLayoutVersion));
 }
 
 TEST_F(StoreOpen, WhatIsNoStoreIsSaid) {
     std::memset(made.header.data(), 'x', 4096);
-    EXPECT_EQ(open(), StoreLook::kDamaged);
+    EXPECT_EQ(open(), StoreLook::Damaged);
     EXPECT_EQ(problem, "is no store");
 }
 
@@ -71,9 +71,9 @@ TEST_F(StoreOpen, ObjectsCutShortAreSaid) {
     for (int i = 0; i < FuzzInputs::scaled(300); ++i) {
         const auto& object = objects[random.below(std::size(objects))];
         resize(object.suffix, random.below(object.size));
-        EXPECT_EQ(open(), StoreLook::kDamaged) << object.suffix;
+        EXPECT_EQ(open(), StoreLook::Damaged) << object.suffix;
         resize(object.suffix, object.size);
-        EXPECT_EQ(open(), StoreLook::kUsable) << object.suffix << ": " << problem;
+        EXPECT_EQ(open(), StoreLook::Usable) << object.suffix << ": " << problem;
     }
 }
 
@@ -83,12 +83,12 @@ TEST_F(StoreOpen, AHeaderCutShortIsSaid) {
     for (int i = 0; i < FuzzInputs::scaled(300); ++i) {
         // The page at the front stays as this test has it mapped.
         resize("", 4096 + random.below(size - 4096));
-        EXPECT_EQ(open(), StoreLook::kDamaged);
+        EXPECT_EQ(open(), StoreLook::Damaged);
     }
     resize("", size);
     made = StoreObjects();
     resize("", 0);
-    EXPECT_EQ(open(), StoreLook::kAbsent) << "as one that is just being made";
+    EXPECT_EQ(open(), StoreLook::Absent) << "as one that is just being made";
 }
 
 TEST_F(StoreOpen, ARandomHeaderNeverHarms) {
@@ -99,20 +99,20 @@ TEST_F(StoreOpen, ARandomHeaderNeverHarms) {
     for (int i = 0; i < FuzzInputs::scaled(15000); ++i) {
         for (size_t spoils = 1 + random.below(3); spoils > 0; --spoils)
             random.spoil(made.header.data(), i % 2 == 0 ? 1488 : 64);
-        usable += open() == StoreLook::kUsable;
+        usable += open() == StoreLook::Usable;
         std::memcpy(made.header.data(), whole.data(), size);
     }
     EXPECT_GT(usable, 0) << "names of files may be anything";
-    EXPECT_EQ(open(), StoreLook::kUsable);
+    EXPECT_EQ(open(), StoreLook::Usable);
 }
 
 TEST_F(StoreOpen, CapacitiesThatTheObjectsHaveNoRoomForAreSaid) {
     made.storeHeader()->sections[0].capacity = INT16_MAX;
-    EXPECT_EQ(open(), StoreLook::kDamaged);
+    EXPECT_EQ(open(), StoreLook::Damaged);
     made.storeHeader()->sections[0].capacity = 0;
-    EXPECT_EQ(open(), StoreLook::kDamaged);
+    EXPECT_EQ(open(), StoreLook::Damaged);
     made.storeHeader()->sections[0].capacity = UINT32_MAX;
-    EXPECT_EQ(open(), StoreLook::kDamaged);
+    EXPECT_EQ(open(), StoreLook::Damaged);
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ struct Served {
         bool isNew = false;
         auto* locked = static_cast<REAL_VARIABLE*>(put(GU_REAL_MEM, REAL_TYPE, "LOCKED", isNew));
         if (isNew)
-            locked->value = kLockedValue;
+            locked->value = lockedValue;
         const ostrel_write_rule rule{0, 0, 0, 0, 0};
         ostrel_server_set_write_rule(server, "LOCKED", &rule);
     }
@@ -67,14 +67,14 @@ struct Served {
         bool isNew = false;
         count = static_cast<REAL_VARIABLE*>(put(GU_REAL_MEM, REAL_TYPE, "COUNT", isNew));
         putLocked();
-        for (int id = 0; id < kClients; ++id) {
+        for (int id = 0; id < clientCount; ++id) {
             put(GU_REAL_MEM, REAL_TYPE, realName(id), isNew);
             put(GU_INTEGER_MEM, INT_TYPE, integerName(id), isNew);
             put(GU_STRING_MEM, STRING_TYPE, textName(id), isNew);
             ostrel_server_put_alias(server, ("NICK" + std::to_string(id)).c_str(), realName(id).c_str(), 1, message,
                                     sizeof message);
         }
-        const unsigned short size = kClients;
+        const unsigned short size = clientCount;
         void* elements = nullptr;
         ostrel_server_put_array(server, REAL_ARRAY_TYPE, "FIELD", 1, &size, &elements, nullptr, message,
                                 sizeof message);
@@ -218,7 +218,7 @@ private:
 
     void tryLocked() {
         set_real_variable(m_locked, 1);
-        mustBe(m_locked->value == kLockedValue, "what is not writable was written");
+        mustBe(m_locked->value == lockedValue, "what is not writable was written");
     }
 
     void watchServer() {

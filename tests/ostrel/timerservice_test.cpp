@@ -1,4 +1,4 @@
-/* Timers, raised by a server process of the test's own on a stand-in for the store. */
+// Timers, raised by a server process of the test's own on a stand-in for the store.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <unistd.h>
@@ -16,9 +16,9 @@ int timer(const char* name, int periodMs) {
     return eid;
 }
 
-/* Of 10 ms. */
-std::uint64_t periodsSince(std::int64_t start) {
-    return static_cast<std::uint64_t>((monotonicNow() - start) / (10 * nanosecondsPerMs));
+// Of 10 ms.
+uint64_t periodsSince(int64_t start) {
+    return static_cast<uint64_t>((monotonicNow() - start) / (10 * nanosecondsPerMs));
 }
 
 class Timers : public testing::Test {
@@ -55,7 +55,7 @@ TEST_F(Timers, tickInTheServersOwnProcess) {
         const TimerService service(&store.layout());
         EXPECT_TRUE(ticks(tick, 10));
     }
-    const std::uint64_t atTheEnd = raised("tmr-10");
+    const uint64_t atTheEnd = raised("tmr-10");
     int eid = 0;
     while (event_wait(nullptr, 0, &eid) == 0) {
     }
@@ -69,12 +69,12 @@ TEST_F(Timers, eachKeepsItsPeriod) {
     timer("tmr-3600000", 3'600'000);
     const auto running = server();
     ASSERT_TRUE(comes([] { return raised("tmr-100") >= 1; }));
-    const std::int64_t start = monotonicNow();
-    const std::uint64_t fast = raised("tmr-10");
-    const std::uint64_t slow = raised("tmr-100");
+    const int64_t start = monotonicNow();
+    const uint64_t fast = raised("tmr-10");
+    const uint64_t slow = raised("tmr-100");
     ASSERT_TRUE(comes([slow] { return raised("tmr-100") >= slow + 10; }));
     // A loaded machine may miss periods, each timer for itself, but never has more.
-    const std::uint64_t came = raised("tmr-10") - fast;
+    const uint64_t came = raised("tmr-10") - fast;
     EXPECT_LE(came, periodsSince(start) + 1);
     EXPECT_GE(came, 10U);
     EXPECT_EQ(raised("tmr-3600000"), 0U);
@@ -91,11 +91,11 @@ TEST_F(Timers, doNotCatchUpWithABurst) {
     }
 
     // A second has passed, a hundred periods. From here on there may be one tick a period, and the one overdue.
-    const std::uint64_t before = raised("tmr-10");
-    const std::int64_t start = monotonicNow();
+    const uint64_t before = raised("tmr-10");
+    const int64_t start = monotonicNow();
     running->signal(SIGCONT);
     ASSERT_TRUE(ticks(tick, 30));
-    const std::uint64_t came = raised("tmr-10") - before;
+    const uint64_t came = raised("tmr-10") - before;
     EXPECT_LE(came, periodsSince(start) + 2);
 }
 

@@ -20,61 +20,56 @@
 
 namespace {
 
-constexpr double kUntouched = -777.25;
+constexpr double untouched = -777.25;
 
-/* The platform takes its texts as char* and does not write to them. */
+// The platform takes its texts as char* and does not write to them.
 char* text(const std::string& keyword) {
     return const_cast<char*>(keyword.c_str());
 }
 
 double converted(double value, const std::string& from, const std::string& to) {
-    double result = kUntouched;
+    double result = untouched;
     EXPECT_EQ(unitsConvert(value, text(from), &result, text(to)), 0) << from << " to " << to;
     return result;
 }
 
 testing::AssertionResult refuses(const std::string& from, const std::string& to) {
-    double result = kUntouched;
+    double result = untouched;
     const int status = unitsConvert(1, text(from), &result, text(to));
-    if (status == 0) {
+    if (status == 0)
         return testing::AssertionFailure() << from << " to " << to << " was converted";
-    }
-    if (result != kUntouched) {
+    if (result != untouched)
         return testing::AssertionFailure() << from << " to " << to << " changed the result";
-    }
     return testing::AssertionSuccess();
 }
 
 testing::AssertionResult isClose(double value, double wanted, double scale) {
     const double tolerance = 1e-9 * std::max(std::fabs(wanted), scale);
-    if (std::fabs(value - wanted) <= tolerance) {
+    if (std::fabs(value - wanted) <= tolerance)
         return testing::AssertionSuccess();
-    }
     return testing::AssertionFailure() << value << " where " << wanted << " is right";
 }
 
 std::vector<std::string> compatible(const std::string& keyword, short int capacity = 30) {
-    std::vector<UNITS_NAME> names(static_cast<std::size_t>(capacity));
+    std::vector<UNITS_NAME> names(static_cast<size_t>(capacity));
     EXPECT_EQ(LV_get_units(text(keyword), &capacity, names.data()), 0) << keyword;
     std::vector<std::string> list;
-    for (short int i = 0; i < capacity; ++i) {
-        list.emplace_back(names[static_cast<std::size_t>(i)]);
-    }
+    for (short int i = 0; i < capacity; ++i)
+        list.emplace_back(names[static_cast<size_t>(i)]);
     return list;
 }
 
 const UnitPhysics& physicsOf(const std::string& keyword) {
     static const UnitPhysics unknown{"unknown", 0, 1, 0};
-    for (const UnitPhysics& row : kUnitPhysics) {
-        if (keyword == row.keyword) {
+    for (const UnitPhysics& row : unitPhysics) {
+        if (keyword == row.keyword)
             return row;
-        }
     }
     ADD_FAILURE() << keyword << " is missing in unitsphysics.h";
     return unknown;
 }
 
-/* Compares with what the definitions of the two units say. */
+// Compares with what the definitions of the two units say.
 void expectAsDefined(double value, const UnitPhysics& from, const UnitPhysics& to) {
     const double wanted = (value * from.factor + from.offset - to.offset) / to.factor;
     const double scale = std::max(std::fabs(to.offset / to.factor), std::fabs(from.offset / to.factor));
@@ -82,18 +77,18 @@ void expectAsDefined(double value, const UnitPhysics& from, const UnitPhysics& t
         << value << " " << from.keyword << " in " << to.keyword;
 }
 
-/* Ends a process that was made for one case; the case fails where an expectation in it did. */
+// Ends a process that was made for one case; the case fails where an expectation in it did.
 [[noreturn]] void endCase() {
     std::_Exit(testing::Test::HasFailure() ? 1 : 0);
 }
 
-/* Cases that need an environment of their own run in a process that has not converted anything yet. */
+// Cases that need an environment of their own run in a process that has not converted anything yet.
 class UnitsInNewProcess : public testing::Test {
 protected:
     void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
-/* A file of a site's keywords for this process, gone at the end of the scope. */
+// A file of a site's keywords for this process, gone at the end of the scope.
 class SiteFile {
 public:
     explicit SiteFile(const std::string& lines)
@@ -112,17 +107,16 @@ private:
 }  // namespace
 
 TEST(Units, EveryKeywordIsWhatItsDefinitionSays) {
-    for (const UnitPhysics& from : kUnitPhysics) {
+    for (const UnitPhysics& from : unitPhysics) {
         for (const std::string& keyword : compatible(from.keyword)) {
-            for (double value : {0.0, 1.0, -40.0, 12345.678}) {
+            for (double value : {0.0, 1.0, -40.0, 12345.678})
                 expectAsDefined(value, from, physicsOf(keyword));
-            }
         }
     }
 }
 
 TEST(Units, EveryConversionLeadsBack) {
-    for (const UnitPhysics& from : kUnitPhysics) {
+    for (const UnitPhysics& from : unitPhysics) {
         for (const std::string& keyword : compatible(from.keyword)) {
             const double there = converted(37.5, from.keyword, keyword);
             EXPECT_TRUE(isClose(converted(there, keyword, from.keyword), 37.5, std::fabs(from.offset / from.factor)))
@@ -133,7 +127,7 @@ TEST(Units, EveryConversionLeadsBack) {
 
 TEST(Units, CodesAreThoseOfOldAndKeywordsFitTheirField) {
     std::set<int> codes;
-    for (const UnitPhysics& row : kUnitPhysics) {
+    for (const UnitPhysics& row : unitPhysics) {
         int code = -5;
         EXPECT_EQ(units_keyword_to_code(text(row.keyword), &code), 0) << row.keyword;
         EXPECT_EQ(code, row.code) << row.keyword;
@@ -161,9 +155,8 @@ TEST(Units, UpperAndLowerCaseAreTheSame) {
 }
 
 TEST(Units, EqualKeywordsGiveTheVeryValue) {
-    for (const UnitPhysics& row : kUnitPhysics) {
+    for (const UnitPhysics& row : unitPhysics)
         EXPECT_EQ(converted(0.1, row.keyword, row.keyword), 0.1);
-    }
     EXPECT_TRUE(refuses("FURLONGS", "FURLONGS"));
     EXPECT_EQ(converted(0.1, "", ""), 0.1);
     EXPECT_EQ(converted(0.1, "", "none"), 0.1);
@@ -183,7 +176,7 @@ TEST(Units, GaugePressuresCountFromOneAtmosphere) {
     EXPECT_NEAR(converted(101.325, "KPA", "PSIG"), 0, 1e-12);
     EXPECT_NEAR(converted(1, "BARG", "BAR"), 2.01325, 1e-12);
     EXPECT_NEAR(converted(100, "KPAG", "BARG"), 1, 1e-12);
-    EXPECT_NEAR(converted(1, "PSID", "PAD"), kPsi, 1e-9);
+    EXPECT_NEAR(converted(1, "PSID", "PAD"), psi, 1e-9);
 }
 
 TEST(Units, WhatOnlyLooksAlikeIsKeptApart) {
@@ -204,13 +197,12 @@ TEST(Units, WhatOnlyLooksAlikeIsKeptApart) {
 }
 
 TEST(Units, GroupsDoNotConvertToEachOther) {
-    std::map<std::string, std::string> first_of_group;
-    for (const UnitPhysics& row : kUnitPhysics) {
-        first_of_group.emplace(compatible(row.keyword).front(), row.keyword);
-    }
-    EXPECT_GE(first_of_group.size(), 50U);
-    for (const auto& [from, any_of_from] : first_of_group) {
-        for (const auto& [to, any_of_to] : first_of_group) {
+    std::map<std::string, std::string> firstOfGroup;
+    for (const UnitPhysics& row : unitPhysics)
+        firstOfGroup.emplace(compatible(row.keyword).front(), row.keyword);
+    EXPECT_GE(firstOfGroup.size(), 50U);
+    for (const auto& [from, anyOfFrom] : firstOfGroup) {
+        for (const auto& [to, anyOfTo] : firstOfGroup) {
             if (from != to) {
                 EXPECT_TRUE(refuses(from, to));
             }
@@ -233,7 +225,7 @@ TEST(Units, UnknownKeywordsAreRefused) {
 }
 
 TEST(Units, NullIsRefused) {
-    double real = kUntouched;
+    double real = untouched;
     int integer = -5;
     short int count = 5;
     REAL_VARIABLE var{};
@@ -258,7 +250,7 @@ TEST(Units, NullIsRefused) {
     count = 5;
     EXPECT_EQ(LV_get_units(nullptr, &count, names), -1);
     EXPECT_EQ(count, 0);
-    EXPECT_EQ(real, kUntouched);
+    EXPECT_EQ(real, untouched);
     EXPECT_EQ(integer, -5);
 }
 
@@ -298,7 +290,7 @@ TEST(Units, VariablesAreReadInGivenUnits) {
     REAL_VARIABLE real{};
     real.value = 2;
     std::strcpy(real.units, "bar");
-    double value = kUntouched;
+    double value = untouched;
     EXPECT_EQ(units_get_real_keyword(&value, &real, text("KPA")), 0);
     EXPECT_DOUBLE_EQ(value, 200);
     EXPECT_EQ(real.value, 2);
@@ -316,9 +308,9 @@ TEST(Units, AUnitsFieldWithoutItsZeroIsRefused) {
     REAL_VARIABLE real{};
     std::memset(real.units, 'M', sizeof real.units);
     std::memset(real.display_format, 0, sizeof real.display_format);
-    double value = kUntouched;
+    double value = untouched;
     EXPECT_NE(units_get_real_keyword(&value, &real, text("M")), 0);
-    EXPECT_EQ(value, kUntouched);
+    EXPECT_EQ(value, untouched);
 }
 
 TEST(Units, ListsWhatAKeywordConvertsTo) {
@@ -333,9 +325,8 @@ TEST(Units, ListsWhatAKeywordConvertsTo) {
 }
 
 TEST(Units, AMenuOfThirtyShowsEveryGroupWhole) {
-    for (const UnitPhysics& row : kUnitPhysics) {
+    for (const UnitPhysics& row : unitPhysics)
         EXPECT_EQ(compatible(row.keyword), compatible(row.keyword, 200)) << row.keyword;
-    }
 }
 
 TEST(Units, ListsNothingWhereNothingFits) {
@@ -375,7 +366,7 @@ TEST_F(UnitsInNewProcess, SitesAddKeywords) {
             "\tSHIFT 10002 SHIFTS 8 h\r\n"
             "DAYS 10003 SHIFTS day\n"
             "DBM 10004 POWER 0.1 lg(re 1 mW)");
-        EXPECT_NEAR(converted(1, "INLBF-M", "NM"), 0.0254 * kLbf, 1e-12);
+        EXPECT_NEAR(converted(1, "INLBF-M", "NM"), 0.0254 * lbf, 1e-12);
         EXPECT_DOUBLE_EQ(converted(3, "SHIFT", "DAYS"), 1);
         EXPECT_TRUE(refuses("SHIFT", "HR"));
         EXPECT_NEAR(converted(30, "DBM", "W"), 1, 1e-9);
@@ -405,9 +396,8 @@ TEST_F(UnitsInNewProcess, BadLinesOfASiteAreNamedAndLeftOut) {
             "M\xc3\xbc 10009 PRESSURE psi\n");
         EXPECT_DOUBLE_EQ(converted(1, "PSI", "PSIA"), 1);
         EXPECT_DOUBLE_EQ(converted(1, "GOOD", "PSI"), 2);
-        for (const char* left_out : {"LOW", "TEXT", "LESS", "GREEK", "HEAVY", "AGAIN"}) {
-            EXPECT_TRUE(refuses(left_out, "PSI"));
-        }
+        for (const char* leftOut : {"LOW", "TEXT", "LESS", "GREEK", "HEAVY", "AGAIN"})
+            EXPECT_TRUE(refuses(leftOut, "PSI"));
         EXPECT_EQ(compatible("GOOD", 200).back(), "GOOD");
     };
     EXPECT_EXIT((run(), endCase()), testing::ExitedWithCode(0),
@@ -439,39 +429,36 @@ TEST_F(UnitsInNewProcess, WithoutDatabaseOnlyEqualKeywordsConvert) {
 
 TEST_F(UnitsInNewProcess, ThreadsConvertAtOnce) {
     const auto run = [] {
-        constexpr int kThreads = 8;
-        std::latch start(kThreads);
+        constexpr int threadCount = 8;
+        std::latch start(threadCount);
         std::vector<std::thread> threads;
-        for (int i = 0; i < kThreads; ++i) {
+        for (int i = 0; i < threadCount; ++i) {
             threads.emplace_back([&start] {
                 start.arrive_and_wait();
-                for (const UnitPhysics& from : kUnitPhysics) {
-                    for (const std::string& keyword : compatible(from.keyword)) {
+                for (const UnitPhysics& from : unitPhysics) {
+                    for (const std::string& keyword : compatible(from.keyword))
                         expectAsDefined(250, from, physicsOf(keyword));
-                    }
                 }
             });
         }
-        for (std::thread& thread : threads) {
+        for (std::thread& thread : threads)
             thread.join();
-        }
     };
     EXPECT_EXIT((run(), endCase()), testing::ExitedWithCode(0), "^$");
 }
 
 namespace {
 
-constexpr const char* kPageMark = "<!-- from here on made from the table of keywords -->\n";
+constexpr const char* pageMark = "<!-- from here on made from the table of keywords -->\n";
 
 std::string tablesOfThePage() {
     std::ostringstream page;
     page.precision(7);
-    for (const UnitGroup& group : kUnitGroups) {
+    for (const UnitGroup& group : unitGroups) {
         std::string first;
-        for (const UnitKeyword& row : kUnitKeywords) {
-            if (row.group != group.name) {
+        for (const UnitKeyword& row : unitKeywords) {
+            if (row.group != group.name)
                 continue;
-            }
             const std::string keyword(row.keyword);
             if (first.empty()) {
                 first = keyword;
@@ -492,9 +479,9 @@ TEST(Units, ThePageForCellEngineersShowsTheTable) {
     std::stringstream content;
     content << file.rdbuf();
     const std::string page = content.str();
-    const std::size_t mark = page.find(kPageMark);
+    const size_t mark = page.find(pageMark);
     ASSERT_NE(mark, std::string::npos) << UNITS_PAGE << " has no mark where the tables start";
-    const std::string head = page.substr(0, mark + std::strlen(kPageMark));
+    const std::string head = page.substr(0, mark + std::strlen(pageMark));
     const std::string right = head + tablesOfThePage();
     if (page != right) {
         const std::string copy = testing::TempDir() + "ostrel-units.md";

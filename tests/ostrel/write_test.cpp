@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
 char* text(const std::string& s) {
     return const_cast<char*>(s.c_str());
@@ -77,7 +77,7 @@ TEST_F(Write, TheSameValueAgainIsASampleAndNoChange) {
 
 TEST_F(Write, WhatIsNoNumberIsTrappedAndNotStored) {
     set_real_variable(real, 1.5);
-    for (const double value : {kNoNumber, HUGE_VAL, -HUGE_VAL}) {
+    for (const double value : {noNumber, HUGE_VAL, -HUGE_VAL}) {
         set_real_variable(real, value);
         EXPECT_EQ(+real->value, 1.5);
         EXPECT_EQ(+real->NAN_trapped, 1);
@@ -178,14 +178,14 @@ TEST_F(Write, ElementsAreStoredByTheirHandle) {
     EXPECT_EQ(+element->value, 2.5);
     EXPECT_EQ(+element->last_pid, getpid());
     EXPECT_TRUE(isNow(element->last_sampled_time));
-    EXPECT_NE(set("REALS:1", kNoNumber, nullptr), 0);
+    EXPECT_NE(set("REALS:1", noNumber, nullptr), 0);
     EXPECT_EQ(+element->value, 2.5);
     EXPECT_EQ(+element->NAN_trapped, 1);
 
     EXPECT_EQ(set("INTS:2", -3.4, nullptr), 0);
     const auto* whole = static_cast<INTEGER_ARRAY_MEMBER*>(handle("INTS:2").member_adr);
     EXPECT_EQ(+whole->value, -3);
-    for (const double value : {kNoNumber, 1e10, -1e10})
+    for (const double value : {noNumber, 1e10, -1e10})
         EXPECT_NE(set("INTS:2", value, nullptr), 0);
     EXPECT_EQ(+whole->value, -3);
 

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
 char* text(const std::string& s) {
     return const_cast<char*>(s.c_str());
@@ -116,7 +116,7 @@ TEST_F(WriteRules, ValuesOutsideTheLimitsAreRefusedAndTheLimitsThemselvesAreNot)
         EXPECT_EQ(+variable->value, 10) << outside;
     }
     EXPECT_EQ(+variable->update_count, 3u);
-    set_real_variable(variable, kNoNumber);
+    set_real_variable(variable, noNumber);
     EXPECT_EQ(+variable->value, 10);
 }
 
@@ -136,7 +136,7 @@ TEST_F(WriteRules, AnArraysRuleHoldsForEachElement) {
     EXPECT_EQ(setElement("REALS:1:2", 0.5), 0);
     EXPECT_EQ(setElement("INTS:2", 2), OSTREL_OUTSIDE);
     EXPECT_EQ(setElement("INTS:2", 1.4), 0) << "an integer element takes the whole number next to it";
-    EXPECT_EQ(setElement("REALS:0:0", kNoNumber), OSTREL_NO_VALUE);
+    EXPECT_EQ(setElement("REALS:0:0", noNumber), OSTREL_NO_VALUE);
 }
 
 TEST_F(WriteRules, AnotherVariablesRuleDoesNotMatter) {
@@ -233,7 +233,7 @@ TEST_F(WriteRules, RefusedWritesAreListedToo) {
     server.tell("rule INT 0 - -");
     set_real_variable(record<REAL_VARIABLE>("REAL"), 7);
     set_integer(record<INTEGER_VARIABLE>("INT"), 7);
-    set_real_variable(record<REAL_VARIABLE>("FREE"), kNoNumber);
+    set_real_variable(record<REAL_VARIABLE>("FREE"), noNumber);
     const auto list = writes();
     ASSERT_EQ(list.size(), 3u);
     EXPECT_EQ(list[0].refusal, OSTREL_OUTSIDE);

@@ -1,5 +1,6 @@
 // The catalogue of variables, read from a real store that a process of its own serves.
 #include <unistd.h>
+
 #include <QMap>
 #include <QStringList>
 

@@ -1,12 +1,11 @@
 // Named platform events reach their subscribers through one waiting thread per event.
-#include "fabric/ostrel_event_moderator.h"
-
 #include <ostrel/events.h>
 
 #include <QRegularExpression>
 
 #include "core/glostrelbase.h"
 #include "fabric/ostrel_event.h"
+#include "fabric/ostrel_event_moderator.h"
 #include "fabric/ostrelgblreconfigevent.h"
 #include "fabric/ostrelvariabledatainput.h"
 #include "plugintest.h"

@@ -1,8 +1,8 @@
 // A host that knows the library by its file alone: it opens it and tells, a line each, which definitions the library
 // uses. Built twice: with globals and a platform function of its own, and without.
+#include <dlfcn.h>
 #include <ostrel/records.h>
 
-#include <dlfcn.h>
 #include <QApplication>
 #include <QDesignerCustomWidgetCollectionInterface>
 #include <QPluginLoader>

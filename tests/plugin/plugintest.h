@@ -1,6 +1,6 @@
 // What the tests of the plug-in library have in common: a bound widget without a face, the host's flags, debug lines.
-#ifndef PLUGINTEST_H
-#define PLUGINTEST_H
+#ifndef OSTREL_TESTS_PLUGIN_PLUGINTEST_H
+#define OSTREL_TESTS_PLUGIN_PLUGINTEST_H
 
 #include <QMutex>
 #include <QStringList>

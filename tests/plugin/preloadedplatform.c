@@ -1,4 +1,4 @@
-/* A platform function that a site loads before everything else. */
+// A platform function that a site loads before everything else.
 #include <ostrel/store.h>
 #include <stdio.h>
 

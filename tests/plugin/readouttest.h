@@ -1,6 +1,6 @@
 // What the tests of the simple read-outs have in common: what an operator sees of one, and the dialogs it opens.
-#ifndef READOUTTEST_H
-#define READOUTTEST_H
+#ifndef OSTREL_TESTS_PLUGIN_READOUTTEST_H
+#define OSTREL_TESTS_PLUGIN_READOUTTEST_H
 
 #include <QApplication>
 #include <QFrame>

@@ -1,7 +1,7 @@
 // What the tests of the selection dialogs have in common: a small store with a catalogue, and an operator at its
 // dialogs.
-#ifndef SELECTIONTEST_H
-#define SELECTIONTEST_H
+#ifndef OSTREL_TESTS_PLUGIN_SELECTIONTEST_H
+#define OSTREL_TESTS_PLUGIN_SELECTIONTEST_H
 
 #include <ostrel/records.h>
 

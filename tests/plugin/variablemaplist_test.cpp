@@ -1,4 +1,6 @@
 // The catalogue of variables: what each filter lists, in which order, and how the areas are linked and left.
+#include "selection/variablemaplist.h"
+
 #include <ostrel/records.h>
 #include <ostrel/store.h>
 
@@ -6,7 +8,6 @@
 #include <QProcess>
 
 #include "plugintest.h"
-#include "selection/variablemaplist.h"
 
 namespace {
 

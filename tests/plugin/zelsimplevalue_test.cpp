@@ -1,11 +1,10 @@
 // The everyday read-out.
-#include "widgets/zel_simplevalue.h"
-
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QSignalSpy>
 
 #include "readouttest.h"
+#include "widgets/zel_simplevalue.h"
 
 namespace {
 

@@ -1,6 +1,4 @@
 // The read-out of a channel.
-#include "widgets/zel_simplevaluechanindex.h"
-
 #include <QAction>
 #include <QComboBox>
 #include <QGridLayout>
@@ -11,6 +9,7 @@
 #include "readouttest.h"
 #include "scripted/areas.h"
 #include "selection/channelindexselectiondialog.h"
+#include "widgets/zel_simplevaluechanindex.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
 // The read-out of free layout: where it differs from the everyday one.
-#include "widgets/zel_simplevalue_fl.h"
-
 #include <QGridLayout>
 #include <QSignalSpy>
 #include <memory>
 
 #include "readouttest.h"
+#include "widgets/zel_simplevalue_fl.h"
 #include "widgets/zelgroupwidget.h"
 #include "widgets/zelgroupwidget_fl.h"
 #include "widgets/zelsimplevalueplugin_fl.h"

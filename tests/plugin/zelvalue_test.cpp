@@ -1,6 +1,4 @@
 // The plain display of one variable.
-#include "widgets/zel_value.h"
-
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
@@ -13,6 +11,7 @@
 #include "plugintest.h"
 #include "whenopened.h"
 #include "widgets/flashinglabel.h"
+#include "widgets/zel_value.h"
 
 namespace {
 

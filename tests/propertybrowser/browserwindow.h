@@ -1,6 +1,6 @@
 // What the tests of the property browser have in common: a browser on the screen.
-#ifndef BROWSERWINDOW_H
-#define BROWSERWINDOW_H
+#ifndef OSTREL_TESTS_PROPERTYBROWSER_BROWSERWINDOW_H
+#define OSTREL_TESTS_PROPERTYBROWSER_BROWSERWINDOW_H
 
 #include <qttreepropertybrowser.h>
 #include <qtvariantproperty.h>

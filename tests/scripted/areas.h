@@ -3,8 +3,8 @@
 // A test speaks to them as in
 //     platform().areas().serve();
 //     platform().areas().put<REAL_VARIABLE>(AI_REAL_MEM, 0, "SPEED");
-#ifndef SCRIPTED_AREAS_H
-#define SCRIPTED_AREAS_H
+#ifndef OSTREL_TESTS_SCRIPTED_AREAS_H
+#define OSTREL_TESTS_SCRIPTED_AREAS_H
 
 #include <ostrel/records.h>
 

@@ -1,6 +1,6 @@
 // Writing down a call of the platform.
-#ifndef SCRIPTED_CALLS_H
-#define SCRIPTED_CALLS_H
+#ifndef OSTREL_TESTS_SCRIPTED_CALLS_H
+#define OSTREL_TESTS_SCRIPTED_CALLS_H
 
 #include <QString>
 #include <type_traits>

@@ -1,6 +1,6 @@
 // The events of the scripted platform, and the threads that wait for them.
-#ifndef SCRIPTED_EVENTS_H
-#define SCRIPTED_EVENTS_H
+#ifndef OSTREL_TESTS_SCRIPTED_EVENTS_H
+#define OSTREL_TESTS_SCRIPTED_EVENTS_H
 
 #include <QByteArray>
 #include <QString>

@@ -4,8 +4,8 @@
 //     platform().real("SPEED").value(1500).units("RPM").format("%6.1f");
 //     platform().answer("find_alias_label", -1);
 //     QCOMPARE(platform().calls(), QStringList({"find_variable SPEED"}));
-#ifndef SCRIPTED_PLATFORM_H
-#define SCRIPTED_PLATFORM_H
+#ifndef OSTREL_TESTS_SCRIPTED_PLATFORM_H
+#define OSTREL_TESTS_SCRIPTED_PLATFORM_H
 
 #include <ostrel/records.h>
 

@@ -1,7 +1,6 @@
-/*
- * Programs as a user runs them: start with arguments, see lines and exit status.
- */
-#pragma once
+// Programs as a user runs them: start with arguments, see lines and exit status.
+#ifndef OSTREL_TESTS_TOOLS_PROGRAM_H
+#define OSTREL_TESTS_TOOLS_PROGRAM_H
 
 #include <sys/types.h>
 
@@ -50,3 +49,5 @@ private:
 };
 
 Outcome run(const Arguments& command);
+
+#endif

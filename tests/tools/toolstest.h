@@ -1,7 +1,6 @@
-/*
- * The command `ostrel` against a cell that really runs: each test has a store of its own.
- */
-#pragma once
+// The command `ostrel` against a cell that really runs: each test has a store of its own.
+#ifndef OSTREL_TESTS_TOOLS_TOOLSTEST_H
+#define OSTREL_TESTS_TOOLS_TOOLSTEST_H
 
 #include <gtest/gtest.h>
 
@@ -61,3 +60,5 @@ private:
     std::string m_store = freshStoreName();
     std::unique_ptr<Program> m_cell;
 };
+
+#endif

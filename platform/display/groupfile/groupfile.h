@@ -16,8 +16,8 @@
 //
 // Compiled into the plug-in library and into the display library alike, since a site may bring a display library of its
 // own.
-#ifndef OSTREL_GROUPFILE_H
-#define OSTREL_GROUPFILE_H
+#ifndef OSTREL_DISPLAY_GROUPFILE_GROUPFILE_H
+#define OSTREL_DISPLAY_GROUPFILE_GROUPFILE_H
 
 #include <QByteArray>
 #include <QString>

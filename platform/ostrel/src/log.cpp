@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <ostrel/log.h>
 #include <sys/time.h>
 #include <unistd.h>
 
@@ -8,14 +9,12 @@
 #include <cstring>
 #include <ctime>
 
-#include <ostrel/log.h>
-
 #include "processidentity.h"
 #include "store/currentstore.h"
 
 namespace {
 
-constexpr size_t kLongestLine = 1000;
+constexpr size_t longestLine = 1000;
 
 size_t writtenLength(int result, size_t room) {
     return result < 0 ? 0 : std::min(static_cast<size_t>(result), room - 1);
@@ -42,7 +41,7 @@ void appendTo(const char* path, const char* line, size_t length) {
 }  // namespace
 
 void log_error(const char* file, int line, int level, int status, const char* format, ...) {
-    char text[kLongestLine + 1];
+    char text[longestLine + 1];
     const ProcessIdentity self = processIdentity();
     size_t length = putTime(text, sizeof text);
     length +=

@@ -1,6 +1,4 @@
-/*
- * The clock that all times inside a store are told by.
- */
+// The clock that all times inside a store are told by.
 #ifndef OSTREL_MONOTONIC_H
 #define OSTREL_MONOTONIC_H
 
@@ -8,11 +6,11 @@
 
 #include <cstdint>
 
-constexpr std::int64_t nanosecondsPerMs = 1'000'000;
-constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+constexpr int64_t nanosecondsPerMs = 1'000'000;
+constexpr int64_t nanosecondsPerSecond = 1'000'000'000;
 
-/* Nanoseconds of CLOCK_MONOTONIC. */
-inline std::int64_t monotonicNow() {
+// Nanoseconds of CLOCK_MONOTONIC.
+inline int64_t monotonicNow() {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
     return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;

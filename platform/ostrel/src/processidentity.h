@@ -1,6 +1,4 @@
-/*
- * Who this process is, for log lines and the book-keeping of writes.
- */
+// Who this process is, for log lines and the book-keeping of writes.
 #ifndef OSTREL_PROCESSIDENTITY_H
 #define OSTREL_PROCESSIDENTITY_H
 
@@ -14,10 +12,10 @@ struct ProcessIdentity {
     char name[24];  // the program's, filled up with zeros
 };
 
-/* Without a system call each time; right in a forked child too. */
+// Without a system call each time; right in a forked child too.
 ProcessIdentity processIdentity();
 
-/* When the process started, in the system's ticks (field 22 of /proc/PID/stat); 0 where there is no such process. */
+// When the process started, in the system's ticks (field 22 of /proc/PID/stat); 0 where there is no such process.
 uint64_t processStart(pid_t pid);
 
 #endif

@@ -1,6 +1,4 @@
-/*
- * What the kernel tells of a process or a thread in its file "stat".
- */
+// What the kernel tells of a process or a thread in its file "stat".
 #ifndef OSTREL_PROCSTAT_H
 #define OSTREL_PROCSTAT_H
 
@@ -8,11 +6,11 @@
 #include <optional>
 
 struct ProcStat {
-    char state;             // 'Z' and 'X' are dead
-    std::uint64_t started;  // in the system's ticks
+    char state;        // 'Z' and 'X' are dead
+    uint64_t started;  // in the system's ticks
 };
 
-/* Nothing where /proc does not tell, for instance because there is no such process. */
+// Nothing where /proc does not tell, for instance because there is no such process.
 std::optional<ProcStat> readProcStat(const char* path);
 
 #endif

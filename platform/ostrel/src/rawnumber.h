@@ -1,15 +1,13 @@
-/*
- * What a caller has put into an enumeration, which need not be one of its values: read as a number, since a value
- * outside of an enumeration means nothing to the language.
- */
+// What a caller has put into an enumeration, which need not be one of its values: read as a number, since a value
+// outside of an enumeration means nothing to the language.
 #ifndef OSTREL_RAWNUMBER_H
 #define OSTREL_RAWNUMBER_H
+
+#include <ostrel/records.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-
-#include <ostrel/records.h>
 
 inline int rawNumber(const void* enumeration) {
     int16_t number = 0;

@@ -2,8 +2,8 @@
 //
 // Names and behaviour are those of the property browser that some systems bring as a package; code written against one
 // runs with the other. GUI thread only. A null argument is answered by doing nothing, a look-up without result by null.
-#ifndef QTPROPERTYBROWSER_H
-#define QTPROPERTYBROWSER_H
+#ifndef OSTREL_PROPERTYBROWSER_QTPROPERTYBROWSER_H
+#define OSTREL_PROPERTYBROWSER_QTPROPERTYBROWSER_H
 
 #include <QIcon>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 // A property browser as a tree of two columns, name and value, with editors in the rows.
-#ifndef QTTREEPROPERTYBROWSER_H
-#define QTTREEPROPERTYBROWSER_H
+#ifndef OSTREL_PROPERTYBROWSER_QTTREEPROPERTYBROWSER_H
+#define OSTREL_PROPERTYBROWSER_QTTREEPROPERTYBROWSER_H
 
 #include "qtpropertybrowser.h"
 

@@ -1,6 +1,6 @@
 // Properties of many types behind one manager and one factory, their values as variants.
-#ifndef QTVARIANTPROPERTY_H
-#define QTVARIANTPROPERTY_H
+#ifndef OSTREL_PROPERTYBROWSER_QTVARIANTPROPERTY_H
+#define OSTREL_PROPERTYBROWSER_QTVARIANTPROPERTY_H
 
 #include <QMap>
 #include <QVariant>

@@ -1,6 +1,6 @@
 // The shapes of the mouse cursor that a property can have, in the order in which they are offered.
-#ifndef CURSORSHAPES_H
-#define CURSORSHAPES_H
+#ifndef OSTREL_PROPERTYBROWSER_CURSORSHAPES_H
+#define OSTREL_PROPERTYBROWSER_CURSORSHAPES_H
 
 #include <QIcon>
 #include <QString>

@@ -1,6 +1,6 @@
 // Editors of values that are chosen in a dialog: a picture and a text of the value, and a button that opens the dialog.
-#ifndef DIALOGEDITORS_H
-#define DIALOGEDITORS_H
+#ifndef OSTREL_PROPERTYBROWSER_DIALOGEDITORS_H
+#define OSTREL_PROPERTYBROWSER_DIALOGEDITORS_H
 
 #include <QColor>
 #include <QFont>

@@ -1,6 +1,6 @@
 // Keeps an open editor and its property in step.
-#ifndef EDITORLINK_H
-#define EDITORLINK_H
+#ifndef OSTREL_PROPERTYBROWSER_EDITORLINK_H
+#define OSTREL_PROPERTYBROWSER_EDITORLINK_H
 
 #include <QPointer>
 #include <QVariant>

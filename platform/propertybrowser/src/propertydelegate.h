@@ -1,6 +1,6 @@
 // The editors in the rows of a property tree: how they open, what keys they leave to the tree, when they close.
-#ifndef PROPERTYDELEGATE_H
-#define PROPERTYDELEGATE_H
+#ifndef OSTREL_PROPERTYBROWSER_PROPERTYDELEGATE_H
+#define OSTREL_PROPERTYBROWSER_PROPERTYDELEGATE_H
 
 #include <QPersistentModelIndex>
 #include <QPointer>

@@ -1,6 +1,6 @@
 // The rows of a property browser: their look, and what mouse and keyboard do to them.
-#ifndef PROPERTYTREE_H
-#define PROPERTYTREE_H
+#ifndef OSTREL_PROPERTYBROWSER_PROPERTYTREE_H
+#define OSTREL_PROPERTYBROWSER_PROPERTYTREE_H
 
 #include <QTreeWidget>
 #include <functional>

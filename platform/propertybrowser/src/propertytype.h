@@ -1,7 +1,7 @@
 // What a variant property of one type is: its first value, its attributes, its parts, its text. Types have no state;
 // the manager keeps that of each property.
-#ifndef PROPERTYTYPE_H
-#define PROPERTYTYPE_H
+#ifndef OSTREL_PROPERTYBROWSER_PROPERTYTYPE_H
+#define OSTREL_PROPERTYBROWSER_PROPERTYTYPE_H
 
 #include <QIcon>
 #include <QMap>

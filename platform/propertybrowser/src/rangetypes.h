@@ -1,7 +1,7 @@
 // A type with the attributes "minimum" and "maximum". One that passes the other takes it along, and the value stays
 // between the two.
-#ifndef RANGETYPES_H
-#define RANGETYPES_H
+#ifndef OSTREL_PROPERTYBROWSER_RANGETYPES_H
+#define OSTREL_PROPERTYBROWSER_RANGETYPES_H
 
 #include <QDate>
 #include <QSizeF>

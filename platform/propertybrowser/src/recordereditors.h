@@ -1,6 +1,6 @@
 // Editors that take the keys themselves: those of a shortcut, and one character. Their menu clears them.
-#ifndef RECORDEREDITORS_H
-#define RECORDEREDITORS_H
+#ifndef OSTREL_PROPERTYBROWSER_RECORDEREDITORS_H
+#define OSTREL_PROPERTYBROWSER_RECORDEREDITORS_H
 
 #include <QKeySequence>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 // The editor of a truth value: a check box that can be hit anywhere in the cell.
-#ifndef TRUTHEDITOR_H
-#define TRUTHEDITOR_H
+#ifndef OSTREL_PROPERTYBROWSER_TRUTHEDITOR_H
+#define OSTREL_PROPERTYBROWSER_TRUTHEDITOR_H
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 // The small pictures and texts of colours and fonts, the same in rows and in editors.
-#ifndef VALUEICONS_H
-#define VALUEICONS_H
+#ifndef OSTREL_PROPERTYBROWSER_VALUEICONS_H
+#define OSTREL_PROPERTYBROWSER_VALUEICONS_H
 
 #include <QColor>
 #include <QFont>

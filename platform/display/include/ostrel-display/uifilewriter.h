@@ -1,6 +1,6 @@
 // The writer of a form file: it remembers property values of live widgets and saves them into the form.
-#ifndef UIFILEWRITER_H
-#define UIFILEWRITER_H
+#ifndef OSTREL_DISPLAY_UIFILEWRITER_H
+#define OSTREL_DISPLAY_UIFILEWRITER_H
 
 #include <QFont>
 #include <QObject>

@@ -1,18 +1,16 @@
-/*
- * Memory areas of the store, kinds of variables, and where in its area each kind lies.
- *
- * What holds for every header of this library: all functions are plain C functions and never throw. A `short int`
- * result of 0 means success; every other value is a failure code. Names and texts are zero-terminated bytes, ASCII in
- * practice, a name has at most 79 characters. Null where a text or a handle is expected fails and changes nothing. With
- * no store running every function answers at once: look-ups fail, areas do not link. All functions may be called from
- * any thread.
- */
+// Memory areas of the store, kinds of variables, and where in its area each kind lies.
+//
+// What holds for every header of this library: all functions are plain C functions and never throw. A `short int`
+// result of 0 means success; every other value is a failure code. Names and texts are zero-terminated bytes, ASCII in
+// practice, a name has at most 79 characters. Null where a text or a handle is expected fails and changes nothing. With
+// no store running every function answers at once: look-ups fail, areas do not link. All functions may be called from
+// any thread.
 #ifndef OSTREL_AREAS_H
 #define OSTREL_AREAS_H
 
 #include <stddef.h>
 
-/* Enumerations that stand in records have a fixed width. */
+// Enumerations that stand in records have a fixed width.
 #define OSTREL_TWO_BYTES __attribute__((packed))
 #define OSTREL_ONE_BYTE __attribute__((packed))
 
@@ -27,7 +25,7 @@ extern "C" {
 #endif
 #pragma GCC visibility push(default)
 
-/* The kind of a variable, and so the record that its handle leads to. */
+// The kind of a variable, and so the record that its handle leads to.
 typedef enum _sm_vari_type {
     UNDEFINED_VAR_TYPE = 0,
     REAL_TYPE = 1,
@@ -52,7 +50,7 @@ typedef enum _sm_vari_type {
 } OSTREL_TWO_BYTES SM_VARI_TYPE;
 OSTREL_SIZE(SM_VARI_TYPE, 2);
 
-/* The memory areas of the store. -1 in a place where an area is asked for means all of them. */
+// The memory areas of the store. -1 in a place where an area is asked for means all of them.
 typedef enum _sm_area_id {
     UNDEFINED = 0,
     SYS_ATTR_MEM = 1,
@@ -139,36 +137,32 @@ typedef enum _sm_area_id {
     CSAR_NAMESRCH_OWNER_MEM = 82,
     CSAR_OWNERSRCH_IDR_TBL0_MEM = 83,
     CSAR_OWNERSRCH_IDR_TBL1_MEM = 84,
-    MAX_NUM_SHRD_MEM = 85, /* the number of areas */
-    MY_DUMMY_MEM = -3256   /* forces the width */
+    MAX_NUM_SHRD_MEM = 85,  // the number of areas
+    MY_DUMMY_MEM = -3256    // forces the width
 } OSTREL_TWO_BYTES SM_AREA_ID;
 OSTREL_SIZE(SM_AREA_ID, 2);
 
-/*
- * One run of records of one kind inside an area. A variable's handle names its area, its kind and its index in the
- * section; its record lies at start + index * record_size from the base of the area.
- */
+// One run of records of one kind inside an area. A variable's handle names its area, its kind and its index in the
+// section; its record lies at start + index * record_size from the base of the area.
 typedef struct ostrel_section {
     SM_AREA_ID area;
     SM_VARI_TYPE kind;
-    size_t start;       /* bytes from the base of the area */
-    size_t record_size; /* bytes */
-    int capacity;       /* records that a store has room for unless its configuration says otherwise; at most 32767 */
-    int largest;        /* records that a configuration may ask room for */
-    const char* name;   /* the section's name in a cell file, such as "gu-real" */
-    const char* title;  /* for people, such as "General Use (real)" */
+    size_t start;        // bytes from the base of the area
+    size_t record_size;  // bytes
+    int capacity;        // records that a store has room for unless its configuration says otherwise; at most 32767
+    int largest;         // records that a configuration may ask room for
+    const char* name;    // the section's name in a cell file, such as "gu-real"
+    const char* title;   // for people, such as "General Use (real)"
 } ostrel_section;
 
-/*
- * All sections, in the order in which people are shown them. `count` receives their number. The table is constant and
- * lives as long as the process.
- */
+// All sections, in the order in which people are shown them. `count` receives their number. The table is constant and
+// lives as long as the process.
 const ostrel_section* ostrel_sections(int* count);
 
-/* The section of that area and kind, or null where the area holds no such records. */
+// The section of that area and kind, or null where the area holds no such records.
 const ostrel_section* ostrel_section_of(SM_AREA_ID area, SM_VARI_TYPE kind);
 
-/* Records that the store in use has room for in that section; 0 without a store or without such a section. */
+// Records that the store in use has room for in that section; 0 without a store or without such a section.
 int ostrel_section_capacity(SM_AREA_ID area, SM_VARI_TYPE kind);
 
 #pragma GCC visibility pop

@@ -1,23 +1,20 @@
-/*
- * The records of the variable store, byte for byte.
- *
- * Every program that maps the store shares this layout with the server, so nothing here may move: sizes and offsets
- * are asserted next to each record. The records are packed; a double may lie at an address that is no multiple of
- * eight. A char[n] field holds text that ends in a zero where it is shorter than the field.
- *
- * `status` of a variable is what displays colour by. Bit 0 asks for blinking; the value without bit 0 selects the
- * colour: 0 none, 256 blue, 512 green, 768 cyan, 1024 red, 1280 magenta, 1536 yellow, 1792 white.
- *
- * Readers take no lock: the server and other programs write at any time, and each field is read as it stands.
- */
+// The records of the variable store, byte for byte.
+//
+// Every program that maps the store shares this layout with the server, so nothing here may move: sizes and offsets
+// are asserted next to each record. The records are packed; a double may lie at an address that is no multiple of
+// eight. A char[n] field holds text that ends in a zero where it is shorter than the field.
+//
+// `status` of a variable is what displays colour by. Bit 0 asks for blinking; the value without bit 0 selects the
+// colour: 0 none, 256 blue, 512 green, 768 cyan, 1024 red, 1280 magenta, 1536 yellow, 1792 white.
+//
+// Readers take no lock: the server and other programs write at any time, and each field is read as it stands.
 #ifndef OSTREL_RECORDS_H
 #define OSTREL_RECORDS_H
 
+#include <ostrel/areas.h>
 #include <stddef.h>
 #include <sys/types.h>
 #include <time.h>
-
-#include <ostrel/areas.h>
 
 #ifdef __cplusplus
 #define OSTREL_OFFSET(type, field, bytes) static_assert(offsetof(type, field) == (bytes), #type "::" #field)
@@ -31,7 +28,7 @@ extern "C" {
 
 #pragma pack(push, 1)
 
-/* Limit states of a variable; a latch stays set until it is reset. */
+// Limit states of a variable; a latch stays set until it is reset.
 typedef struct _limit_status {
     unsigned short low_alarm : 1;
     unsigned short low_abort : 1;
@@ -51,13 +48,13 @@ typedef struct _limit_status {
 } LIMIT_STATUS;
 OSTREL_SIZE(LIMIT_STATUS, 2);
 
-/* Error word of the process input/output. */
+// Error word of the process input/output.
 typedef struct _pio_error {
     unsigned short word;
 } PIO_ERROR_STATUS;
 OSTREL_SIZE(PIO_ERROR_STATUS, 2);
 
-/* Index of the seven-entry arrays of get_limit_info(). */
+// Index of the seven-entry arrays of get_limit_info().
 typedef enum _limit_array_indexes {
     LOW_ALARM_LIMIT = 0,
     LOW_ABORT_LIMIT = 1,
@@ -70,17 +67,15 @@ typedef enum _limit_array_indexes {
 } OSTREL_ONE_BYTE LIMIT_ARRAY_INDEXES;
 OSTREL_SIZE(LIMIT_ARRAY_INDEXES, 1);
 
-/* A name that a task registered under. */
+// A name that a task registered under.
 typedef struct _registered_name {
     char name[50];
 } REGISTERED_NAME;
 OSTREL_SIZE(REGISTERED_NAME, 50);
 
-/*
- * The record of SYS_ATTR_MEM: how many slots of the sections that can grow are in use or were. Walk a section by its
- * count and look at `active`; a slot that holds no variable has active 0. Slots behind the count have never been
- * touched. A section that has no count here has as many slots as its row of ostrel_sections() says.
- */
+// The record of SYS_ATTR_MEM: how many slots of the sections that can grow are in use or were. Walk a section by its
+// count and look at `active`; a slot that holds no variable has active 0. Slots behind the count have never been
+// touched. A section that has no count here has as many slots as its row of ostrel_sections() says.
 typedef struct _system_attributes {
     short int max_num_gu_real;
     short int max_num_gu_integer;
@@ -102,7 +97,7 @@ typedef struct _system_attributes {
 } SYSTEM_ATTRIBUTES;
 OSTREL_SIZE(SYSTEM_ATTRIBUTES, 128);
 
-/* How long a label the configuration gave. */
+// How long a label the configuration gave.
 typedef enum _label_type {
     SHORT_LABEL_TYPE = 0,
     LONG_LABEL_TYPE = 1,
@@ -110,7 +105,7 @@ typedef enum _label_type {
 } OSTREL_TWO_BYTES LABEL_TYPE;
 OSTREL_SIZE(LABEL_TYPE, 2);
 
-/* Length class of a string variable. */
+// Length class of a string variable.
 typedef enum _string_variable_length {
     LONG_STRING_VARIABLE = 0,
     SHORT_STRING_VARIABLE = 1,
@@ -118,7 +113,7 @@ typedef enum _string_variable_length {
 } OSTREL_TWO_BYTES STRING_VARIABLE_LENGTH;
 OSTREL_SIZE(STRING_VARIABLE_LENGTH, 2);
 
-/* Which value of a logical variable is an alarm. */
+// Which value of a logical variable is an alarm.
 typedef enum _which_state_is_alarm {
     NO_ALARM = 0,
     FALSE_IS_ALARM = 1,
@@ -127,7 +122,7 @@ typedef enum _which_state_is_alarm {
 } OSTREL_TWO_BYTES WHICH_STATE_IS_ALARM;
 OSTREL_SIZE(WHICH_STATE_IS_ALARM, 2);
 
-/* State of the fluid of a composition or property variable. */
+// State of the fluid of a composition or property variable.
 typedef enum _stream_comp_type {
     GAS_STREAM = 0,
     LIQUID_STREAM = 1,
@@ -135,7 +130,7 @@ typedef enum _stream_comp_type {
 } OSTREL_TWO_BYTES STREAM_COMP_TYPE;
 OSTREL_SIZE(STREAM_COMP_TYPE, 2);
 
-/* Where a property member takes its value from. */
+// Where a property member takes its value from.
 typedef enum _cal_table_type {
     NO_CAL_TABLE = 0,
     VALUE_CAL_TABLE = 1,
@@ -143,7 +138,7 @@ typedef enum _cal_table_type {
 } OSTREL_TWO_BYTES CAL_TABLE_TYPE;
 OSTREL_SIZE(CAL_TABLE_TYPE, 2);
 
-/* Members of a statistics variable. Names that share a value mark the bounds of a range. */
+// Members of a statistics variable. Names that share a value mark the bounds of a range.
 typedef enum _stat_member_type {
     AV = 0,
     MN = 1,
@@ -186,7 +181,7 @@ typedef enum _stat_member_type {
 } OSTREL_TWO_BYTES STAT_MEMBER_TYPE;
 OSTREL_SIZE(STAT_MEMBER_TYPE, 2);
 
-/* Members of a composition variable. Names that share a value mark the bounds of a range. */
+// Members of a composition variable. Names that share a value mark the bounds of a range.
 typedef enum _composition_member_type {
     H2 = 0,
     CO = 1,
@@ -251,7 +246,7 @@ typedef enum _composition_member_type {
 } OSTREL_TWO_BYTES COMPOSITION_MEMBER_TYPE;
 OSTREL_SIZE(COMPOSITION_MEMBER_TYPE, 2);
 
-/* Members of a property variable. Names that share a value mark the bounds of a range. */
+// Members of a property variable. Names that share a value mark the bounds of a range.
 typedef enum _property_member_type {
     AT = 0,
     AP = 1,
@@ -307,7 +302,7 @@ typedef enum _property_member_type {
 } OSTREL_TWO_BYTES PROPERTY_MEMBER_TYPE;
 OSTREL_SIZE(PROPERTY_MEMBER_TYPE, 2);
 
-/* Members of an emission variable. */
+// Members of an emission variable.
 typedef enum _emission_member_type {
     FUEL_MF_MEA = 0,
     AIR_MF_MEA = 1,
@@ -371,20 +366,20 @@ typedef enum _emission_member_type {
 } OSTREL_TWO_BYTES EMISSION_MEMBER_TYPE;
 OSTREL_SIZE(EMISSION_MEMBER_TYPE, 2);
 
-/* The handle of one variable, filled by find_variable(). A cleared handle (all zero) is bound to nothing. */
+// The handle of one variable, filled by find_variable(). A cleared handle (all zero) is bound to nothing.
 typedef struct _shared_memory {
-    SM_AREA_ID code;        /* area of the variable; zero in a cleared handle */
-    short int index;        /* index of the record in its section of the area */
-    SM_VARI_TYPE vari_type; /* kind of the variable */
+    SM_AREA_ID code;         // area of the variable; zero in a cleared handle
+    short int index;         // index of the record in its section of the area
+    SM_VARI_TYPE vari_type;  // kind of the variable
     union {
         STAT_MEMBER_TYPE stat_member;
         PROPERTY_MEMBER_TYPE prop_member;
         COMPOSITION_MEMBER_TYPE comp_member;
         EMISSION_MEMBER_TYPE emis_member;
         short int offset;
-    };                /* member selected by the extension of the name */
-    void* member_adr; /* address of the selected array element, if any; good in this process only */
-    char filler[4];   /* zero */
+    };                 // member selected by the extension of the name
+    void* member_adr;  // address of the selected array element, if any; good in this process only
+    char filler[4];    // zero
 } SHARED_MEMORY;
 OSTREL_SIZE(SHARED_MEMORY, 20);
 OSTREL_OFFSET(SHARED_MEMORY, code, 0);
@@ -394,7 +389,7 @@ OSTREL_OFFSET(SHARED_MEMORY, stat_member, 6);
 OSTREL_OFFSET(SHARED_MEMORY, member_adr, 8);
 OSTREL_OFFSET(SHARED_MEMORY, filler, 16);
 
-/* One real variable. */
+// One real variable.
 typedef struct _real_variable {
     double value;
     double tolerance;
@@ -479,7 +474,7 @@ OSTREL_OFFSET(REAL_VARIABLE, previously_active, 362);
 OSTREL_OFFSET(REAL_VARIABLE, filler2, 364);
 OSTREL_OFFSET(REAL_VARIABLE, update_count, 386);
 
-/* One integer variable; `units` and `display_format` stand at the same offsets as in the real record. */
+// One integer variable; `units` and `display_format` stand at the same offsets as in the real record.
 typedef struct integer_variable {
     short int save_inactive;
     short int active;
@@ -554,7 +549,7 @@ OSTREL_OFFSET(INTEGER_VARIABLE, tolerance, 310);
 OSTREL_OFFSET(INTEGER_VARIABLE, previously_active, 314);
 OSTREL_OFFSET(INTEGER_VARIABLE, filler, 316);
 
-/* One logical variable; `true_state` and `false_state` are the texts shown for its two values. */
+// One logical variable; `true_state` and `false_state` are the texts shown for its two values.
 typedef struct _logical_variable {
     short int save_inactive;
     short int active;
@@ -627,7 +622,7 @@ OSTREL_OFFSET(LOGICAL_VARIABLE, index, 456);
 OSTREL_OFFSET(LOGICAL_VARIABLE, previously_active, 458);
 OSTREL_OFFSET(LOGICAL_VARIABLE, filler, 460);
 
-/* One string variable. `value` holds at most 80 characters, and then no terminating zero. */
+// One string variable. `value` holds at most 80 characters, and then no terminating zero.
 typedef struct _string_variable {
     short int save_active;
     short int active;
@@ -680,7 +675,7 @@ OSTREL_OFFSET(STRING_VARIABLE, index, 402);
 OSTREL_OFFSET(STRING_VARIABLE, previously_active, 404);
 OSTREL_OFFSET(STRING_VARIABLE, filler, 406);
 
-/* One member of a statistics variable. */
+// One member of a statistics variable.
 typedef struct _stat_member {
     double value;
     char units[16];
@@ -697,7 +692,7 @@ OSTREL_OFFSET(STAT_MEMBER, display_resolution, 28);
 OSTREL_OFFSET(STAT_MEMBER, NAN_trapped, 30);
 OSTREL_OFFSET(STAT_MEMBER, filler, 32);
 
-/* One statistics variable; `stat` is indexed by STAT_MEMBER_TYPE. */
+// One statistics variable; `stat` is indexed by STAT_MEMBER_TYPE.
 typedef struct _stat_variable {
     char label[80];
     char source_label[80];
@@ -750,7 +745,7 @@ OSTREL_OFFSET(STAT_VARIABLE, index, 1716);
 OSTREL_OFFSET(STAT_VARIABLE, previously_active, 1718);
 OSTREL_OFFSET(STAT_VARIABLE, filler, 1720);
 
-/* One member of a composition variable. */
+// One member of a composition variable.
 typedef struct _composition_member {
     double value;
     char units[16];
@@ -767,7 +762,7 @@ OSTREL_OFFSET(COMPOSITION_MEMBER, display_resolution, 28);
 OSTREL_OFFSET(COMPOSITION_MEMBER, NAN_trapped, 30);
 OSTREL_OFFSET(COMPOSITION_MEMBER, filler, 32);
 
-/* One composition variable; `fraction` is indexed by COMPOSITION_MEMBER_TYPE. */
+// One composition variable; `fraction` is indexed by COMPOSITION_MEMBER_TYPE.
 typedef struct _comp_variable {
     COMPOSITION_MEMBER fraction[49];
     char label[80];
@@ -794,7 +789,7 @@ OSTREL_OFFSET(COMP_VARIABLE, shm_id, 2054);
 OSTREL_OFFSET(COMP_VARIABLE, index, 2056);
 OSTREL_OFFSET(COMP_VARIABLE, filler, 2058);
 
-/* One member of a property variable. */
+// One member of a property variable.
 typedef struct _property_member {
     double value;
     char units[16];
@@ -819,7 +814,7 @@ OSTREL_OFFSET(PROPERTY_MEMBER, table_type, 192);
 OSTREL_OFFSET(PROPERTY_MEMBER, NAN_trapped, 194);
 OSTREL_OFFSET(PROPERTY_MEMBER, filler, 196);
 
-/* One property variable; `properties` is indexed by PROPERTY_MEMBER_TYPE. */
+// One property variable; `properties` is indexed by PROPERTY_MEMBER_TYPE.
 typedef struct _prop_variable {
     PROPERTY_MEMBER properties[47];
     char label[80];
@@ -850,7 +845,7 @@ OSTREL_OFFSET(PROP_VARIABLE, shm_id, 9590);
 OSTREL_OFFSET(PROP_VARIABLE, index, 9592);
 OSTREL_OFFSET(PROP_VARIABLE, filler, 9594);
 
-/* One member of an emission variable. */
+// One member of an emission variable.
 typedef struct _emission_member {
     double value;
     char units[16];
@@ -869,7 +864,7 @@ OSTREL_OFFSET(EMISSION_MEMBER, data_written, 30);
 OSTREL_OFFSET(EMISSION_MEMBER, NAN_trapped, 32);
 OSTREL_OFFSET(EMISSION_MEMBER, filler, 34);
 
-/* One emission variable; `emission` is indexed by EMISSION_MEMBER_TYPE. */
+// One emission variable; `emission` is indexed by EMISSION_MEMBER_TYPE.
 typedef struct _emis_variable {
     EMISSION_MEMBER emission[57];
     char label[80];
@@ -896,7 +891,7 @@ OSTREL_OFFSET(EMIS_VARIABLE, last_pid, 2464);
 OSTREL_OFFSET(EMIS_VARIABLE, shm_id, 2468);
 OSTREL_OFFSET(EMIS_VARIABLE, index, 2470);
 
-/* One element of a real array. */
+// One element of a real array.
 typedef struct _real_array_member {
     double value;
     char units[16];
@@ -923,7 +918,7 @@ OSTREL_OFFSET(REAL_ARRAY_MEMBER, units_code, 92);
 OSTREL_OFFSET(REAL_ARRAY_MEMBER, NAN_trapped, 96);
 OSTREL_OFFSET(REAL_ARRAY_MEMBER, filler, 98);
 
-/* One element of an integer array. */
+// One element of an integer array.
 typedef struct _integer_array_member {
     int value;
     short int status;
@@ -950,7 +945,7 @@ OSTREL_OFFSET(INTEGER_ARRAY_MEMBER, filler, 70);
 OSTREL_OFFSET(INTEGER_ARRAY_MEMBER, units_code, 72);
 OSTREL_OFFSET(INTEGER_ARRAY_MEMBER, filler2, 76);
 
-/* One element of a logical array. */
+// One element of a logical array.
 typedef struct _logical_array_member {
     short int value;
     short int status;
@@ -971,7 +966,7 @@ OSTREL_OFFSET(LOGICAL_ARRAY_MEMBER, last_process_name, 24);
 OSTREL_OFFSET(LOGICAL_ARRAY_MEMBER, last_pid, 48);
 OSTREL_OFFSET(LOGICAL_ARRAY_MEMBER, filler, 52);
 
-/* One element of a string array. */
+// One element of a string array.
 typedef struct _string_array_member {
     char value[256];
     struct timespec last_sampled_time;
@@ -988,7 +983,7 @@ OSTREL_OFFSET(STRING_ARRAY_MEMBER, limit_status, 274);
 OSTREL_OFFSET(STRING_ARRAY_MEMBER, last_pid, 276);
 OSTREL_OFFSET(STRING_ARRAY_MEMBER, last_process_name, 280);
 
-/* Shape and naming of a real array; its elements are REAL_ARRAY_MEMBER records elsewhere. */
+// Shape and naming of a real array; its elements are REAL_ARRAY_MEMBER records elsewhere.
 typedef struct _real_array_variable {
     char label[80];
     char display_format[8];
@@ -1027,7 +1022,7 @@ OSTREL_OFFSET(REAL_ARRAY_VARIABLE, index, 360132);
 OSTREL_OFFSET(REAL_ARRAY_VARIABLE, support_alias, 360134);
 OSTREL_OFFSET(REAL_ARRAY_VARIABLE, owner, 360136);
 
-/* Shape and naming of an integer array; its elements are INTEGER_ARRAY_MEMBER records elsewhere. */
+// Shape and naming of an integer array; its elements are INTEGER_ARRAY_MEMBER records elsewhere.
 typedef struct _integer_array_variable {
     char label[80];
     char display_format[8];
@@ -1064,7 +1059,7 @@ OSTREL_OFFSET(INTEGER_ARRAY_VARIABLE, shm_id, 360178);
 OSTREL_OFFSET(INTEGER_ARRAY_VARIABLE, index, 360180);
 OSTREL_OFFSET(INTEGER_ARRAY_VARIABLE, filler, 360182);
 
-/* Shape and naming of a logical array; its elements are LOGICAL_ARRAY_MEMBER records elsewhere. */
+// Shape and naming of a logical array; its elements are LOGICAL_ARRAY_MEMBER records elsewhere.
 typedef struct _logical_array_variable {
     char label[80];
     char display_format[8];
@@ -1113,7 +1108,7 @@ OSTREL_OFFSET(LOGICAL_ARRAY_VARIABLE, shm_id, 360398);
 OSTREL_OFFSET(LOGICAL_ARRAY_VARIABLE, index, 360400);
 OSTREL_OFFSET(LOGICAL_ARRAY_VARIABLE, filler, 360402);
 
-/* Shape and naming of a string array; its elements are STRING_ARRAY_MEMBER records elsewhere. */
+// Shape and naming of a string array; its elements are STRING_ARRAY_MEMBER records elsewhere.
 typedef struct _string_array_variable {
     char label[80];
     char display_format[8];
@@ -1148,7 +1143,7 @@ OSTREL_OFFSET(STRING_ARRAY_VARIABLE, hash_index, 360162);
 OSTREL_OFFSET(STRING_ARRAY_VARIABLE, index, 360166);
 OSTREL_OFFSET(STRING_ARRAY_VARIABLE, filler, 360168);
 
-/* A handle with the full name that it was made from: the target of an alias. */
+// A handle with the full name that it was made from: the target of an alias.
 typedef struct _named_handle {
     char label[80];
     SHARED_MEMORY mem;
@@ -1166,7 +1161,7 @@ OSTREL_OFFSET(NAMED_HANDLE, mem, 80);
 OSTREL_OFFSET(NAMED_HANDLE, value, 100);
 OSTREL_OFFSET(NAMED_HANDLE, filler, 108);
 
-/* One alias: `alias` is the other name, `var` what it stands for. */
+// One alias: `alias` is the other name, `var` what it stands for.
 typedef struct _alias_variable {
     short int active;
     short int primary;
@@ -1193,11 +1188,11 @@ OSTREL_OFFSET(ALIAS_VARIABLE, index, 252);
 OSTREL_OFFSET(ALIAS_VARIABLE, previously_active, 254);
 OSTREL_OFFSET(ALIAS_VARIABLE, filler, 256);
 
-/* The private block "reconfig_data": counters that go up with every reconfiguration of the store. */
+// The private block "reconfig_data": counters that go up with every reconfiguration of the store.
 typedef struct _reconfig_data {
     int config_eid;
     int go_count;
-    int generic_reconfig_count; /* the one that widgets poll */
+    int generic_reconfig_count;  // the one that widgets poll
     int int_reconfig_count;
     int real_reconfig_count;
     int logical_reconfig_count;
@@ -1212,13 +1207,13 @@ OSTREL_OFFSET(RECONFIG_DATA, real_reconfig_count, 16);
 OSTREL_OFFSET(RECONFIG_DATA, logical_reconfig_count, 20);
 OSTREL_OFFSET(RECONFIG_DATA, string_reconfig_count, 24);
 
-/* Payload of the event "config". */
+// Payload of the event "config".
 typedef struct _global_config_event {
-    unsigned int new_state; /* 1: a reconfiguration starts; 0: it ended */
-    pid_t pid;              /* sender */
-    char taskname[24];      /* sender's task name */
-    SM_AREA_ID memcode;     /* area concerned, -1 for all */
-    SM_AREA_ID ememcode[3]; /* further areas; unused */
+    unsigned int new_state;  // 1: a reconfiguration starts; 0: it ended
+    pid_t pid;               // sender
+    char taskname[24];       // sender's task name
+    SM_AREA_ID memcode;      // area concerned, -1 for all
+    SM_AREA_ID ememcode[3];  // further areas; unused
 } GLOBAL_CONFIG_EVENT;
 OSTREL_SIZE(GLOBAL_CONFIG_EVENT, 40);
 OSTREL_OFFSET(GLOBAL_CONFIG_EVENT, new_state, 0);

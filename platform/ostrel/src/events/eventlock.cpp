@@ -10,11 +10,11 @@
 #include <cerrno>
 #include <climits>
 
-timespec toTimespec(std::int64_t nanoseconds) {
+timespec toTimespec(int64_t nanoseconds) {
     return {nanoseconds / nanosecondsPerSecond, nanoseconds % nanosecondsPerSecond};
 }
 
-void sleepOnWord(FutexWord& word, std::uint32_t seen, std::int64_t deadline) {
+void sleepOnWord(FutexWord& word, uint32_t seen, int64_t deadline) {
     const timespec until = toTimespec(deadline);
     // FUTEX_WAIT_BITSET is the one that takes an absolute time: a signal in between does not make the sleep longer.
     syscall(SYS_futex, &word, FUTEX_WAIT_BITSET, seen, &until, nullptr, FUTEX_BITSET_MATCH_ANY);
@@ -29,7 +29,7 @@ bool isUsable(const EventLayout& memory) {
            memory.layoutSize == sizeof(EventLayout) && memory.guard == eventGuard;
 }
 
-/* The dead owner may have raised events without waking the threads that sleep for them. */
+// The dead owner may have raised events without waking the threads that sleep for them.
 static void wakeAll(EventLayout& memory) {
     for (ThreadPlace& place : memory.threads) {
         if (place.used == 1) {
@@ -41,7 +41,7 @@ static void wakeAll(EventLayout& memory) {
 }
 
 #ifdef __SANITIZE_THREAD__
-/* ThreadSanitizer sees unlocking, but does not know this way of locking. */
+// ThreadSanitizer sees unlocking, but does not know this way of locking.
 static int lockUntil(pthread_mutex_t& mutex, const timespec& deadline) {
     __tsan_mutex_pre_lock(&mutex, __tsan_mutex_try_lock);
     const int result = pthread_mutex_clocklock(&mutex, CLOCK_MONOTONIC, &deadline);
@@ -55,7 +55,7 @@ static int lockUntil(pthread_mutex_t& mutex, const timespec& deadline) {
 }
 #endif
 
-EventLock::EventLock(EventLayout& memory, std::int64_t deadline) : m_memory(memory), m_held(false) {
+EventLock::EventLock(EventLayout& memory, int64_t deadline) : m_memory(memory), m_held(false) {
     if (!isUsable(memory))
         return;
     const int result = lockUntil(memory.lock, toTimespec(deadline));

@@ -1,33 +1,29 @@
-/*
- * The lock of the event memory, and sleeping on words in it.
- */
-#ifndef OSTREL_EVENTLOCK_H
-#define OSTREL_EVENTLOCK_H
+// The lock of the event memory, and sleeping on words in it.
+#ifndef OSTREL_EVENTS_EVENTLOCK_H
+#define OSTREL_EVENTS_EVENTLOCK_H
 
 #include <time.h>
 
 #include "events/eventlayout.h"
 #include "monotonic.h"
 
-timespec toTimespec(std::int64_t nanoseconds);
+timespec toTimespec(int64_t nanoseconds);
 
-/* Sleeps while `word` is `seen`, to the time `deadline` at most. May return early: the caller looks again. */
-void sleepOnWord(FutexWord& word, std::uint32_t seen, std::int64_t deadline);
+// Sleeps while `word` is `seen`, to the time `deadline` at most. May return early: the caller looks again.
+void sleepOnWord(FutexWord& word, uint32_t seen, int64_t deadline);
 
-/* Wakes whoever sleeps on `word`, in all processes. */
+// Wakes whoever sleeps on `word`, in all processes.
 void wakeWord(FutexWord& word);
 
-/* Whether the memory was formatted by this version of the library, and nothing wrote over its lock. */
+// Whether the memory was formatted by this version of the library, and nothing wrote over its lock.
 bool isUsable(const EventLayout& memory);
 
-/*
- * Holds the lock as long as it lives. It is not held when the memory is damaged, or when its owner, though alive, kept
- * it to the deadline (a stopped process): an operator's program does not hang on another one's debugger.
- */
+// Holds the lock as long as it lives. It is not held when the memory is damaged, or when its owner, though alive, kept
+// it to the deadline (a stopped process): an operator's program does not hang on another one's debugger.
 class EventLock {
 public:
     explicit EventLock(EventLayout& memory) : EventLock(memory, monotonicNow() + nanosecondsPerSecond) {}
-    EventLock(EventLayout& memory, std::int64_t deadline);
+    EventLock(EventLayout& memory, int64_t deadline);
     ~EventLock();
     EventLock(const EventLock&) = delete;
     EventLock& operator=(const EventLock&) = delete;

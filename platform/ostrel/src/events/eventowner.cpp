@@ -11,7 +11,7 @@
 
 namespace {
 
-std::optional<ProcStat> statOf(std::int32_t pid, std::int32_t tid) {
+std::optional<ProcStat> statOf(int32_t pid, int32_t tid) {
     std::array<char, 64> path{};
     std::snprintf(path.data(), path.size(), "/proc/%d/task/%d/stat", pid, tid);
     return readProcStat(path.data());
@@ -20,8 +20,8 @@ std::optional<ProcStat> statOf(std::int32_t pid, std::int32_t tid) {
 }  // namespace
 
 ThreadIdentity currentThread() {
-    const auto pid = static_cast<std::int32_t>(getpid());
-    const auto tid = static_cast<std::int32_t>(syscall(SYS_gettid));
+    const auto pid = static_cast<int32_t>(getpid());
+    const auto tid = static_cast<int32_t>(syscall(SYS_gettid));
     const auto stat = statOf(pid, tid);
     return {pid, tid, stat ? stat->started : 0};
 }

@@ -8,14 +8,14 @@ namespace {
 
 struct Registry {
     std::mutex mutex;
-    std::map<EventName, int> ids; /* under mutex, as `names` */
-    std::vector<EventName> names; /* by id - 1 */
+    std::map<EventName, int> ids;  // under mutex, as `names`
+    std::vector<EventName> names;  // by id - 1
     std::atomic<int> forks = 0;
 
     Registry();
 };
 
-/* Never destroyed: threads may still detach while the process ends. */
+// Never destroyed: threads may still detach while the process ends.
 Registry& registry() {
     static Registry& instance = *new Registry;
     return instance;
@@ -46,9 +46,9 @@ int idOfEvent(const EventName& name) {
 std::optional<EventName> nameOfEvent(int id) {
     Registry& known = registry();
     const std::lock_guard guard(known.mutex);
-    if (id < 1 || static_cast<std::size_t>(id) > known.names.size())
+    if (id < 1 || static_cast<size_t>(id) > known.names.size())
         return std::nullopt;
-    return known.names[static_cast<std::size_t>(id) - 1];
+    return known.names[static_cast<size_t>(id) - 1];
 }
 
 int forkCount() {

@@ -11,7 +11,7 @@
 
 namespace {
 
-/* Runs an operation for a C caller: no exception gets out. */
+// Runs an operation for a C caller: no exception gets out.
 template <class Operation>
 short int answer(Operation operation) noexcept {
     try {
@@ -21,7 +21,7 @@ short int answer(Operation operation) noexcept {
     }
 }
 
-/* Runs an operation on the memory in use, with its lock. */
+// Runs an operation on the memory in use, with its lock.
 template <class Operation>
 short int answerLocked(Operation operation) noexcept {
     return answer([&]() -> short int {
@@ -33,7 +33,7 @@ short int answerLocked(Operation operation) noexcept {
     });
 }
 
-short int raise(const EventName& name, const void* data, std::size_t size) {
+short int raise(const EventName& name, const void* data, size_t size) {
     EventLayout* memory = eventsInUse().memory;
     return memory ? raiseEvent(*memory, name, data, size) : static_cast<short int>(OSTREL_EVENT_NO_STORE);
 }

@@ -11,8 +11,8 @@
 
 namespace {
 
-std::uint64_t bitOf(int place) {
-    return std::uint64_t{1} << (static_cast<unsigned>(place) % 64);
+uint64_t bitOf(int place) {
+    return uint64_t{1} << (static_cast<unsigned>(place) % 64);
 }
 
 template <class Set>
@@ -32,15 +32,15 @@ unsigned depthOf(const Subscription& subscription) {
     return std::clamp(subscription.depth, 1U, deepestQueue);
 }
 
-/* Messages that the attachment has not read and can no longer read. */
-std::uint64_t overflowOf(const EventPlace& event, const Subscription& subscription) {
-    const std::uint64_t waiting = event.raised - subscription.next;
+// Messages that the attachment has not read and can no longer read.
+uint64_t overflowOf(const EventPlace& event, const Subscription& subscription) {
+    const uint64_t waiting = event.raised - subscription.next;
     const unsigned depth = depthOf(subscription);
     return waiting > depth ? waiting - depth : 0;
 }
 
 void settleOverflow(EventPlace& event, Subscription& subscription) {
-    const std::uint64_t overflow = overflowOf(event, subscription);
+    const uint64_t overflow = overflowOf(event, subscription);
     if (overflow == 0)
         return;
     publish(subscription.next, subscription.next + overflow);
@@ -50,7 +50,7 @@ void settleOverflow(EventPlace& event, Subscription& subscription) {
 }  // namespace
 
 std::optional<EventName> toEventName(const char* name) {
-    const std::size_t length = name ? strnlen(name, eventNameSize) : 0;
+    const size_t length = name ? strnlen(name, eventNameSize) : 0;
     if (length == 0 || length == eventNameSize)
         return std::nullopt;
     EventName result{};
@@ -58,7 +58,7 @@ std::optional<EventName> toEventName(const char* name) {
     return result;
 }
 
-bool isPayload(const void* data, std::size_t size) {
+bool isPayload(const void* data, size_t size) {
     return size <= payloadCapacity && (data || size == 0);
 }
 
@@ -162,13 +162,13 @@ void subscribe(EventLayout& memory, int event, int place, unsigned depth) {
     Subscription& subscription = memory.subscriptions[event][place];
     subscription.next = memory.events[event].raised;
     subscription.depth = std::clamp(depth, 1U, deepestQueue);
-    std::uint64_t& word = wordOf(memory.events[event].attached, place);
+    uint64_t& word = wordOf(memory.events[event].attached, place);
     publish(word, word | bitOf(place));
 }
 
 void unsubscribe(EventLayout& memory, int event, int place) {
     settleOverflow(memory.events[event], memory.subscriptions[event][place]);
-    std::uint64_t& word = wordOf(memory.events[event].attached, place);
+    uint64_t& word = wordOf(memory.events[event].attached, place);
     publish(word, word & ~bitOf(place));
 }
 
@@ -181,7 +181,7 @@ bool oldestMessage(EventLayout& memory, int event, int place, Message& message) 
     settleOverflow(memory.events[event], subscription);
     if (subscription.next == memory.events[event].raised)
         return false;
-    const std::size_t slot = subscription.next % messageSlots;
+    const size_t slot = subscription.next % messageSlots;
     const MessageHead& head = memory.heads[event][slot];
     message = {memory.bodies[event][slot].bytes, std::min(head.size, payloadCapacity), head.order};
     return true;
@@ -192,9 +192,9 @@ void takeMessage(EventLayout& memory, int event, int place) {
     publish(subscription.next, subscription.next + 1);
 }
 
-std::uint64_t droppedBy(const EventLayout& memory, int event) {
+uint64_t droppedBy(const EventLayout& memory, int event) {
     const EventPlace& place = memory.events[event];
-    std::uint64_t dropped = place.dropped;
+    uint64_t dropped = place.dropped;
     forEachPlace(place.attached,
                  [&](int thread) { dropped += overflowOf(place, memory.subscriptions[event][thread]); });
     return dropped;
@@ -206,11 +206,11 @@ int attachedTo(const EventLayout& memory, int event) {
     return count;
 }
 
-ThreadSet putMessage(EventLayout& memory, int event, const void* data, std::size_t size) {
+ThreadSet putMessage(EventLayout& memory, int event, const void* data, size_t size) {
     EventPlace& place = memory.events[event];
-    const std::size_t slot = place.raised % messageSlots;
+    const size_t slot = place.raised % messageSlots;
     publish(memory.order, memory.order + 1);
-    memory.heads[event][slot] = {memory.order, static_cast<std::uint32_t>(size), 0};
+    memory.heads[event][slot] = {memory.order, static_cast<uint32_t>(size), 0};
     if (size > 0)
         std::memcpy(memory.bodies[event][slot].bytes, data, size);
     publish(place.raised, place.raised + 1);
@@ -228,7 +228,7 @@ ThreadSet putMessage(EventLayout& memory, int event, const void* data, std::size
     return toWake;
 }
 
-short int raiseEvent(EventLayout& memory, const EventName& name, const void* data, std::size_t size) {
+short int raiseEvent(EventLayout& memory, const EventName& name, const void* data, size_t size) {
     ThreadSet toWake{};
     {
         const EventLock lock(memory);

@@ -14,19 +14,19 @@
 
 namespace {
 
-constexpr std::int64_t quietTime = nanosecondsPerSecond;
-constexpr std::int64_t stepWithoutStore = 50 * nanosecondsPerMs;
+constexpr int64_t quietTime = nanosecondsPerSecond;
+constexpr int64_t stepWithoutStore = 50 * nanosecondsPerMs;
 
-/* The first bytes of what came, and zeros behind. */
-void fill(void* buffer, std::size_t size, const void* bytes, std::size_t count) {
+// The first bytes of what came, and zeros behind.
+void fill(void* buffer, size_t size, const void* bytes, size_t count) {
     if (size == 0)
         return;
-    const std::size_t copied = std::min(size, count);
+    const size_t copied = std::min(size, count);
     std::memcpy(buffer, bytes, copied);
     std::memset(static_cast<char*>(buffer) + copied, 0, size - copied);
 }
 
-void sleepOneStep(std::int64_t deadline) {
+void sleepOneStep(int64_t deadline) {
     const timespec until = toTimespec(std::min(deadline, monotonicNow() + stepWithoutStore));
     clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr);
 }
@@ -96,8 +96,8 @@ bool ThreadEvents::isAttachedTo(int id) const {
     return std::ranges::find(m_attached, id, &Attached::id) != m_attached.end();
 }
 
-short int ThreadEvents::wait(void* buffer, std::size_t size, int& id) {
-    const std::int64_t deadline = monotonicNow() + quietTime;
+short int ThreadEvents::wait(void* buffer, size_t size, int& id) {
+    const int64_t deadline = monotonicNow() + quietTime;
     for (;;) {
         if (!m_attached.empty())
             moveToStoreInUse();
@@ -112,9 +112,9 @@ short int ThreadEvents::wait(void* buffer, std::size_t size, int& id) {
     }
 }
 
-bool ThreadEvents::takeOrSleep(void* buffer, std::size_t size, int& id, std::int64_t deadline) {
+bool ThreadEvents::takeOrSleep(void* buffer, size_t size, int& id, int64_t deadline) {
     ThreadPlace& place = m_memory->threads[m_place];
-    std::uint32_t seen = 0;
+    uint32_t seen = 0;
     {
         const EventLock lock(*m_memory, deadline);
         if (!lock.held()) {
@@ -137,7 +137,7 @@ bool ThreadEvents::takeOrSleep(void* buffer, std::size_t size, int& id, std::int
     return false;
 }
 
-bool ThreadEvents::takeOldest(void* buffer, std::size_t size, int& id) {
+bool ThreadEvents::takeOldest(void* buffer, size_t size, int& id) {
     Message oldest{};
     const Attached* from = nullptr;
     for (const Attached& attached : m_attached) {
@@ -157,7 +157,7 @@ bool ThreadEvents::takeOldest(void* buffer, std::size_t size, int& id) {
     return true;
 }
 
-bool ThreadEvents::takeAnnouncement(void* buffer, std::size_t size, int& id) {
+bool ThreadEvents::takeAnnouncement(void* buffer, size_t size, int& id) {
     if (m_announcement == Announcement::none)
         return false;
     const bool isStart = m_announcement == Announcement::start;
@@ -181,7 +181,7 @@ short int ThreadEvents::moveToStoreInUse() {
     return enter(*inUse.memory, inUse.instance);
 }
 
-short int ThreadEvents::enter(EventLayout& memory, std::uint64_t instance) {
+short int ThreadEvents::enter(EventLayout& memory, uint64_t instance) {
     m_instance = instance;
     m_identity = currentThread();
     const short int status = claim(memory);

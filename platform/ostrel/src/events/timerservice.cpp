@@ -13,17 +13,17 @@ namespace {
 
 struct Timer {
     int event;
-    std::int64_t period;
-    std::int64_t due;
+    int64_t period;
+    int64_t due;
 };
 
-/* The due time after `now` in step with the others: what was missed is left out, and the pace is kept. */
-std::int64_t dueAfter(const Timer& timer, std::int64_t now) {
-    const std::int64_t periods = (now - timer.due) / timer.period + 1;
+// The due time after `now` in step with the others: what was missed is left out, and the pace is kept.
+int64_t dueAfter(const Timer& timer, int64_t now) {
+    const int64_t periods = (now - timer.due) / timer.period + 1;
     return timer.due + periods * timer.period;
 }
 
-/* The thread takes no signals: those of the process are for the threads of the program that serves the store. */
+// The thread takes no signals: those of the process are for the threads of the program that serves the store.
 class SignalsBlocked {
 public:
     SignalsBlocked() {
@@ -50,10 +50,10 @@ public:
 
 private:
     void run();
-    /* Raises what is due. Returns the time of the next one. */
-    std::int64_t look();
-    void findNewTimers(std::int64_t now);
-    void raiseDueTimers(std::int64_t now, ThreadSet& toWake);
+    // Raises what is due. Returns the time of the next one.
+    int64_t look();
+    void findNewTimers(int64_t now);
+    void raiseDueTimers(int64_t now, ThreadSet& toWake);
 
     EventLayout& m_memory;
     unsigned m_eventsSeen = 0;
@@ -78,18 +78,18 @@ TimerService::Loop::~Loop() {
 void TimerService::Loop::run() {
     while (!m_isEnding) {
         // Read before looking: a timer that is made after the look changes it, and the sleep ends at once.
-        const std::uint32_t changes = m_memory.timerChanges.load();
-        const std::int64_t next = look();
+        const uint32_t changes = m_memory.timerChanges.load();
+        const int64_t next = look();
         if (!m_isEnding)
             sleepOnWord(m_memory.timerChanges, changes, next);
     }
 }
 
-std::int64_t TimerService::Loop::look() {
+int64_t TimerService::Loop::look() {
     ThreadSet toWake{};
     {
         const EventLock lock(m_memory);
-        const std::int64_t now = monotonicNow();
+        const int64_t now = monotonicNow();
         if (!lock.held())
             return now + nanosecondsPerSecond;
         findNewTimers(now);
@@ -97,26 +97,26 @@ std::int64_t TimerService::Loop::look() {
     }
     wakeThreads(m_memory, toWake);
     // The second at most makes up for the wake-up of a client that was killed before it came to it.
-    std::int64_t next = monotonicNow() + nanosecondsPerSecond;
+    int64_t next = monotonicNow() + nanosecondsPerSecond;
     for (const Timer& timer : m_timers)
         next = std::min(next, timer.due);
     return next;
 }
 
-void TimerService::Loop::findNewTimers(std::int64_t now) {
+void TimerService::Loop::findNewTimers(int64_t now) {
     for (; m_eventsSeen < eventCount(m_memory); ++m_eventsSeen) {
-        const std::int64_t period = periodOf(m_memory.events[m_eventsSeen]) * nanosecondsPerMs;
+        const int64_t period = periodOf(m_memory.events[m_eventsSeen]) * nanosecondsPerMs;
         if (period > 0)
             m_timers.push_back({static_cast<int>(m_eventsSeen), period, now + period});
     }
 }
 
-void TimerService::Loop::raiseDueTimers(std::int64_t now, ThreadSet& toWake) {
+void TimerService::Loop::raiseDueTimers(int64_t now, ThreadSet& toWake) {
     for (Timer& timer : m_timers) {
         if (timer.due > now)
             continue;
         const ThreadSet sleepers = putMessage(m_memory, timer.event, nullptr, 0);
-        for (std::size_t word = 0; word < toWake.size(); ++word)
+        for (size_t word = 0; word < toWake.size(); ++word)
             toWake[word] |= sleepers[word];
         timer.due = dueAfter(timer, now);
     }

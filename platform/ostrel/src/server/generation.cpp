@@ -1,5 +1,6 @@
 #include "server/generation.h"
 
+#include <ostrel/log.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 #include <system_error>
 #include <utility>
 
-#include <ostrel/log.h>
-
 #include "monotonic.h"
 #include "processidentity.h"
 #include "rawnumber.h"
@@ -18,7 +17,7 @@
 
 namespace {
 
-constexpr auto kAllAreas = static_cast<SM_AREA_ID>(-1);
+constexpr auto allAreas = static_cast<SM_AREA_ID>(-1);
 
 template <size_t size>
 void putText(char (&field)[size], const std::string& text) {
@@ -32,7 +31,7 @@ uint64_t randomNumber() {
 }
 
 RECONFIG_DATA* countersIn(const SharedObject& header) {
-    return reinterpret_cast<RECONFIG_DATA*>(header.data() + kReconfigOffset);
+    return reinterpret_cast<RECONFIG_DATA*>(header.data() + reconfigOffset);
 }
 
 void countUp(RECONFIG_DATA* data) {
@@ -58,17 +57,17 @@ void announceIn(void* events, SM_AREA_ID area, bool starts) {
 
 void fillHeader(const StoreObjects& objects, const std::string& name, uint32_t generation) {
     StoreHeader& header = *objects.storeHeader();
-    header.layoutVersion = kLayoutVersion;
+    header.layoutVersion = storeLayoutVersion;
     header.instance = randomNumber();
     header.generation = generation;
     putText(header.name, name);
     header.eventBytes = eventMemorySize();
-    header.sectionCount = kSections;
+    header.sectionCount = storeSections;
     // Clients that poll the counter must see another one in the store that follows an earlier one of its name.
     countersIn(objects.header)->generic_reconfig_count = static_cast<int>(header.instance >> 34);
 }
 
-// An empty store whose objects have that name, in state kMaking; null, with the reason, where there is no memory.
+// An empty store whose objects have that name, in state Making; null, with the reason, where there is no memory.
 std::unique_ptr<Attachment> makeStore(const ostrel_server& server, const std::string& objectsName, uint32_t generation,
                                       const Capacities& capacities, std::string& problem) {
     StoreObjects objects;
@@ -86,14 +85,14 @@ std::unique_ptr<Attachment> makeStore(const ostrel_server& server, const std::st
             unlinkStoreObjects(objectsName);
         return nullptr;
     }
-    store->header()->magic = kMagic;
+    store->header()->magic = storeMagic;
     return store;
 }
 
 void adoptNames(ostrel_server& server) {
     const auto limits = namesWithLimits(server.store->objects());
     const int aliases = sectionNumber(ALIAS_MEM, ALIAS_TYPE);
-    for (int section = 0; section < kSections; ++section) {
+    for (int section = 0; section < storeSections; ++section) {
         const SlotBook& book = server.records->book(section);
         for (const int index : book.standing()) {
             if (section != aliases) {
@@ -101,7 +100,7 @@ void adoptNames(ostrel_server& server) {
                 continue;
             }
             const auto* record = reinterpret_cast<const ALIAS_VARIABLE*>(server.store->record(section, index));
-            const std::string target(record->var.label, strnlen(record->var.label, kNameBytes - 1));
+            const std::string target(record->var.label, strnlen(record->var.label, nameBytes - 1));
             server.names->addAlias(book.label(index), {target, record->primary != 0, index});
         }
     }
@@ -125,16 +124,16 @@ struct GivenUpStore {
     uint32_t generation = 0;
 
     explicit GivenUpStore(const std::string& name) {
-        if (header.open(headerObject(name), kReconfigOffset + sizeof(RECONFIG_DATA), true) != 0)
+        if (header.open(headerObject(name), reconfigOffset + sizeof(RECONFIG_DATA), true) != 0)
             return;
         auto* fields = reinterpret_cast<StoreHeader*>(header.data());
-        if (fields->magic != kMagic)
+        if (fields->magic != storeMagic)
             return;
         generation = fields->generation;
         events.open(headerObject(name) + "-events", eventMemorySize(), true);
-        fields->state.store(kSuperseded, std::memory_order_release);
+        fields->state.store(Superseded, std::memory_order_release);
         if (events.data())
-            announceIn(events.data(), kAllAreas, true);
+            announceIn(events.data(), allAreas, true);
     }
 
     void tellOfSuccessor() const {
@@ -142,7 +141,7 @@ struct GivenUpStore {
             return;
         countUp(countersIn(header));
         if (events.data())
-            announceIn(events.data(), kAllAreas, false);
+            announceIn(events.data(), allAreas, false);
     }
 };
 
@@ -160,17 +159,17 @@ void adoptOrMake(ostrel_server& server, std::string& problem) {
     StoreObjects objects;
     std::string damage;
     const StoreLook look = openStoreObjects(objects, server.name, damage);
-    if (look == StoreLook::kUsable && !objects.header.isWritable()) {
+    if (look == StoreLook::Usable && !objects.header.isWritable()) {
         problem = "may not be written by this user; its memory belongs to another one";
         return;
     }
-    if (look == StoreLook::kUsable) {
+    if (look == StoreLook::Usable) {
         setAccessOfAll(objects, server.access);
         server.store = useAttachment(std::make_unique<Attachment>(std::move(objects), server.name));
         server.adopted = true;
         return;
     }
-    if (look == StoreLook::kDamaged)
+    if (look == StoreLook::Damaged)
         log_error(__FILE__, __LINE__, 1, 0, "store %s: %s; a new one takes its place", server.name.c_str(),
                   damage.c_str());
     makeInPlace(server, problem);
@@ -196,19 +195,19 @@ void startServing(ostrel_server& server) {
         server.names->publish();
         reclaimDeadThreads(server.store->eventMemory());
     }
-    server.store->header()->state.store(kLive, std::memory_order_release);
+    server.store->header()->state.store(Live, std::memory_order_release);
     server.timers = std::make_unique<TimerService>(server.store->eventMemory());
 }
 
 void end(StoreHeader& header) {
-    header.state.store(kEnded, std::memory_order_release);
+    header.state.store(Ended, std::memory_order_release);
     header.serverPid.store(0, std::memory_order_release);
 }
 
 // What clients wrote until now goes into the next generation, so that it gets into the file even by another server.
 void carryWrites(WriteMemory& from, WriteMemory& to) {
     const uint64_t taken = from.taken.load(std::memory_order_acquire);
-    for (size_t i = 0; i < kWriteEntries; ++i) {
+    for (size_t i = 0; i < writeEntries; ++i) {
         const WriteEntry& entry = from.entries[i];
         const uint64_t sequence = entry.sequence.load(std::memory_order_acquire);
         for (size_t word = 0; word < entry.words.size(); ++word)
@@ -262,7 +261,7 @@ Attachment& storeOfClients(const ostrel_server& server) {
 std::optional<Capacities> capacitiesFor(const Attachment& store, std::span<const ostrel_server_room> rooms,
                                         std::string& problem) {
     Capacities capacities{};
-    for (int i = 0; i < kSections; ++i)
+    for (int i = 0; i < storeSections; ++i)
         capacities[static_cast<size_t>(i)] = static_cast<uint32_t>(store.capacity(i));
     for (const ostrel_server_room& room : rooms) {
         const int area = rawNumber(&room.area);
@@ -288,7 +287,7 @@ std::optional<Capacities> capacitiesFor(const Attachment& store, std::span<const
 }
 
 bool fits(const Attachment& store, const Capacities& capacities) {
-    for (int i = 0; i < kSections; ++i)
+    for (int i = 0; i < storeSections; ++i)
         if (capacities[static_cast<size_t>(i)] > static_cast<uint32_t>(store.capacity(i)))
             return false;
     return true;
@@ -314,8 +313,8 @@ void finishNextGeneration(ostrel_server& server) {
     server.records->forgetFormer();
     server.previousRecords.reset();
     carryWrites(*old.writes(), *server.store->writes());
-    server.store->header()->state.store(kLive, std::memory_order_release);
-    old.header()->state.store(kSuperseded, std::memory_order_release);
+    server.store->header()->state.store(Live, std::memory_order_release);
+    old.header()->state.store(Superseded, std::memory_order_release);
     const int error = server.name.empty() ? 0 : replaceStoreObjects(server.name);
     if (error != 0)
         log_error(__FILE__, __LINE__, 1, error, "store %s: its next generation cannot be made known: %s",
@@ -324,7 +323,7 @@ void finishNextGeneration(ostrel_server& server) {
     server.timers = std::make_unique<TimerService>(server.store->eventMemory());
     server.former.push_back(&old);
     countReconfiguration(old);
-    announce(old, kAllAreas, false);
+    announce(old, allAreas, false);
 }
 
 void announce(const Attachment& store, SM_AREA_ID area, bool starts) {

@@ -37,7 +37,7 @@ void ServedNames::add(const std::string& name, int section, int index) {
     meaning.area = static_cast<uint8_t>(row.area);
     meaning.kind = static_cast<uint8_t>(row.kind);
     meaning.index = static_cast<uint16_t>(index);
-    meaning.flags = kIsName;
+    meaning.flags = isName;
     m_names[name] = meaning;
 }
 
@@ -88,7 +88,7 @@ int ServedNames::publish() const {
         if (target.alias == 0 || alias.primary)
             target.alias = record;
         NameMeaning own = target;
-        own.flags = static_cast<uint8_t>(kIsAlias | (target.flags & kIsMember));
+        own.flags = static_cast<uint8_t>(isAlias | (target.flags & isMember));
         own.alias = record;
         draft.entry(name, own);
     }

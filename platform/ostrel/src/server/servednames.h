@@ -1,8 +1,6 @@
-/*
- * The names of a store as its server collects them: variables, aliases, limits.
- */
-#ifndef OSTREL_SERVEDNAMES_H
-#define OSTREL_SERVEDNAMES_H
+// The names of a store as its server collects them: variables, aliases, limits.
+#ifndef OSTREL_SERVER_SERVEDNAMES_H
+#define OSTREL_SERVER_SERVEDNAMES_H
 
 #include <map>
 #include <string>
@@ -22,10 +20,10 @@ public:
 
     explicit ServedNames(const Attachment& store) : m_store(store) {}
 
-    /* The variable of that own name. */
+    // The variable of that own name.
     std::optional<NameMeaning> find(std::string_view name) const override;
 
-    /* What any full name stands for, an alias aside. */
+    // What any full name stands for, an alias aside.
     std::optional<NameMeaning> resolve(std::string_view name) const;
 
     bool isTaken(const std::string& name) const { return m_names.contains(name) || m_aliases.contains(name); }
@@ -34,15 +32,15 @@ public:
     void addAlias(const std::string& name, Alias alias) { m_aliases[name] = std::move(alias); }
     void setLimits(const std::string& name, const Limits& limits);
 
-    /* Forgets the names of that area, or all with -1, and the limits of what they stood for. */
+    // Forgets the names of that area, or all with -1, and the limits of what they stood for.
     void forget(int area);
 
-    /* Forgets the aliases that stand for nothing, and gives their names. */
+    // Forgets the aliases that stand for nothing, and gives their names.
     std::vector<std::string> dropDangling();
 
     const std::map<std::string, Alias>& aliases() const { return m_aliases; }
 
-    /* Makes all of it known. Gives 0 or an errno. */
+    // Makes all of it known. Gives 0 or an errno.
     int publish() const;
 
 private:

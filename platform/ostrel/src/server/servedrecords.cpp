@@ -1,12 +1,12 @@
 #include "server/servedrecords.h"
 
+#include <ostrel/records.h>
+
 #include <algorithm>
 #include <bit>
 #include <cerrno>
 #include <cstring>
 #include <iterator>
-
-#include <ostrel/records.h>
 
 namespace {
 
@@ -16,7 +16,7 @@ struct Counted {
     short SYSTEM_ATTRIBUTES::*count;
 };
 
-constexpr Counted kCounted[] = {
+constexpr Counted countedAreas[] = {
     {GU_REAL_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_real},       {GU_INTEGER_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_integer},
     {GU_LOGICAL_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_logical}, {GU_STRING_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_string},
     {GU_STAT_MEM, &SYSTEM_ATTRIBUTES::max_num_gu_stat},       {DP_STAT_MEM, &SYSTEM_ATTRIBUTES::max_num_dp_stat},
@@ -29,9 +29,9 @@ constexpr Counted kCounted[] = {
 };
 
 const Counted* counted(SM_AREA_ID area) {
-    const auto* found =
-        std::find_if(std::begin(kCounted), std::end(kCounted), [area](const Counted& c) { return c.area == area; });
-    return found == std::end(kCounted) ? nullptr : found;
+    const auto* found = std::find_if(std::begin(countedAreas), std::end(countedAreas),
+                                     [area](const Counted& c) { return c.area == area; });
+    return found == std::end(countedAreas) ? nullptr : found;
 }
 
 const ostrel_section& sectionRow(int section) {
@@ -68,7 +68,7 @@ bool sameShape(const ArrayShape& a, const ArrayShape& b) {
 }  // namespace
 
 ServedRecords::ServedRecords(Attachment& store, const ServedRecords* former) : m_store(store), m_former(former) {
-    for (int i = 0; i < kSections; ++i)
+    for (int i = 0; i < storeSections; ++i)
         book(i) = SlotBook(store.capacity(i));
 }
 
@@ -77,7 +77,7 @@ int ServedRecords::prepare() {
     int error = areas[SYS_ATTR_MEM].reserve(0, sizeof(SYSTEM_ATTRIBUTES));
     if (error == 0)
         error = m_store.objects().writes.reserve(0, sizeof(WriteMemory));
-    for (int i = 0; i < kSections && error == 0; ++i) {
+    for (int i = 0; i < storeSections && error == 0; ++i) {
         const ostrel_section& row = sectionRow(i);
         if (!counted(row.area) && row.kind != ALIAS_TYPE)
             error = areas[static_cast<size_t>(row.area)].reserve(
@@ -87,13 +87,12 @@ int ServedRecords::prepare() {
 }
 
 void ServedRecords::adopt() {
-    for (int section = 0; section < kSections; ++section) {
+    for (int section = 0; section < storeSections; ++section) {
         const CommonFields& fields = commonFields(sectionRow(section).kind);
         for (int i = 0; i < m_store.used(section); ++i) {
             const char* record = m_store.record(section, i);
             const char* label = record + fields.label;
-            book(section).enter(std::string(label, strnlen(label, kNameBytes - 1)),
-                                shortAt(record, fields.active) != 0);
+            book(section).enter(std::string(label, strnlen(label, nameBytes - 1)), shortAt(record, fields.active) != 0);
         }
     }
 }
@@ -108,7 +107,7 @@ int ServedRecords::reserveRules(int section, size_t count) {
 void ServedRecords::setRule(int section, int index, const ostrel_write_rule& given) {
     WriteRule& rule = m_store.rule(section, index);
     const uint64_t flags =
-        (given.writable ? 0 : kRuleLocked) | (given.has_min ? kRuleMin : 0) | (given.has_max ? kRuleMax : 0);
+        (given.writable ? 0 : ruleLocked) | (given.has_min ? ruleMin : 0) | (given.has_max ? ruleMax : 0);
     rule.min.store(std::bit_cast<uint64_t>(given.min), std::memory_order_relaxed);
     rule.max.store(std::bit_cast<uint64_t>(given.max), std::memory_order_relaxed);
     rule.flags.store(flags, std::memory_order_release);
@@ -187,14 +186,14 @@ char* ServedRecords::takeElements(int kind, int index, size_t count, std::string
     StoreHeader& header = *m_store.header();
     const SharedObject& memory = m_store.objects().elements;
     const size_t start = std::min<size_t>(header.elementsUsed.load(std::memory_order_relaxed), memory.size());
-    const size_t bytes = (count * elementSize(kind) + kElementAlignment - 1) / kElementAlignment * kElementAlignment;
+    const size_t bytes = (count * elementSize(kind) + elementAlignment - 1) / elementAlignment * elementAlignment;
     const int error = bytes > memory.size() - start ? ENOSPC : memory.reserve(start, bytes);
     if (error != 0) {
         problem = withoutMemory(error);
         return nullptr;
     }
     header.elementsUsed.store(start + bytes, std::memory_order_release);
-    header.arrayBlocks[kind - REAL_ARRAY_TYPE][index].store((start / kElementAlignment) << 32 | count,
+    header.arrayBlocks[kind - REAL_ARRAY_TYPE][index].store((start / elementAlignment) << 32 | count,
                                                             std::memory_order_release);
     return memory.data() + start;
 }
@@ -227,7 +226,7 @@ void ServedRecords::setActive(int section, int index, bool active) {
 }
 
 void ServedRecords::commit() {
-    for (int section = 0; section < kSections; ++section) {
+    for (int section = 0; section < storeSections; ++section) {
         for (const int index : book(section).commit())
             setActive(section, index, false);
         for (const int index : book(section).standing())
@@ -238,12 +237,12 @@ void ServedRecords::commit() {
 
 void ServedRecords::countSlots() {
     SYSTEM_ATTRIBUTES counts{};
-    for (int section = 0; section < kSections; ++section) {
+    for (int section = 0; section < storeSections; ++section) {
         if (const Counted* row = counted(sectionRow(section).area))
             counts.*row->count = static_cast<short>(std::max<int>(counts.*row->count, m_store.used(section)));
     }
     // Two sections that share a count are walked equally far; where that is not reserved a full memory would kill.
-    for (int section = 0; section < kSections; ++section) {
+    for (int section = 0; section < storeSections; ++section) {
         const Counted* row = counted(sectionRow(section).area);
         if (row && counts.*row->count > 0 && reserveSlot(section, counts.*row->count - 1) != 0)
             counts.*row->count = static_cast<short>(m_store.used(section));

@@ -1,13 +1,11 @@
-/*
- * The records of a store as its server makes, retires and counts them.
- */
-#ifndef OSTREL_SERVEDRECORDS_H
-#define OSTREL_SERVEDRECORDS_H
+// The records of a store as its server makes, retires and counts them.
+#ifndef OSTREL_SERVER_SERVEDRECORDS_H
+#define OSTREL_SERVER_SERVEDRECORDS_H
+
+#include <ostrel/server.h>
 
 #include <array>
 #include <string>
-
-#include <ostrel/server.h>
 
 #include "server/slotbook.h"
 #include "store/arrayshape.h"
@@ -15,31 +13,31 @@
 
 class ServedRecords {
 public:
-    /* Names that `former`, the books of the generation before, knows keep their values. */
+    // Names that `former`, the books of the generation before, knows keep their values.
     explicit ServedRecords(Attachment& store, const ServedRecords* former = nullptr);
     void forgetFormer() { m_former = nullptr; }
 
-    /* Takes the memory for what clients walk through in a new store. Gives 0 or an errno. */
+    // Takes the memory for what clients walk through in a new store. Gives 0 or an errno.
     int prepare();
 
-    /* Takes over what a dead server left. */
+    // Takes over what a dead server left.
     void adopt();
 
     SlotBook& book(int section) { return m_books[static_cast<size_t>(section)]; }
     const SlotBook& book(int section) const { return m_books[static_cast<size_t>(section)]; }
 
-    /* The record for that name with its fixed fields set; null, with the reason, where there is no room. */
+    // The record for that name with its fixed fields set; null, with the reason, where there is no room.
     char* take(int section, const std::string& label, bool& isNew, std::string& problem);
 
-    /* Gives the array in that slot the shape, with new elements where it had another one. */
+    // Gives the array in that slot the shape, with new elements where it had another one.
     char* shapeElements(int section, int index, const ArrayShape& shape, bool& isNew, std::string& problem);
 
-    /* Shows the names that stand as active and the others not, and tells how many slots there are to walk. */
+    // Shows the names that stand as active and the others not, and tells how many slots there are to walk.
     void commit();
 
     int indexOf(int section, const char* record) const;
 
-    /* What clients may write to the variable in that slot. */
+    // What clients may write to the variable in that slot.
     void setRule(int section, int index, const ostrel_write_rule& rule);
 
 private:
@@ -53,8 +51,8 @@ private:
 
     Attachment& m_store;
     const ServedRecords* m_former;
-    std::array<SlotBook, kSections> m_books;
-    std::array<size_t, kSections> m_reservedTo{};
+    std::array<SlotBook, storeSections> m_books;
+    std::array<size_t, storeSections> m_reservedTo{};
 };
 
 #endif

@@ -1,3 +1,4 @@
+#include <ostrel/log.h>
 #include <ostrel/server.h>
 
 #include <cerrno>
@@ -9,8 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include <ostrel/log.h>
-
 #include "monotonic.h"
 #include "server/generation.h"
 #include "server/serverstate.h"
@@ -18,8 +17,8 @@
 
 namespace {
 
-constexpr auto kAllAreas = static_cast<SM_AREA_ID>(-1);
-constexpr int64_t kReclaimEvery = nanosecondsPerSecond;
+constexpr auto allAreas = static_cast<SM_AREA_ID>(-1);
+constexpr int64_t reclaimEvery = nanosecondsPerSecond;
 
 template <size_t size>
 void putText(char (&field)[size], const char* text) {
@@ -34,7 +33,7 @@ void tell(char* message, size_t size, const std::string& culprit, const std::str
 
 bool isUnderReconfiguration(const ostrel_server& server, SM_AREA_ID area) {
     for (const SM_AREA_ID begun : server.begun)
-        if (begun == kAllAreas || begun == area)
+        if (begun == allAreas || begun == area)
             return true;
     return false;
 }
@@ -50,7 +49,7 @@ bool isIdentifier(std::string_view text) {
 }
 
 std::string problemOfName(std::string_view name, bool endsInPoint) {
-    if (name.size() >= kNameBytes)
+    if (name.size() >= nameBytes)
         return "is too long for a name; it may have 79 characters";
     if (endsInPoint && !name.ends_with('.'))
         return "is no name of a variable with members; it must end in a point";
@@ -152,7 +151,7 @@ void ostrel_server_beat(ostrel_server* server) {
     server->store->header()->heartbeat.store(now, std::memory_order_release);
     Attachment& seen = storeOfClients(*server);
     seen.header()->heartbeat.store(now, std::memory_order_release);
-    if (now - server->lastReclaim < kReclaimEvery)
+    if (now - server->lastReclaim < reclaimEvery)
         return;
     server->lastReclaim = now;
     reclaimDeadThreads(seen.eventMemory());
@@ -185,8 +184,8 @@ void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area) {
     announce(storeOfClients(*server), area, true);
     server->begun.push_back(area);
     server->names->forget(area);
-    for (int section = 0; section < kSections; ++section)
-        if (area == kAllAreas || ostrel_sections(nullptr)[section].area == area)
+    for (int section = 0; section < storeSections; ++section)
+        if (area == allAreas || ostrel_sections(nullptr)[section].area == area)
             server->records->book(section).begin();
 }
 
@@ -216,7 +215,7 @@ void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const ch
     std::string problem;
     ArrayShape shape;
     shape.dimensions = dimensions;
-    for (int i = 0; i < dimensions && i < kMaxDimensions; ++i)
+    for (int i = 0; i < dimensions && i < maxDimensions; ++i)
         shape.sizes[static_cast<size_t>(i)] = sizes[i];
     const int section = arraySectionNumber(kind);
     bool isNew = false;
@@ -248,7 +247,7 @@ ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias
     std::string problem;
     bool isNew = false;
     char* record = nullptr;
-    if (strnlen(target, kNameBytes) >= kNameBytes)
+    if (strnlen(target, nameBytes) >= nameBytes)
         problem = "its target is too long for a name; it may have 79 characters";
     else
         record = putRecord(*server, ALIAS_MEM, ALIAS_TYPE, alias, isNew, problem);

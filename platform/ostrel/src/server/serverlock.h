@@ -1,8 +1,6 @@
-/*
- * The lock that keeps a store to one server. The system releases it when the process ends, however that happens.
- */
-#ifndef OSTREL_SERVERLOCK_H
-#define OSTREL_SERVERLOCK_H
+// The lock that keeps a store to one server. The system releases it when the process ends, however that happens.
+#ifndef OSTREL_SERVER_SERVERLOCK_H
+#define OSTREL_SERVER_SERVERLOCK_H
 
 #include <string>
 
@@ -15,7 +13,7 @@ public:
     ServerLock(const ServerLock&) = delete;
     ServerLock& operator=(const ServerLock&) = delete;
 
-    /* False: `problem` says why, for instance which process has it. */
+    // False: `problem` says why, for instance which process has it.
     bool acquire(const std::string& storeName, std::string& problem);
 
 private:

@@ -1,14 +1,12 @@
-/*
- * What a server of a store has in hand.
- */
-#ifndef OSTREL_SERVERSTATE_H
-#define OSTREL_SERVERSTATE_H
+// What a server of a store has in hand.
+#ifndef OSTREL_SERVER_SERVERSTATE_H
+#define OSTREL_SERVER_SERVERSTATE_H
+
+#include <ostrel/server.h>
 
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <ostrel/server.h>
 
 #include "events/eventmemory.h"
 #include "server/servednames.h"

@@ -1,9 +1,7 @@
-/*
- * Who has which slot of one section. A name keeps its slot for as long as the store lives, also while it is retired, so
- * that clients which bound to its record find it there when the name comes back.
- */
-#ifndef OSTREL_SLOTBOOK_H
-#define OSTREL_SLOTBOOK_H
+// Who has which slot of one section. A name keeps its slot for as long as the store lives, also while it is retired, so
+// that clients which bound to its record find it there when the name comes back.
+#ifndef OSTREL_SERVER_SLOTBOOK_H
+#define OSTREL_SERVER_SLOTBOOK_H
 
 #include <cstddef>
 #include <deque>
@@ -21,35 +19,33 @@ public:
 
     explicit SlotBook(int capacity = 0) : m_capacity(capacity) {}
 
-    /* Enters what an adopted store holds: slot by slot in their order, with an empty label where there is none. */
+    // Enters what an adopted store holds: slot by slot in their order, with an empty label where there is none.
     void enter(const std::string& label, bool active);
 
-    /* Starts a reconfiguration: every name has to be put again. */
+    // Starts a reconfiguration: every name has to be put again.
     void begin();
 
-    /*
-     * The slot for `label`: its own, else one that was never taken, else one of a retired name. Where the section is
-     * full of names that stand, one that was not put again yet gives way; nothing where all were.
-     */
+    // The slot for `label`: its own, else one that was never taken, else one of a retired name. Where the section is
+    // full of names that stand, one that was not put again yet gives way; nothing where all were.
     std::optional<Taken> take(const std::string& label);
 
-    /* The slot of that name, active or retired. */
+    // The slot of that name, active or retired.
     std::optional<int> find(const std::string& label) const;
 
-    /* Takes a put back: the name is retired with the end of the reconfiguration. */
+    // Takes a put back: the name is retired with the end of the reconfiguration.
     void drop(const std::string& label);
 
-    /* Ends the reconfiguration: gives the slots whose names were not put again, which are retired now. */
+    // Ends the reconfiguration: gives the slots whose names were not put again, which are retired now.
     std::vector<int> commit();
 
-    /* The slots of names that stand. */
+    // The slots of names that stand.
     std::vector<int> standing() const;
 
     const std::string& label(int index) const { return m_slots[static_cast<size_t>(index)].label; }
     int capacity() const { return m_capacity; }
 
 private:
-    enum class State { kEmpty, kRetired, kUnput, kPut };
+    enum class State { Empty, Retired, Unput, Put };
 
     struct Slot {
         std::string label;

@@ -15,7 +15,7 @@
 namespace {
 
 // A writer needs a microsecond. One that was killed or stopped is not waited for longer than this.
-constexpr int64_t kPatience = nanosecondsPerSecond;
+constexpr int64_t patience = nanosecondsPerSecond;
 
 std::string timeText(const timespec& time) {
     tm local{};
@@ -107,7 +107,7 @@ bool WriteFile::isGivenUp(uint64_t number, uint64_t taken) {
         m_waitedFor = taken;
         m_waitingSince = now;
     }
-    return now - m_waitingSince > kPatience;
+    return now - m_waitingSince > patience;
 }
 
 std::string WriteFile::lineOf(uint64_t number, const WriteNote& note) {
@@ -139,10 +139,10 @@ WriteFile::Batch WriteFile::take(const WriteMemory& memory, uint64_t from, uint6
         const uint64_t number = batch.upTo + 1;
         WriteNote note{};
         const NoteState state = readNote(memory, number, note);
-        if (state == NoteState::kUnderWay && !isGivenUp(number, to))
+        if (state == NoteState::UnderWay && !isGivenUp(number, to))
             break;
         batch.upTo = number;
-        if (state != NoteState::kWhole) {
+        if (state != NoteState::Whole) {
             ++missing;
             continue;
         }

@@ -1,8 +1,6 @@
-/*
- * The file into which the server of a store puts what its clients wrote: a line for each write, tab-separated.
- */
-#ifndef OSTREL_WRITEFILE_H
-#define OSTREL_WRITEFILE_H
+// The file into which the server of a store puts what its clients wrote: a line for each write, tab-separated.
+#ifndef OSTREL_SERVER_WRITEFILE_H
+#define OSTREL_SERVER_WRITEFILE_H
 
 #include <map>
 #include <string>
@@ -11,10 +9,8 @@
 
 class WriteFile {
 public:
-    /*
-     * Appends what came since the last time. False, with the reason, where the file cannot be written; the writes then
-     * stay for the next time.
-     */
+    // Appends what came since the last time. False, with the reason, where the file cannot be written; the writes then
+    // stay for the next time.
     bool drain(WriteMemory& memory, const std::string& path, std::string& problem);
 
 private:

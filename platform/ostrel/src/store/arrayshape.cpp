@@ -1,9 +1,9 @@
 #include "store/arrayshape.h"
 
+#include <ostrel/records.h>
+
 #include <algorithm>
 #include <cstring>
-
-#include <ostrel/records.h>
 
 namespace {
 
@@ -37,12 +37,12 @@ std::optional<size_t> decimal(std::string_view text) {
 }  // namespace
 
 size_t ArrayShape::elementCount() const {
-    if (dimensions < 1 || dimensions > kMaxDimensions)
+    if (dimensions < 1 || dimensions > maxDimensions)
         return 0;
     size_t count = 1;
     for (int i = 0; i < dimensions; ++i) {
         const size_t size = sizes[static_cast<size_t>(i)];
-        if (size < 1 || size > kMaxDimensionSize)
+        if (size < 1 || size > maxDimensionSize)
             return 0;
         count *= size;
     }
@@ -53,12 +53,12 @@ std::optional<size_t> ArrayShape::position(int dimension, std::string_view text)
     const auto d = static_cast<size_t>(dimension);
     if (const auto number = decimal(text))
         return *number < sizes[d] ? number : std::nullopt;
-    if (text.empty() || text.size() >= kEnumLabelBytes)
+    if (text.empty() || text.size() >= enumLabelBytes)
         return std::nullopt;
     const size_t known = std::min(labelCounts[d], sizes[d]);
     for (size_t i = 0; i < known; ++i) {
         const char* label = labels[d][i];
-        if (text == std::string_view(label, strnlen(label, kEnumLabelBytes)))
+        if (text == std::string_view(label, strnlen(label, enumLabelBytes)))
             return i;
     }
     return std::nullopt;

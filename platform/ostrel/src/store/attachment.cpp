@@ -61,7 +61,7 @@ int Attachment::used(int section) const {
 }
 
 char* Attachment::record(int section, int index) const {
-    if (section < 0 || section >= kSections || index < 0 || index >= used(section))
+    if (section < 0 || section >= storeSections || index < 0 || index >= used(section))
         return nullptr;
     const ostrel_section& row = ostrel_sections(nullptr)[section];
     return base(row.area) + row.start + static_cast<size_t>(index) * row.record_size;
@@ -70,7 +70,7 @@ char* Attachment::record(int section, int index) const {
 std::optional<RecordPlace> Attachment::placeOf(const void* record, int kind) const {
     const auto address = reinterpret_cast<uintptr_t>(record);
     const ostrel_section* sections = ostrel_sections(nullptr);
-    for (int i = 0; i < kSections; ++i) {
+    for (int i = 0; i < storeSections; ++i) {
         if (sections[i].kind != kind)
             continue;
         const uintptr_t start = reinterpret_cast<uintptr_t>(base(sections[i].area)) + sections[i].start;
@@ -85,11 +85,11 @@ std::optional<RecordPlace> Attachment::placeOf(const void* record, int kind) con
 }
 
 ElementBlock Attachment::elements(int arrayKind, int index) const {
-    if (!isArray(arrayKind) || index < 0 || static_cast<size_t>(index) >= kArraysPerKind)
+    if (!isArray(arrayKind) || index < 0 || static_cast<size_t>(index) >= arraysPerKind)
         return {};
     const auto& word = m_header->arrayBlocks[arrayKind - REAL_ARRAY_TYPE][index];
     const uint64_t block = word.load(std::memory_order_acquire);
-    const size_t offset = (block >> 32) * kElementAlignment;
+    const size_t offset = (block >> 32) * elementAlignment;
     const size_t count = block & UINT32_MAX;
     const size_t room = m_objects.elements.size();
     if (count == 0 || offset >= room || count > (room - offset) / elementSize(arrayKind))

@@ -1,6 +1,7 @@
 #include "store/currentstore.h"
 
 #include <dlfcn.h>
+#include <ostrel/log.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -8,8 +9,6 @@
 #include <cstdlib>
 #include <mutex>
 #include <utility>
-
-#include <ostrel/log.h>
 
 namespace {
 
@@ -60,7 +59,7 @@ size_t pageSize() {
 
 void showCounters(Choice& c, const Attachment& used) {
     if (c.reconfigPage)
-        used.objects().header.mapOver(c.reconfigPage, kReconfigOffset, pageSize());
+        used.objects().header.mapOver(c.reconfigPage, reconfigOffset, pageSize());
 }
 
 Attachment* use(Choice& c, std::unique_ptr<Attachment> fresh) {
@@ -74,14 +73,14 @@ Attachment* use(Choice& c, std::unique_ptr<Attachment> fresh) {
 std::unique_ptr<Attachment> openStore(Choice& c, const std::string& name) {
     std::string problem;
     StoreObjects objects;
-    StoreLook look = StoreLook::kDamaged;
+    StoreLook look = StoreLook::Damaged;
     if (isStoreName(name))
         look = openStoreObjects(objects, name, problem);
     else
         problem = "is no name for a store; use letters, digits, points, hyphens and underscores";
-    if (look == StoreLook::kUsable)
+    if (look == StoreLook::Usable)
         return std::make_unique<Attachment>(std::move(objects), name);
-    if (look == StoreLook::kDamaged && problem != std::exchange(c.lastProblem, problem))
+    if (look == StoreLook::Damaged && problem != std::exchange(c.lastProblem, problem))
         log_error(__FILE__, __LINE__, 1, 0, "store %s: %s", name.c_str(), problem.c_str());
     return nullptr;
 }

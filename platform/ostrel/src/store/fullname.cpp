@@ -8,7 +8,7 @@ namespace {
 std::optional<NameMeaning> baseMeaning(const KnownNames& names, std::string_view base) {
     auto meaning = names.find(base);
     // What is known only as somebody's target is no variable of its own.
-    if (!meaning || (meaning->flags & (kIsName | kIsAlias)) == 0)
+    if (!meaning || (meaning->flags & (isName | isAlias)) == 0)
         return std::nullopt;
     return meaning;
 }
@@ -25,13 +25,13 @@ std::optional<NameMeaning> memberMeaning(const KnownNames& names, std::string_vi
     auto base = baseMeaning(names, name.substr(0, point + 1));
     if (!base)
         base = baseMeaning(names, name.substr(0, point));
-    if (!base || !hasMembers(base->kind) || (base->flags & kIsMember) != 0)
+    if (!base || !hasMembers(base->kind) || (base->flags & isMember) != 0)
         return std::nullopt;
     const int member = memberNumber(base->kind, name.substr(point + 1));
     if (member < 0)
         return std::nullopt;
     NameMeaning meaning = part(*base);
-    meaning.flags = kIsMember;
+    meaning.flags = isMember;
     meaning.member = static_cast<uint8_t>(member);
     return meaning;
 }
@@ -46,7 +46,7 @@ std::optional<NameMeaning> arrayMeaning(const KnownNames& names, std::string_vie
 }
 
 // Cuts the text behind the array's name into positions, one for each dimension.
-bool positions(const ArrayShape& shape, std::string_view indexes, size_t (&found)[kMaxDimensions]) {
+bool positions(const ArrayShape& shape, std::string_view indexes, size_t (&found)[maxDimensions]) {
     for (int i = 0; i < shape.dimensions; ++i) {
         if (indexes.empty() || indexes.front() != ':')
             return false;
@@ -64,7 +64,7 @@ bool positions(const ArrayShape& shape, std::string_view indexes, size_t (&found
 std::optional<NameMeaning> elementMeaning(const Attachment& store, const KnownNames& names, std::string_view name) {
     const auto base = arrayMeaning(names, name);
     const auto shape = base ? arrayShape(store, base->kind, base->index) : std::nullopt;
-    size_t at[kMaxDimensions] = {};
+    size_t at[maxDimensions] = {};
     if (!shape || !positions(*shape, name.substr(name.find(':')), at))
         return std::nullopt;
     size_t number = 0;
@@ -78,7 +78,7 @@ std::optional<NameMeaning> elementMeaning(const Attachment& store, const KnownNa
 }  // namespace
 
 std::optional<NameMeaning> composedMeaning(const Attachment& store, const KnownNames& names, std::string_view name) {
-    if (name.size() >= kNameBytes)
+    if (name.size() >= nameBytes)
         return std::nullopt;
     const size_t mark = name.find_first_of(".:");
     if (mark == 0 || mark == std::string_view::npos)
@@ -89,7 +89,7 @@ std::optional<NameMeaning> composedMeaning(const Attachment& store, const KnownN
 std::string canonicalName(const Attachment& store, const KnownNames& names, std::string_view name) {
     const auto base = arrayMeaning(names, name);
     const auto shape = base ? arrayShape(store, base->kind, base->index) : std::nullopt;
-    size_t at[kMaxDimensions] = {};
+    size_t at[maxDimensions] = {};
     if (!shape || !positions(*shape, name.substr(name.find(':')), at))
         return std::string(name);
     std::string canonical(name.substr(0, name.find(':')));

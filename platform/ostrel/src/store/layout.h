@@ -1,11 +1,9 @@
-/*
- * The bytes of a store's header object. docs/store-layout.md is the page to this file: change both, and the version.
- *
- * The server alone writes here, except for the words that say otherwise. Clients check what they read before they use
- * it as an index, a length or an offset.
- */
-#ifndef OSTREL_LAYOUT_H
-#define OSTREL_LAYOUT_H
+// The bytes of a store's header object. docs/store-layout.md is the page to this file: change both, and the version.
+//
+// The server alone writes here, except for the words that say otherwise. Clients check what they read before they use
+// it as an index, a length or an offset.
+#ifndef OSTREL_STORE_LAYOUT_H
+#define OSTREL_STORE_LAYOUT_H
 
 #include <atomic>
 #include <cstddef>
@@ -13,30 +11,30 @@
 
 #include "store/sections.h"
 
-inline constexpr uint64_t kMagic = 0x314c455254534f00;  // "\0OSTREL1" in memory order
-inline constexpr uint32_t kLayoutVersion = 2;
+inline constexpr uint64_t storeMagic = 0x314c455254534f00;  // "\0OSTREL1" in memory order
+inline constexpr uint32_t storeLayoutVersion = 2;
 
-/* What a client may expect of a store. */
+// What a client may expect of a store.
 enum StoreState : uint32_t {
-    kMaking = 0,     // not ready yet
-    kLive = 1,       // served, or waiting for a server to adopt it
-    kEnded = 2,      // ended cleanly; the memory keeps the last values
-    kSuperseded = 3  // a store with another layout has its name now
+    Making = 0,     // not ready yet
+    Live = 1,       // served, or waiting for a server to adopt it
+    Ended = 2,      // ended cleanly; the memory keeps the last values
+    Superseded = 3  // a store with another layout has its name now
 };
 
-inline constexpr size_t kNameBytes = 80;  // of a variable, with the terminating zero
-inline constexpr size_t kNameWords = kNameBytes / 8;
-inline constexpr size_t kIndexSlots = size_t{1} << 19;  // a power of two, more than twice the entries
-inline constexpr size_t kIndexEntries = 200000;
-inline constexpr size_t kIndexLimits = 40000;
-inline constexpr size_t kArraysPerKind = 256;
-inline constexpr size_t kPrivateBlocks = 64;
-inline constexpr size_t kPrivateBlockBytes = size_t{1} << 20;
-inline constexpr size_t kElementAlignment = 64;
-inline constexpr size_t kElementBytes = size_t{4} << 30;
-inline constexpr size_t kPart = 65536;  // parts of an object start at multiples of every page size
+inline constexpr size_t nameBytes = 80;  // of a variable, with the terminating zero
+inline constexpr size_t nameWords = nameBytes / 8;
+inline constexpr size_t indexSlots = size_t{1} << 19;  // a power of two, more than twice the entries
+inline constexpr size_t indexEntries = 200000;
+inline constexpr size_t indexLimits = 40000;
+inline constexpr size_t arraysPerKind = 256;
+inline constexpr size_t privateBlockCount = 64;
+inline constexpr size_t privateBlockBytes = size_t{1} << 20;
+inline constexpr size_t elementAlignment = 64;
+inline constexpr size_t elementBytes = size_t{4} << 30;
+inline constexpr size_t partBytes = 65536;  // parts of an object start at multiples of every page size
 
-/* Room for one section. */
+// Room for one section.
 struct SectionRoom {
     uint16_t area;
     uint16_t kind;
@@ -67,22 +65,22 @@ struct StoreHeader {
     std::atomic<uint64_t> indexVersion;  // its lowest bit selects the index table that holds
     uint32_t sectionCount;
     uint32_t reserved1;
-    SectionRoom sections[kSections];
+    SectionRoom sections[storeSections];
 
     // Where the elements of array i of the kinds 15 to 18 lie: offset / 64 in the upper 32 bits, their number in the
     // lower ones, in one word so that no reader sees half a change.
-    std::atomic<uint64_t> arrayBlocks[4][kArraysPerKind];
+    std::atomic<uint64_t> arrayBlocks[4][arraysPerKind];
 
     // Hashes of the names of private blocks in the order of their blocks; a client claims the first zero with its own.
-    std::atomic<uint64_t> privateBlocks[kPrivateBlocks];
+    std::atomic<uint64_t> privateBlocks[privateBlockCount];
 };
 static_assert(std::atomic<uint64_t>::is_always_lock_free && std::atomic<uint32_t>::is_always_lock_free);
 static_assert(offsetof(StoreHeader, state) == 12 && offsetof(StoreHeader, instance) == 16);
 static_assert(offsetof(StoreHeader, serverPid) == 28 && offsetof(StoreHeader, name) == 64);
 static_assert(offsetof(StoreHeader, eventBytes) == 640 && offsetof(StoreHeader, sections) == 672);
-static_assert(sizeof(StoreHeader) <= kPart);
+static_assert(sizeof(StoreHeader) <= partBytes);
 
-/* What a name stands for. */
+// What a name stands for.
 struct NameMeaning {
     uint8_t area = 0;
     uint8_t kind = 0;
@@ -95,13 +93,13 @@ struct NameMeaning {
 };
 static_assert(sizeof(NameMeaning) == 16);
 
-inline constexpr uint8_t kIsName = 1;   // a variable's own name
-inline constexpr uint8_t kIsAlias = 2;  // another name; neither bit: known only as target of an alias or for its limits
-inline constexpr uint8_t kIsMember = 4;  // stands for one member, not for the variable with all of them
+inline constexpr uint8_t isName = 1;    // a variable's own name
+inline constexpr uint8_t isAlias = 2;   // another name; neither bit: known only as target of an alias or for its limits
+inline constexpr uint8_t isMember = 4;  // stands for one member, not for the variable with all of them
 
 struct NameEntry {
     uint64_t meaning[2];
-    uint64_t name[kNameWords];  // filled up with zeros
+    uint64_t name[nameWords];  // filled up with zeros
 };
 static_assert(sizeof(NameEntry) == 96);
 
@@ -112,26 +110,26 @@ struct LimitEntry {
 };
 static_assert(sizeof(LimitEntry) == 80);
 
-/* A slot holds the upper 40 bits of the hash and the number of an entry + 1 in the lower 24; 0 where it is free. */
+// A slot holds the upper 40 bits of the hash and the number of an entry + 1 in the lower 24; 0 where it is free.
 struct IndexTable {
     uint64_t mask;  // slots in use - 1
     uint64_t entryCount;
     uint64_t nameCount;  // entries that are names or aliases
     uint64_t limitCount;
     uint64_t reserved[4];
-    uint64_t slots[kIndexSlots];
-    NameEntry entries[kIndexEntries];
-    LimitEntry limits[kIndexLimits];
+    uint64_t slots[indexSlots];
+    NameEntry entries[indexEntries];
+    LimitEntry limits[indexLimits];
 };
-static_assert(kIndexEntries < (1u << 24) && kIndexEntries * 2 < kIndexSlots);
+static_assert(indexEntries < (1u << 24) && indexEntries * 2 < indexSlots);
 
 constexpr size_t wholeParts(size_t bytes) {
-    return (bytes + kPart - 1) / kPart * kPart;
+    return (bytes + partBytes - 1) / partBytes * partBytes;
 }
 
-inline constexpr size_t kReconfigOffset = kPart;
-inline constexpr size_t kIndexOffset = 2 * kPart;
-inline constexpr size_t kIndexBytes = wholeParts(sizeof(IndexTable));
-inline constexpr size_t kHeaderObjectBytes = kIndexOffset + 2 * kIndexBytes;
+inline constexpr size_t reconfigOffset = partBytes;
+inline constexpr size_t indexOffset = 2 * partBytes;
+inline constexpr size_t indexBytes = wholeParts(sizeof(IndexTable));
+inline constexpr size_t headerObjectBytes = indexOffset + 2 * indexBytes;
 
 #endif

@@ -1,8 +1,8 @@
-#include <cstring>
-#include <string>
-
 #include <ostrel/records.h>
 #include <ostrel/store.h>
+
+#include <cstring>
+#include <string>
 
 #include "rawnumber.h"
 #include "store/arrayshape.h"
@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr short kFound = 0;
-constexpr short kNotFound = 1;
+constexpr short nameFound = 0;
+constexpr short nameNotFound = 1;
 
 class IndexedNames : public KnownNames {
 public:
@@ -27,7 +27,7 @@ private:
 
 // One longer than a name may be, so that a name that is too long is seen as such.
 std::string_view textOf(const char* label) {
-    return {label, strnlen(label, kNameBytes)};
+    return {label, strnlen(label, nameBytes)};
 }
 
 std::optional<NameMeaning> meaningIn(const Attachment& store, const IndexTable& table, std::string_view name,
@@ -78,15 +78,15 @@ ALIAS_VARIABLE* aliasRecord(const Attachment& store, unsigned number) {
 short findBase(int kind, const char* label, SHARED_MEMORY* mem) {
     const Attachment* store = attachment();
     if (!store || !label || !mem)
-        return kNotFound;
+        return nameNotFound;
     std::string name(textOf(label));
     if (!name.empty() && name.back() != '.')
         name += '.';
     const NameKey key(name);
     const auto meaning = lookInIndex(store->objects(), [&](const IndexTable& table) { return findName(table, key); });
-    if (!meaning || meaning->kind != kind || (meaning->flags & kIsName) == 0)
-        return kNotFound;
-    return fillHandle(*store, *meaning, *mem) ? kFound : kNotFound;
+    if (!meaning || meaning->kind != kind || (meaning->flags & isName) == 0)
+        return nameNotFound;
+    return fillHandle(*store, *meaning, *mem) ? nameFound : nameNotFound;
 }
 
 // Text of a record as a C string: the field itself, or a copy where somebody filled it without a zero at its end.
@@ -191,28 +191,28 @@ LIMIT_STATUS limitStatus(const Attachment& store, const NameMeaning& meaning) {
 short int find_variable(char* label, SHARED_MEMORY* mem) {
     const Attachment* store = attachment();
     if (!store || !label || !mem)
-        return kNotFound;
+        return nameNotFound;
     const auto meaning = meaningOf(*store, label);
-    return meaning && fillHandle(*store, *meaning, *mem) ? kFound : kNotFound;
+    return meaning && fillHandle(*store, *meaning, *mem) ? nameFound : nameNotFound;
 }
 
 short int find_alias_label(char* label, SHARED_MEMORY* mem, short int* index) {
     const Attachment* store = attachment();
     if (!store || !label || !mem)
-        return kNotFound;
+        return nameNotFound;
     const auto meaning = meaningOf(*store, label);
-    if (!meaning || (meaning->flags & kIsAlias) == 0 || !aliasRecord(*store, meaning->alias))
-        return kNotFound;
+    if (!meaning || (meaning->flags & isAlias) == 0 || !aliasRecord(*store, meaning->alias))
+        return nameNotFound;
     *mem = handle(ALIAS_MEM, ALIAS_TYPE, meaning->alias - 1);
     if (index)
         *index = mem->index;
-    return kFound;
+    return nameFound;
 }
 
 short int find_alias_of_target(char* target, SHARED_MEMORY* mem, char** alias) {
     const Attachment* store = attachment();
     if (!store || !target || !mem || !alias)
-        return kNotFound;
+        return nameNotFound;
     const std::string_view name = textOf(target);
     const auto meaning = lookInIndex(store->objects(), [&](const IndexTable& table) {
         auto found = findName(table, NameKey(name));
@@ -220,14 +220,14 @@ short int find_alias_of_target(char* target, SHARED_MEMORY* mem, char** alias) {
             found = findName(table, NameKey(canonicalName(*store, IndexedNames(table), name)));
         return found;
     });
-    if (!meaning || (meaning->flags & kIsAlias) != 0)
-        return kNotFound;
+    if (!meaning || (meaning->flags & isAlias) != 0)
+        return nameNotFound;
     ALIAS_VARIABLE* record = aliasRecord(*store, meaning->alias);
     if (!record)
-        return kNotFound;
+        return nameNotFound;
     *mem = handle(ALIAS_MEM, ALIAS_TYPE, meaning->alias - 1);
     *alias = terminated(record->alias);
-    return kFound;
+    return nameFound;
 }
 
 short int find_stat_label(char* label, SHARED_MEMORY* mem) {
@@ -313,7 +313,7 @@ char* get_emis_format(EMIS_VARIABLE* var, EMISSION_MEMBER_TYPE member) {
 short int get_limit_info(char* label, LIMIT_STATUS* status, double* limits, short int* exists, short int* display) {
     const Attachment* store = attachment();
     if (!store || !label)
-        return kNotFound;
+        return nameNotFound;
     const std::string_view name = textOf(label);
     const NameKey key(name);
     Limits found;
@@ -327,7 +327,7 @@ short int get_limit_info(char* label, LIMIT_STATUS* status, double* limits, shor
         return result;
     });
     if (!meaning)
-        return kNotFound;
+        return nameNotFound;
     if (status)
         *status = limitStatus(*store, *meaning);
     if (limits)
@@ -336,5 +336,5 @@ short int get_limit_info(char* label, LIMIT_STATUS* status, double* limits, shor
         std::memcpy(exists, found.exists.data(), sizeof found.exists);
     if (display)
         std::memcpy(display, found.display.data(), sizeof found.display);
-    return kFound;
+    return nameFound;
 }

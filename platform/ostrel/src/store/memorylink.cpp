@@ -1,3 +1,6 @@
+#include <ostrel/records.h>
+#include <ostrel/store.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <map>
@@ -5,9 +8,6 @@
 #include <mutex>
 #include <string>
 #include <string_view>
-
-#include <ostrel/records.h>
-#include <ostrel/store.h>
 
 #include "store/arrayshape.h"
 #include "store/currentstore.h"
@@ -26,14 +26,14 @@ uint64_t blockHash(std::string_view name) {
 void* sharedBlock(const Attachment& store, std::string_view name, size_t size) {
     const uint64_t hash = blockHash(name);
     auto& claims = store.header()->privateBlocks;
-    for (size_t i = 0; i < kPrivateBlocks; ++i) {
+    for (size_t i = 0; i < privateBlockCount; ++i) {
         uint64_t owner = claims[i].load(std::memory_order_acquire);
         if (owner == 0 && store.isWritable() && claims[i].compare_exchange_strong(owner, hash))
             owner = hash;
         if (owner != hash)
             continue;
         const SharedObject& blocks = store.objects().blocks;
-        const size_t start = i * kPrivateBlockBytes;
+        const size_t start = i * privateBlockBytes;
         if (size > 0 && store.isWritable() && blocks.reserve(start, size) != 0)
             return nullptr;
         return blocks.data() + start;
@@ -52,7 +52,7 @@ void* blockOfThisProcess(std::string_view name) {
     const auto found = blocks->find(name);
     if (found != blocks->end())
         return found->second.get();
-    void* block = std::calloc(1, kPrivateBlockBytes);
+    void* block = std::calloc(1, privateBlockBytes);
     blocks->emplace(std::string(name), block);
     return block;
 }
@@ -74,7 +74,7 @@ int ostrel_section_capacity(SM_AREA_ID area, SM_VARI_TYPE kind) {
 }
 
 void* get_private_shrd_mem(char* name, size_t size) {
-    if (!name || size > kPrivateBlockBytes)
+    if (!name || size > privateBlockBytes)
         return nullptr;
     const Attachment* store = attachment();
     if (std::string_view(name) == "reconfig_data" && size <= sizeof(RECONFIG_DATA))

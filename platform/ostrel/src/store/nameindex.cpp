@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr uint64_t kEntryMask = (uint64_t{1} << 24) - 1;
+constexpr uint64_t entryMask = (uint64_t{1} << 24) - 1;
 
 uint64_t load(const uint64_t& word) {
     return __atomic_load_n(&word, __ATOMIC_ACQUIRE);
@@ -27,7 +27,7 @@ uint64_t hashOf(const uint64_t* words, size_t count) {
 }
 
 uint64_t tagOf(uint64_t hash) {
-    return hash & ~kEntryMask;
+    return hash & ~entryMask;
 }
 
 bool hasName(const NameEntry& entry, const NameKey& key) {
@@ -42,11 +42,11 @@ NameMeaning meaningOf(const NameEntry& entry) {
 }
 
 size_t maskOf(const IndexTable& table) {
-    return load(table.mask) & (kIndexSlots - 1);
+    return load(table.mask) & (indexSlots - 1);
 }
 
 size_t entriesOf(const IndexTable& table) {
-    return std::min<size_t>(load(table.entryCount), kIndexEntries);
+    return std::min<size_t>(load(table.entryCount), indexEntries);
 }
 
 size_t slotsFor(size_t names) {
@@ -57,7 +57,7 @@ void writeEntry(NameEntry& entry, const NameKey& key, const NameMeaning& meaning
     const auto words = std::bit_cast<std::array<uint64_t, 2>>(meaning);
     store(entry.meaning[0], words[0]);
     store(entry.meaning[1], words[1]);
-    for (size_t i = 0; i < kNameWords; ++i)
+    for (size_t i = 0; i < nameWords; ++i)
         store(entry.name[i], i < key.count ? key.words[i] : 0);
 }
 
@@ -88,7 +88,7 @@ void fillTable(IndexTable& table, const std::vector<NewName>& names, const std::
     store(table.mask, mask);
     size_t nameCount = 0;
     for (size_t i = 0; i < names.size(); ++i) {
-        nameCount += (names[i].meaning.flags & (kIsName | kIsAlias)) != 0;
+        nameCount += (names[i].meaning.flags & (isName | isAlias)) != 0;
         const NameKey key(names[i].name);
         writeEntry(table.entries[i], key, names[i].meaning);
         linkEntry(table, mask, key, i);
@@ -116,7 +116,7 @@ int reserveTable(const StoreObjects& objects, const IndexTable& table, size_t na
 }  // namespace
 
 NameKey::NameKey(std::string_view name) : count(0), hash(0) {
-    if (name.empty() || name.size() >= kNameBytes)
+    if (name.empty() || name.size() >= nameBytes)
         return;
     count = name.size() / 8 + 1;
     words[count - 1] = 0;
@@ -133,15 +133,15 @@ std::optional<NameMeaning> findName(const IndexTable& table, const NameKey& key)
         const uint64_t word = load(table.slots[slot]);
         if (word == 0)
             return std::nullopt;
-        const size_t number = (word & kEntryMask) - 1;
-        if (tagOf(word) == tagOf(key.hash) && number < kIndexEntries && hasName(table.entries[number], key))
+        const size_t number = (word & entryMask) - 1;
+        if (tagOf(word) == tagOf(key.hash) && number < indexEntries && hasName(table.entries[number], key))
             return meaningOf(table.entries[number]);
     }
     return std::nullopt;
 }
 
 std::optional<Limits> readLimits(const IndexTable& table, uint32_t number) {
-    if (number == 0 || number > kIndexLimits)
+    if (number == 0 || number > indexLimits)
         return std::nullopt;
     const LimitEntry& entry = table.limits[number - 1];
     const uint64_t exists = load(entry.exists);
@@ -158,7 +158,7 @@ int publishNames(const StoreObjects& objects, const std::vector<NewName>& names,
     auto& version = objects.storeHeader()->indexVersion;
     const uint64_t next = version.load(std::memory_order_relaxed) + 1;
     IndexTable& table = *objects.indexTable(next);
-    if (names.size() >= kIndexEntries || limits.size() >= kIndexLimits)
+    if (names.size() >= indexEntries || limits.size() >= indexLimits)
         return ENOSPC;
     if (const int error = reserveTable(objects, table, names.size(), limits.size()))
         return error;
@@ -170,7 +170,7 @@ int publishNames(const StoreObjects& objects, const std::vector<NewName>& names,
 bool changeLimits(const StoreObjects& objects, std::string_view name, const Limits& limits) {
     IndexTable& table = *objects.indexTable(objects.storeHeader()->indexVersion.load(std::memory_order_relaxed));
     const auto meaning = findName(table, NameKey(name));
-    if (!meaning || meaning->limits == 0 || meaning->limits > kIndexLimits)
+    if (!meaning || meaning->limits == 0 || meaning->limits > indexLimits)
         return false;
     writeLimits(table.limits[meaning->limits - 1], limits);
     return true;
@@ -178,7 +178,7 @@ bool changeLimits(const StoreObjects& objects, std::string_view name, const Limi
 
 size_t knownNames(const StoreObjects& objects) {
     return lookInIndex(objects,
-                       [](const IndexTable& table) { return std::min<size_t>(load(table.nameCount), kIndexEntries); });
+                       [](const IndexTable& table) { return std::min<size_t>(load(table.nameCount), indexEntries); });
 }
 
 std::vector<std::pair<std::string, Limits>> namesWithLimits(const StoreObjects& objects) {
@@ -187,9 +187,9 @@ std::vector<std::pair<std::string, Limits>> namesWithLimits(const StoreObjects& 
         for (size_t i = 0; i < entriesOf(table); ++i) {
             const NameMeaning meaning = meaningOf(table.entries[i]);
             const auto limits = readLimits(table, meaning.limits);
-            if (limits && (meaning.flags & kIsAlias) == 0) {
+            if (limits && (meaning.flags & isAlias) == 0) {
                 const char* name = reinterpret_cast<const char*>(table.entries[i].name);
-                result.emplace_back(std::string(name, strnlen(name, kNameBytes - 1)), *limits);
+                result.emplace_back(std::string(name, strnlen(name, nameBytes - 1)), *limits);
             }
         }
         return result;

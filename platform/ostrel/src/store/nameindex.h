@@ -1,14 +1,12 @@
-/*
- * The index of names in the store's header object.
- *
- * Readers take no lock. There are two tables; the lowest bit of the version selects the one that holds. The server
- * fills the other one and then counts the version up. A reader looks at the version before and after: where it changed
- * the table may have been filled anew under its eyes, and it reads again. All words of a table are written with release
- * and read with acquire order, so a reader that saw a word of a later filling sees the later version as well. A server
- * that dies while it fills a table leaves the other one, which holds, as it is.
- */
-#ifndef OSTREL_NAMEINDEX_H
-#define OSTREL_NAMEINDEX_H
+// The index of names in the store's header object.
+//
+// Readers take no lock. There are two tables; the lowest bit of the version selects the one that holds. The server
+// fills the other one and then counts the version up. A reader looks at the version before and after: where it changed
+// the table may have been filled anew under its eyes, and it reads again. All words of a table are written with release
+// and read with acquire order, so a reader that saw a word of a later filling sees the later version as well. A server
+// that dies while it fills a table leaves the other one, which holds, as it is.
+#ifndef OSTREL_STORE_NAMEINDEX_H
+#define OSTREL_STORE_NAMEINDEX_H
 
 #include <array>
 #include <optional>
@@ -20,16 +18,16 @@
 #include "store/layout.h"
 #include "store/storeobjects.h"
 
-/* A name as the index compares it: words filled up with zeros, and their hash. */
+// A name as the index compares it: words filled up with zeros, and their hash.
 struct NameKey {
     explicit NameKey(std::string_view name);
 
-    std::array<uint64_t, kNameWords> words;
+    std::array<uint64_t, nameWords> words;
     size_t count;  // words that hold the name with its terminating zero; 0 for a name that is too long or empty
     uint64_t hash;
 };
 
-/* The limits of a variable, as get_limit_info() tells them. */
+// The limits of a variable, as get_limit_info() tells them.
 struct Limits {
     std::array<double, 7> values{};
     std::array<short, 7> exists{};
@@ -38,10 +36,10 @@ struct Limits {
 
 std::optional<NameMeaning> findName(const IndexTable& table, const NameKey& key);
 
-/* Nothing for the number 0 and one that no entry has. */
+// Nothing for the number 0 and one that no entry has.
 std::optional<Limits> readLimits(const IndexTable& table, uint32_t number);
 
-/* Calls look(table) with the table that holds, again where it was exchanged meanwhile, and gives its last result. */
+// Calls look(table) with the table that holds, again where it was exchanged meanwhile, and gives its last result.
 template <typename Look>
 auto lookInIndex(const StoreObjects& objects, Look look) {
     const auto& version = objects.storeHeader()->indexVersion;
@@ -54,22 +52,22 @@ auto lookInIndex(const StoreObjects& objects, Look look) {
     }
 }
 
-/* A name for the next table; `limits` of its meaning counts the limits that are published with it, from 1. */
+// A name for the next table; `limits` of its meaning counts the limits that are published with it, from 1.
 struct NewName {
     std::string name;
     NameMeaning meaning;
 };
 
-/* Fills the table that does not hold and lets it hold. Gives 0, or an errno where there is no memory for it. */
+// Fills the table that does not hold and lets it hold. Gives 0, or an errno where there is no memory for it.
 int publishNames(const StoreObjects& objects, const std::vector<NewName>& names, const std::vector<Limits>& limits);
 
-/* Changes limits in the table that holds; false where the name has none there. For the server. */
+// Changes limits in the table that holds; false where the name has none there. For the server.
 bool changeLimits(const StoreObjects& objects, std::string_view name, const Limits& limits);
 
-/* Names or aliases in the table that holds. */
+// Names or aliases in the table that holds.
 size_t knownNames(const StoreObjects& objects);
 
-/* The names that have limits of their own in the table that holds. */
+// The names that have limits of their own in the table that holds.
 std::vector<std::pair<std::string, Limits>> namesWithLimits(const StoreObjects& objects);
 
 #endif

@@ -20,29 +20,29 @@ constexpr ostrel_section section(SM_AREA_ID area, SM_VARI_TYPE kind, size_t star
 template <typename Record>
 constexpr ostrel_section growing(SM_AREA_ID area, SM_VARI_TYPE kind, int capacity, const char* name,
                                  const char* title) {
-    const int largest = isArray(kind) ? static_cast<int>(kArraysPerKind) : INT16_MAX;
+    const int largest = isArray(kind) ? static_cast<int>(arraysPerKind) : INT16_MAX;
     return {area, kind, 0, sizeof(Record), capacity, largest, name, title};
 }
 
-constexpr int kGeneralUse = 20000;
-constexpr int kInputOutput = 5000;
-constexpr int kStatistics = 1000;
-constexpr int kArrays = 64;
-constexpr int kAliases = 20000;
+constexpr int generalUse = 20000;
+constexpr int inputOutput = 5000;
+constexpr int statistics = 1000;
+constexpr int arrays = 64;
+constexpr int aliases = 20000;
 
 // Where an area holds several sections, and where it has a fixed number of records, that is part of the wire format.
-constexpr std::array<ostrel_section, kSections> kTable = {{
-    growing<REAL_VARIABLE>(GU_REAL_MEM, REAL_TYPE, kGeneralUse, "gu-real", "General Use (real)"),
-    growing<INTEGER_VARIABLE>(GU_INTEGER_MEM, INT_TYPE, kGeneralUse, "gu-integer", "General Use (integer)"),
-    growing<LOGICAL_VARIABLE>(GU_LOGICAL_MEM, LOGI_TYPE, kGeneralUse, "gu-logical", "General Use (logical)"),
-    growing<STRING_VARIABLE>(GU_STRING_MEM, STRING_TYPE, kGeneralUse, "gu-string", "General Use (string)"),
-    growing<REAL_VARIABLE>(AI_REAL_MEM, REAL_TYPE, kInputOutput, "analog-input", "Analog Inputs"),
-    growing<REAL_VARIABLE>(FI_REAL_MEM, REAL_TYPE, kInputOutput, "frequency-input",
+constexpr std::array<ostrel_section, storeSections> sectionTable = {{
+    growing<REAL_VARIABLE>(GU_REAL_MEM, REAL_TYPE, generalUse, "gu-real", "General Use (real)"),
+    growing<INTEGER_VARIABLE>(GU_INTEGER_MEM, INT_TYPE, generalUse, "gu-integer", "General Use (integer)"),
+    growing<LOGICAL_VARIABLE>(GU_LOGICAL_MEM, LOGI_TYPE, generalUse, "gu-logical", "General Use (logical)"),
+    growing<STRING_VARIABLE>(GU_STRING_MEM, STRING_TYPE, generalUse, "gu-string", "General Use (string)"),
+    growing<REAL_VARIABLE>(AI_REAL_MEM, REAL_TYPE, inputOutput, "analog-input", "Analog Inputs"),
+    growing<REAL_VARIABLE>(FI_REAL_MEM, REAL_TYPE, inputOutput, "frequency-input",
                            "Frequency Inputs (engineering units)"),
-    growing<REAL_VARIABLE>(CI_REAL_MEM, REAL_TYPE, kInputOutput, "counter-input", "Counter Inputs (engineering units)"),
-    growing<REAL_ARRAY_VARIABLE>(REAL_ARRAY_MEM, REAL_ARRAY_TYPE, kArrays, "real-array", "Real (array)"),
-    growing<INTEGER_ARRAY_VARIABLE>(INT_ARRAY_MEM, INT_ARRAY_TYPE, kArrays, "integer-array", "Integer (array)"),
-    growing<INTEGER_VARIABLE>(CI_INTG_MEM, INT_TYPE, kInputOutput, "counter-count", "Counter Inputs (counts)"),
+    growing<REAL_VARIABLE>(CI_REAL_MEM, REAL_TYPE, inputOutput, "counter-input", "Counter Inputs (engineering units)"),
+    growing<REAL_ARRAY_VARIABLE>(REAL_ARRAY_MEM, REAL_ARRAY_TYPE, arrays, "real-array", "Real (array)"),
+    growing<INTEGER_ARRAY_VARIABLE>(INT_ARRAY_MEM, INT_ARRAY_TYPE, arrays, "integer-array", "Integer (array)"),
+    growing<INTEGER_VARIABLE>(CI_INTG_MEM, INT_TYPE, inputOutput, "counter-count", "Counter Inputs (counts)"),
     section<REAL_VARIABLE>(ENGINE_PERF_MEM, REAL_TYPE, 0, 100, "performance-real", "Engine Performance (real)"),
     section<INTEGER_VARIABLE>(ENGINE_PERF_MEM, INT_TYPE, 39000, 50, "performance-integer",
                               "Engine Performance (integer)"),
@@ -56,29 +56,29 @@ constexpr std::array<ostrel_section, kSections> kTable = {{
     section<INTEGER_VARIABLE>(CONTROL_MEM, INT_TYPE, 495760, 4, "control-integer", "Control (integer)"),
     section<STRING_VARIABLE>(CONTROL_MEM, STRING_TYPE, 497080, 298, "control-string", "Control (string)"),
     section<STRING_VARIABLE>(DISPLAY_STRINGS_MEM, STRING_TYPE, 300, 100, "display-string", "Display (string)"),
-    growing<STRING_ARRAY_VARIABLE>(STRING_ARRAY_MEM, STRING_ARRAY_TYPE, kArrays, "string-array", "String (array)"),
+    growing<STRING_ARRAY_VARIABLE>(STRING_ARRAY_MEM, STRING_ARRAY_TYPE, arrays, "string-array", "String (array)"),
     section<LOGICAL_VARIABLE>(LOGI_MEM, LOGI_TYPE, 0, 400, "general-logical", "General Purpose (logical)"),
-    growing<LOGICAL_VARIABLE>(DI_LOGI_MEM, LOGI_TYPE, kInputOutput, "digital-input", "Digital Input (logical)"),
-    growing<LOGICAL_VARIABLE>(DO_LOGI_MEM, LOGI_TYPE, kInputOutput, "digital-output", "Digital Output (logical)"),
-    growing<LOGICAL_VARIABLE>(LIMIT_LOGI_MEM, LOGI_TYPE, kInputOutput, "limit-logical", "Limit (logical)"),
-    growing<LOGICAL_ARRAY_VARIABLE>(LOGI_ARRAY_MEM, LOGI_ARRAY_TYPE, kArrays, "logical-array", "Logical (array)"),
-    growing<STAT_VARIABLE>(GU_STAT_MEM, STAT_TYPE, kStatistics, "gu-stat", "General Use (statistical)"),
-    growing<STAT_VARIABLE>(DP_STAT_MEM, STAT_TYPE, kStatistics, "dp-stat", "Datapoint (statistical)"),
+    growing<LOGICAL_VARIABLE>(DI_LOGI_MEM, LOGI_TYPE, inputOutput, "digital-input", "Digital Input (logical)"),
+    growing<LOGICAL_VARIABLE>(DO_LOGI_MEM, LOGI_TYPE, inputOutput, "digital-output", "Digital Output (logical)"),
+    growing<LOGICAL_VARIABLE>(LIMIT_LOGI_MEM, LOGI_TYPE, inputOutput, "limit-logical", "Limit (logical)"),
+    growing<LOGICAL_ARRAY_VARIABLE>(LOGI_ARRAY_MEM, LOGI_ARRAY_TYPE, arrays, "logical-array", "Logical (array)"),
+    growing<STAT_VARIABLE>(GU_STAT_MEM, STAT_TYPE, statistics, "gu-stat", "General Use (statistical)"),
+    growing<STAT_VARIABLE>(DP_STAT_MEM, STAT_TYPE, statistics, "dp-stat", "Datapoint (statistical)"),
     section<COMP_VARIABLE>(PROPERTIES_MEM, COMP_TYPE, 0, 34, "composition", "Gas/Fluid (composition)"),
     section<PROP_VARIABLE>(PROPERTIES_MEM, PROP_TYPE, 70448, 32, "property", "Gas/Fluid (property)"),
     section<EMIS_VARIABLE>(PROPERTIES_MEM, EMIS_TYPE, 377648, 34, "emission", "Emissions"),
-    growing<ALIAS_VARIABLE>(ALIAS_MEM, ALIAS_TYPE, kAliases, "alias", "Aliases"),
+    growing<ALIAS_VARIABLE>(ALIAS_MEM, ALIAS_TYPE, aliases, "alias", "Aliases"),
 }};
 
-constexpr int kKinds = LOGI_ARRAY_TYPE + 1;
+constexpr int kinds = LOGI_ARRAY_TYPE + 1;
 
-constexpr auto kNumbers = [] {
-    std::array<std::array<signed char, kKinds>, MAX_NUM_SHRD_MEM> numbers{};
+constexpr auto numberTable = [] {
+    std::array<std::array<signed char, kinds>, MAX_NUM_SHRD_MEM> numbers{};
     for (auto& row : numbers)
         row.fill(-1);
-    for (int i = 0; i < kSections; ++i)
-        numbers[static_cast<size_t>(kTable[static_cast<size_t>(i)].area)]
-               [static_cast<size_t>(kTable[static_cast<size_t>(i)].kind)] = static_cast<signed char>(i);
+    for (int i = 0; i < storeSections; ++i)
+        numbers[static_cast<size_t>(sectionTable[static_cast<size_t>(i)].area)]
+               [static_cast<size_t>(sectionTable[static_cast<size_t>(i)].kind)] = static_cast<signed char>(i);
     return numbers;
 }();
 
@@ -87,8 +87,8 @@ constexpr CommonFields fieldsOf() {
     return {offsetof(Record, label), offsetof(Record, active), offsetof(Record, shm_id), offsetof(Record, index)};
 }
 
-constexpr auto kFields = [] {
-    std::array<CommonFields, kKinds> fields{};
+constexpr auto fieldTable = [] {
+    std::array<CommonFields, kinds> fields{};
     fields[REAL_TYPE] = fieldsOf<REAL_VARIABLE>();
     fields[INT_TYPE] = fieldsOf<INTEGER_VARIABLE>();
     fields[LOGI_TYPE] = fieldsOf<LOGICAL_VARIABLE>();
@@ -109,9 +109,9 @@ constexpr auto kFields = [] {
 }  // namespace
 
 int sectionNumber(int area, int kind) {
-    if (area < 0 || area >= MAX_NUM_SHRD_MEM || kind < 0 || kind >= kKinds)
+    if (area < 0 || area >= MAX_NUM_SHRD_MEM || kind < 0 || kind >= kinds)
         return -1;
-    return kNumbers[static_cast<size_t>(area)][static_cast<size_t>(kind)];
+    return numberTable[static_cast<size_t>(area)][static_cast<size_t>(kind)];
 }
 
 int arraySectionNumber(int kind) {
@@ -121,7 +121,7 @@ int arraySectionNumber(int kind) {
 }
 
 const CommonFields& commonFields(int kind) {
-    return kFields[static_cast<size_t>(kind)];
+    return fieldTable[static_cast<size_t>(kind)];
 }
 
 size_t elementSize(int arrayKind) {
@@ -132,11 +132,11 @@ size_t elementSize(int arrayKind) {
 
 const ostrel_section* ostrel_sections(int* count) {
     if (count)
-        *count = kSections;
-    return kTable.data();
+        *count = storeSections;
+    return sectionTable.data();
 }
 
 const ostrel_section* ostrel_section_of(SM_AREA_ID area, SM_VARI_TYPE kind) {
     const int number = sectionNumber(area, kind);
-    return number < 0 ? nullptr : &kTable[static_cast<size_t>(number)];
+    return number < 0 ? nullptr : &sectionTable[static_cast<size_t>(number)];
 }

@@ -1,19 +1,17 @@
-/*
- * The sections as the library looks them up, and where the common fields of each kind of record lie.
- */
-#ifndef OSTREL_SECTIONS_H
-#define OSTREL_SECTIONS_H
-
-#include <cstddef>
+// The sections as the library looks them up, and where the common fields of each kind of record lie.
+#ifndef OSTREL_STORE_SECTIONS_H
+#define OSTREL_STORE_SECTIONS_H
 
 #include <ostrel/areas.h>
 
-inline constexpr int kSections = 34;
+#include <cstddef>
 
-/* The number of the section of that area and kind in ostrel_sections(), or -1. */
+inline constexpr int storeSections = 34;
+
+// The number of the section of that area and kind in ostrel_sections(), or -1.
 int sectionNumber(int area, int kind);
 
-/* The section that holds all arrays of that kind, or -1 for a kind that is no array. */
+// The section that holds all arrays of that kind, or -1 for a kind that is no array.
 int arraySectionNumber(int kind);
 
 inline constexpr bool isArray(int kind) {
@@ -24,7 +22,7 @@ inline bool hasMembers(int kind) {
     return kind >= STAT_TYPE && kind <= EMIS_TYPE;
 }
 
-/* Offsets in a record of the fields that every kind has under the same name (an alias calls its label `alias`). */
+// Offsets in a record of the fields that every kind has under the same name (an alias calls its label `alias`).
 struct CommonFields {
     size_t label;
     size_t active;
@@ -32,10 +30,10 @@ struct CommonFields {
     size_t index;
 };
 
-/* `kind` is the kind of one of the sections. */
+// `kind` is the kind of one of the sections.
 const CommonFields& commonFields(int kind);
 
-/* Bytes of one element of an array of that kind. */
+// Bytes of one element of an array of that kind.
 size_t elementSize(int arrayKind);
 
 #endif

@@ -1,25 +1,23 @@
-/*
- * One shared memory object, mapped whole: named ("/ostrel-..."), or anonymous for the private store of a process.
- */
-#ifndef OSTREL_SHAREDOBJECT_H
-#define OSTREL_SHAREDOBJECT_H
+// One shared memory object, mapped whole: named ("/ostrel-..."), or anonymous for the private store of a process.
+#ifndef OSTREL_STORE_SHAREDOBJECT_H
+#define OSTREL_STORE_SHAREDOBJECT_H
 
 #include <sys/types.h>
 
 #include <cstddef>
 #include <string>
 
-/* Who may use the objects of a store. */
+// Who may use the objects of a store.
 struct Access {
     mode_t mode = 0600;
     bool hasGroup = false;
     gid_t group = 0;
 };
 
-/* True where that name leads to the object that is open there. */
+// True where that name leads to the object that is open there.
 bool leadsTo(const std::string& name, int fd);
 
-/* Functions with an int result give 0, or the errno of what failed; a failed one leaves the object empty. */
+// Functions with an int result give 0, or the errno of what failed; a failed one leaves the object empty.
 class SharedObject {
 public:
     SharedObject() = default;
@@ -29,26 +27,24 @@ public:
     SharedObject(const SharedObject&) = delete;
     SharedObject& operator=(const SharedObject&) = delete;
 
-    /* A new object, all zero; its pages are not taken from the system before they are used. */
+    // A new object, all zero; its pages are not taken from the system before they are used.
     int create(const std::string& name, size_t size, const Access& access);
     int createAnonymous(const char* purpose, size_t size);
 
-    /*
-     * An object that is there. ENODATA where it has fewer than `size` bytes: a page behind the end must never be
-     * mapped, for touching it would kill the process.
-     */
+    // An object that is there. ENODATA where it has fewer than `size` bytes: a page behind the end must never be
+    // mapped, for touching it would kill the process.
     int open(const std::string& name, size_t size, bool writable);
 
-    /* Takes the pages of that range from the system now, so that a full memory is an error here and no signal later. */
+    // Takes the pages of that range from the system now, so that a full memory is an error here and no signal later.
     int reserve(size_t offset, size_t length) const;
 
-    /* Gives the object another owner group and mode. */
+    // Gives the object another owner group and mode.
     int setAccess(const Access& access) const;
 
-    /* Maps a part of it once more, at that address in place of what is there. */
+    // Maps a part of it once more, at that address in place of what is there.
     int mapOver(void* address, size_t offset, size_t length) const;
 
-    /* True where that name leads to this object. */
+    // True where that name leads to this object.
     bool isNamed(const std::string& name) const { return leadsTo(name, m_fd); }
 
     char* data() const { return m_data; }

@@ -14,10 +14,10 @@
 
 namespace {
 
-constexpr size_t kBlocksBytes = kPrivateBlocks * kPrivateBlockBytes;
-constexpr std::array<std::string_view, 4> kPartSuffixes = {"-elements", "-events", "-blocks", "-writes"};
-constexpr std::string_view kNextGeneration = ".next";
-constexpr std::string_view kLock = ".lock";
+constexpr size_t blocksBytes = privateBlockCount * privateBlockBytes;
+constexpr std::array<std::string_view, 4> partSuffixes = {"-elements", "-events", "-blocks", "-writes"};
+constexpr std::string_view nextGeneration = ".next";
+constexpr std::string_view lock = ".lock";
 
 std::string objectName(const std::string& store, std::string_view suffix) {
     return headerObject(store) + std::string(suffix);
@@ -33,14 +33,14 @@ void forEachPart(Visit visit) {
     visit(std::string());
     for (size_t area = 0; area < MAX_NUM_SHRD_MEM; ++area)
         visit(areaSuffix(area));
-    for (const std::string_view suffix : kPartSuffixes)
+    for (const std::string_view suffix : partSuffixes)
         visit(std::string(suffix));
 }
 
 // Bytes of each area: to the end of its last section, 0 for an area that the store has not.
 std::array<size_t, MAX_NUM_SHRD_MEM> areaSizes(const Capacities& capacities) {
     std::array<size_t, MAX_NUM_SHRD_MEM> sizes{};
-    sizes[SYS_ATTR_MEM] = kPart;
+    sizes[SYS_ATTR_MEM] = partBytes;
     for (size_t i = 0; i < capacities.size(); ++i) {
         const ostrel_section& section = ostrel_sections(nullptr)[i];
         const size_t end = section.start + size_t{capacities[i]} * section.record_size;
@@ -62,15 +62,15 @@ struct ObjectPart {
     size_t size;
 };
 
-std::array<ObjectPart, MAX_NUM_SHRD_MEM + kPartSuffixes.size()> partsBesideHeader(StoreObjects& objects,
-                                                                                  const Capacities& capacities) {
-    std::array<ObjectPart, MAX_NUM_SHRD_MEM + kPartSuffixes.size()> parts;
+std::array<ObjectPart, MAX_NUM_SHRD_MEM + partSuffixes.size()> partsBesideHeader(StoreObjects& objects,
+                                                                                 const Capacities& capacities) {
+    std::array<ObjectPart, MAX_NUM_SHRD_MEM + partSuffixes.size()> parts;
     const auto sizes = areaSizes(capacities);
     for (size_t area = 0; area < sizes.size(); ++area)
         parts[area] = {&objects.areas[area], areaSuffix(area), sizes[area]};
-    parts[MAX_NUM_SHRD_MEM] = {&objects.elements, "-elements", kElementBytes};
+    parts[MAX_NUM_SHRD_MEM] = {&objects.elements, "-elements", elementBytes};
     parts[MAX_NUM_SHRD_MEM + 1] = {&objects.events, "-events", eventMemorySize()};
-    parts[MAX_NUM_SHRD_MEM + 2] = {&objects.blocks, "-blocks", kBlocksBytes};
+    parts[MAX_NUM_SHRD_MEM + 2] = {&objects.blocks, "-blocks", blocksBytes};
     parts[MAX_NUM_SHRD_MEM + 3] = {&objects.writes, "-writes", writesBytes(capacities)};
     return parts;
 }
@@ -86,7 +86,7 @@ int createObject(SharedObject& object, const std::string& store, std::string_vie
 
 void fillRooms(SectionRoom* rooms, const Capacities& capacities) {
     const ostrel_section* sections = ostrel_sections(nullptr);
-    for (int i = 0; i < kSections; ++i) {
+    for (int i = 0; i < storeSections; ++i) {
         rooms[i].area = static_cast<uint16_t>(sections[i].area);
         rooms[i].kind = static_cast<uint16_t>(sections[i].kind);
         rooms[i].capacity = capacities[static_cast<size_t>(i)];
@@ -105,40 +105,40 @@ bool readCapacities(const StoreHeader& header, Capacities& capacities) {
             room.recordSize != section.record_size || capacities[i] == 0 || capacities[i] > INT16_MAX)
             return false;
     }
-    return header.sectionCount == kSections;
+    return header.sectionCount == storeSections;
 }
 
 StoreLook lookAtHeader(const SharedObject& object, Capacities& capacities, std::string& problem) {
     const auto* header = reinterpret_cast<const StoreHeader*>(object.data());
     if (header->magic == 0)
-        return StoreLook::kAbsent;
-    if (header->magic != kMagic) {
+        return StoreLook::Absent;
+    if (header->magic != storeMagic) {
         problem = "is no store";
-        return StoreLook::kDamaged;
+        return StoreLook::Damaged;
     }
-    if (header->layoutVersion != kLayoutVersion) {
+    if (header->layoutVersion != storeLayoutVersion) {
         problem = "has layout version " + std::to_string(header->layoutVersion) + ", this program knows " +
-                  std::to_string(kLayoutVersion);
-        return StoreLook::kDamaged;
+                  std::to_string(storeLayoutVersion);
+        return StoreLook::Damaged;
     }
-    if (header->state.load(std::memory_order_acquire) != kLive)
-        return StoreLook::kAbsent;
+    if (header->state.load(std::memory_order_acquire) != Live)
+        return StoreLook::Absent;
     if (!readCapacities(*header, capacities) || header->eventBytes != eventMemorySize()) {
         problem = "has another layout of its areas";
-        return StoreLook::kDamaged;
+        return StoreLook::Damaged;
     }
-    return StoreLook::kUsable;
+    return StoreLook::Usable;
 }
 
 StoreLook openHeader(SharedObject& header, const std::string& name, Capacities& capacities, std::string& problem) {
-    int error = header.open(headerObject(name), kHeaderObjectBytes, true);
+    int error = header.open(headerObject(name), headerObjectBytes, true);
     if (error == EACCES)
-        error = header.open(headerObject(name), kHeaderObjectBytes, false);
+        error = header.open(headerObject(name), headerObjectBytes, false);
     if (error == ENOENT)
-        return StoreLook::kAbsent;
+        return StoreLook::Absent;
     if (error != 0) {
         problem = error == ENODATA ? "is cut short" : std::strerror(error);
-        return StoreLook::kDamaged;
+        return StoreLook::Damaged;
     }
     return lookAtHeader(header, capacities, problem);
 }
@@ -152,8 +152,8 @@ bool isStoreName(const std::string& name) {
     };
     return !name.empty() && name.size() < sizeof(StoreHeader::name) &&
            std::all_of(name.begin(), name.end(), isAllowed) && name.find("-area") == std::string::npos &&
-           !name.ends_with(kNextGeneration) && !name.ends_with(kLock) &&
-           std::none_of(kPartSuffixes.begin(), kPartSuffixes.end(),
+           !name.ends_with(nextGeneration) && !name.ends_with(lock) &&
+           std::none_of(partSuffixes.begin(), partSuffixes.end(),
                         [&](std::string_view suffix) { return name.ends_with(suffix); });
 }
 
@@ -177,9 +177,9 @@ bool createStoreObjects(StoreObjects& objects, const std::string& name, const Ca
         if (error == 0)
             error = createObject(*part.object, name, part.suffix, part.size, access);
     if (error == 0)
-        error = createObject(objects.header, name, "", kHeaderObjectBytes, access);
+        error = createObject(objects.header, name, "", headerObjectBytes, access);
     if (error == 0)
-        error = objects.header.reserve(0, kIndexOffset);
+        error = objects.header.reserve(0, indexOffset);
     if (error != 0) {
         problem = "cannot make its shared memory: " + std::string(std::strerror(error));
         if (!name.empty())
@@ -193,7 +193,7 @@ bool createStoreObjects(StoreObjects& objects, const std::string& name, const Ca
 StoreLook openStoreObjects(StoreObjects& objects, const std::string& name, std::string& problem) {
     Capacities capacities{};
     const StoreLook look = openHeader(objects.header, name, capacities, problem);
-    if (look != StoreLook::kUsable)
+    if (look != StoreLook::Usable)
         return look;
     const bool writable = objects.header.isWritable();
     for (const ObjectPart& part : partsBesideHeader(objects, capacities)) {
@@ -202,9 +202,9 @@ StoreLook openStoreObjects(StoreObjects& objects, const std::string& name, std::
             problem = "its part " + part.suffix.substr(1) + ": " + std::strerror(error);
     }
     // A store that ends says so before it removes the first part: what was opened while it lives belongs together.
-    if (objects.storeHeader()->state.load(std::memory_order_acquire) != kLive)
-        return StoreLook::kAbsent;
-    return problem.empty() ? StoreLook::kUsable : StoreLook::kDamaged;
+    if (objects.storeHeader()->state.load(std::memory_order_acquire) != Live)
+        return StoreLook::Absent;
+    return problem.empty() ? StoreLook::Usable : StoreLook::Damaged;
 }
 
 void unlinkStoreObjects(const std::string& name) {
@@ -212,7 +212,7 @@ void unlinkStoreObjects(const std::string& name) {
 }
 
 std::string nextGenerationName(const std::string& name) {
-    return name + std::string(kNextGeneration);
+    return name + std::string(nextGeneration);
 }
 
 int replaceStoreObjects(const std::string& name) {

@@ -1,8 +1,6 @@
-/*
- * The shared memory objects of one store: their names, sizes, and what makes them fit together.
- */
-#ifndef OSTREL_STOREOBJECTS_H
-#define OSTREL_STOREOBJECTS_H
+// The shared memory objects of one store: their names, sizes, and what makes them fit together.
+#ifndef OSTREL_STORE_STOREOBJECTS_H
+#define OSTREL_STORE_STOREOBJECTS_H
 
 #include <array>
 #include <string>
@@ -20,46 +18,41 @@ struct StoreObjects {
 
     StoreHeader* storeHeader() const { return reinterpret_cast<StoreHeader*>(header.data()); }
     IndexTable* indexTable(uint64_t version) const {
-        return reinterpret_cast<IndexTable*>(header.data() + kIndexOffset + (version & 1) * kIndexBytes);
+        return reinterpret_cast<IndexTable*>(header.data() + indexOffset + (version & 1) * indexBytes);
     }
 };
 
-/* The room of each section. */
-using Capacities = std::array<uint32_t, kSections>;
+// The room of each section.
+using Capacities = std::array<uint32_t, storeSections>;
 Capacities defaultCapacities();
 
-/* What a look at a store's objects came to. */
+// What a look at a store's objects came to.
 enum class StoreLook {
-    kUsable,
-    kAbsent,  // no store of that name, or none yet, or one that has just ended
-    kDamaged  // something of that name that cannot be used
+    Usable,
+    Absent,  // no store of that name, or none yet, or one that has just ended
+    Damaged  // something of that name that cannot be used
 };
 
-/* True for 1 to 63 letters, digits, points, underscores and hyphens that cannot be taken for a part of another store.
- */
+// True for 1 to 63 letters, digits, points, underscores and hyphens that cannot be taken for a part of another store.
 bool isStoreName(const std::string& name);
 
-/*
- * Makes the objects of a new store, with the header in state kMaking; an empty name makes them anonymous. Objects left
- * over under their names are removed before. False: `problem` says why, and nothing is left behind.
- */
+// Makes the objects of a new store, with the header in state Making; an empty name makes them anonymous. Objects left
+// over under their names are removed before. False: `problem` says why, and nothing is left behind.
 bool createStoreObjects(StoreObjects& objects, const std::string& name, const Capacities& capacities,
                         const Access& access, std::string& problem);
 
-/* Maps the objects of the store of that name, for reading only where writing is not allowed. */
+// Maps the objects of the store of that name, for reading only where writing is not allowed.
 StoreLook openStoreObjects(StoreObjects& objects, const std::string& name, std::string& problem);
 
-/*
- * The name under which the next generation of a store is made, and its move to the name of the store, whose own objects
- * lose theirs. At every instant the name leads to the one store, to none or to the other, never to parts of both.
- */
+// The name under which the next generation of a store is made, and its move to the name of the store, whose own objects
+// lose theirs. At every instant the name leads to the one store, to none or to the other, never to parts of both.
 std::string nextGenerationName(const std::string& name);
 int replaceStoreObjects(const std::string& name);
 
-/* Takes the store's objects out of the name space. Who has them mapped keeps them. */
+// Takes the store's objects out of the name space. Who has them mapped keeps them.
 void unlinkStoreObjects(const std::string& name);
 
-/* The object of the store's header. */
+// The object of the store's header.
 std::string headerObject(const std::string& name);
 
 #endif

@@ -1,9 +1,9 @@
+#include <ostrel/store.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
-
-#include <ostrel/store.h>
 
 #include "processidentity.h"
 #include "store/currentstore.h"

@@ -1,3 +1,7 @@
+#include <ostrel/events.h>
+#include <ostrel/records.h>
+#include <ostrel/store.h>
+
 #include <atomic>
 #include <bit>
 #include <climits>
@@ -5,10 +9,6 @@
 #include <cstring>
 #include <ctime>
 #include <optional>
-
-#include <ostrel/events.h>
-#include <ostrel/records.h>
-#include <ostrel/store.h>
 
 #include "processidentity.h"
 #include "rawnumber.h"
@@ -90,7 +90,7 @@ short admit(const WriteTarget& target) {
     if (isServersOwn(target))
         return OSTREL_STORED;
     const uint64_t flags = target.store->rule(target.section, target.index).flags.load(std::memory_order_acquire);
-    return (flags & kRuleLocked) != 0 ? OSTREL_NOT_WRITABLE : OSTREL_STORED;
+    return (flags & ruleLocked) != 0 ? OSTREL_NOT_WRITABLE : OSTREL_STORED;
 }
 
 short admit(const WriteTarget& target, double value) {
@@ -101,7 +101,7 @@ short admit(const WriteTarget& target, double value) {
     const uint64_t flags = rule.flags.load(std::memory_order_acquire);
     const auto min = std::bit_cast<double>(rule.min.load(std::memory_order_relaxed));
     const auto max = std::bit_cast<double>(rule.max.load(std::memory_order_relaxed));
-    const bool isOutside = ((flags & kRuleMin) != 0 && value < min) || ((flags & kRuleMax) != 0 && value > max);
+    const bool isOutside = ((flags & ruleMin) != 0 && value < min) || ((flags & ruleMax) != 0 && value > max);
     return isOutside ? OSTREL_OUTSIDE : OSTREL_STORED;
 }
 

@@ -26,7 +26,7 @@ uint64_t checkOf(uint64_t number, const WriteNoteWords& words) {
 
 void publishNote(WriteMemory& memory, const WriteNote& note) {
     const uint64_t number = memory.taken.fetch_add(1, std::memory_order_relaxed) + 1;
-    WriteEntry& entry = memory.entries[(number - 1) % kWriteEntries];
+    WriteEntry& entry = memory.entries[(number - 1) % writeEntries];
     entry.sequence.store(2 * number - 1, std::memory_order_relaxed);
     // Released one by one: who sees a word of the new note sees the mark too.
     const auto words = std::bit_cast<WriteNoteWords>(note);
@@ -48,7 +48,7 @@ bool isText(uint16_t kind) {
 }
 
 template <size_t size>
-void describeValue(char (&to)[size], const char (&value)[kWrittenBytes], uint16_t kind) {
+void describeValue(char (&to)[size], const char (&value)[writtenBytes], uint16_t kind) {
     if (isText(kind)) {
         copyText(to, value, sizeof value);
         return;
@@ -110,23 +110,23 @@ void noteWrite(const WriteTarget& target, const WrittenBytes& former, const Writ
 }
 
 NoteState readNote(const WriteMemory& memory, uint64_t number, WriteNote& note) {
-    const WriteEntry& entry = memory.entries[(number - 1) % kWriteEntries];
+    const WriteEntry& entry = memory.entries[(number - 1) % writeEntries];
     const uint64_t before = entry.sequence.load(std::memory_order_acquire);
     if (before != 2 * number)
-        return before < 2 * number ? NoteState::kUnderWay : NoteState::kLost;
+        return before < 2 * number ? NoteState::UnderWay : NoteState::Lost;
     WriteNoteWords words;
     for (size_t i = 0; i < words.size(); ++i)
         words[i] = entry.words[i].load(std::memory_order_acquire);
     const uint64_t check = entry.check.load(std::memory_order_acquire);
     if (entry.sequence.load(std::memory_order_relaxed) != before || check != checkOf(number, words))
-        return NoteState::kLost;
+        return NoteState::Lost;
     note = std::bit_cast<WriteNote>(words);
-    return NoteState::kWhole;
+    return NoteState::Whole;
 }
 
 uint64_t oldestKept(const WriteMemory& memory) {
     const uint64_t taken = memory.taken.load(std::memory_order_acquire);
-    return taken > kWriteEntries ? taken - kWriteEntries + 1 : 1;
+    return taken > writeEntries ? taken - writeEntries + 1 : 1;
 }
 
 ostrel_write describeNote(uint64_t number, const WriteNote& note) {
@@ -163,7 +163,7 @@ short int ostrel_next_write(uint64_t after, ostrel_write* write) {
     const uint64_t taken = memory->taken.load(std::memory_order_acquire);
     for (uint64_t number = std::max(after, oldestKept(*memory) - 1); number < taken;) {
         WriteNote note{};
-        if (readNote(*memory, ++number, note) != NoteState::kWhole)
+        if (readNote(*memory, ++number, note) != NoteState::Whole)
             continue;
         *write = describeNote(number, note);
         copyText(write->user, userName(note.uid).c_str(), sizeof write->user);

@@ -1,17 +1,15 @@
-/*
- * The list of writes in a store: noting one, and reading them.
- */
-#ifndef OSTREL_WRITELOG_H
-#define OSTREL_WRITELOG_H
-
-#include <string>
+// The list of writes in a store: noting one, and reading them.
+#ifndef OSTREL_STORE_WRITELOG_H
+#define OSTREL_STORE_WRITELOG_H
 
 #include <ostrel/store.h>
+
+#include <string>
 
 #include "store/attachment.h"
 #include "store/writelayout.h"
 
-/* Where a write went. */
+// Where a write went.
 struct WriteTarget {
     const Attachment* store;
     int section;
@@ -19,27 +17,27 @@ struct WriteTarget {
     uint32_t element;  // of an array, its number + 1
 };
 
-/* A value as it stands in a note. */
-using WrittenBytes = std::array<char, kWrittenBytes>;
+// A value as it stands in a note.
+using WrittenBytes = std::array<char, writtenBytes>;
 WrittenBytes writtenNumber(double value);
 WrittenBytes writtenText(const char* text, size_t longest);
 
-/* Notes a write of this process, stored or refused. */
+// Notes a write of this process, stored or refused.
 void noteWrite(const WriteTarget& target, const WrittenBytes& former, const WrittenBytes& value, short refusal);
 
 enum class NoteState {
-    kWhole,
-    kUnderWay,  // its writer has not come to an end yet, or was killed
-    kLost       // another one has taken its place
+    Whole,
+    UnderWay,  // its writer has not come to an end yet, or was killed
+    Lost       // another one has taken its place
 };
 
-/* The note of that number, from 1. */
+// The note of that number, from 1.
 NoteState readNote(const WriteMemory& memory, uint64_t number, WriteNote& note);
 
-/* The first number that may still be there. */
+// The first number that may still be there.
 uint64_t oldestKept(const WriteMemory& memory);
 
-/* The note for people; without the name of the user. */
+// The note for people; without the name of the user.
 ostrel_write describeNote(uint64_t number, const WriteNote& note);
 std::string userName(uid_t uid);
 

@@ -6,40 +6,36 @@
 namespace {
 
 bool isStraight(const cv_converter* curve, double slope, double offset) {
-    if (!std::isfinite(slope) || !std::isfinite(offset)) {
+    if (!std::isfinite(slope) || !std::isfinite(offset))
         return false;
-    }
     for (double x : {1.0, -3.5, 1e3, -1e9}) {
         const double error = cv_convert_double(curve, x) - (slope * x + offset);
         // written so that a value that is no number makes it false
-        if (!(std::fabs(error) <= 1e-12 * (std::fabs(slope * x) + std::fabs(offset)))) {
+        if (!(std::fabs(error) <= 1e-12 * (std::fabs(slope * x) + std::fabs(offset))))
             return false;
-        }
     }
     return true;
 }
 
 UnitsConverter converterOf(ConverterPtr curve) {
     UnitsConverter converter;
-    if (!curve) {
+    if (!curve)
         return converter;
-    }
     converter.possible = true;
     converter.offset = cv_convert_double(curve.get(), 0);
     // Beside an offset the slope is taken far away from zero, where the offset no longer takes digits from it.
     const double x = converter.offset == 0 ? 1 : 0x1p40;
     converter.slope = (cv_convert_double(curve.get(), x) - converter.offset) / x;
-    if (!isStraight(curve.get(), converter.slope, converter.offset)) {
+    if (!isStraight(curve.get(), converter.slope, converter.offset))
         converter.curve = std::move(curve);
-    }
     return converter;
 }
 
 }  // namespace
 
 UnitsConverters::UnitsConverters(const UnitsCatalogue& catalogue) {
-    for (std::size_t group = 0; group < catalogue.groupCount(); ++group) {
-        const std::size_t side = catalogue.group(group).size();
+    for (size_t group = 0; group < catalogue.groupCount(); ++group) {
+        const size_t side = catalogue.group(group).size();
         m_grids.push_back({side, std::vector<std::atomic<const UnitsConverter*>>(side * side)});
     }
 }

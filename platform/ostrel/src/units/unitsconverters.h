@@ -1,9 +1,7 @@
-/*
- * The converters between the keywords of each group, made when they are first asked for and kept to the end of the
- * process. Every displayed value of a widget with units of its own passes here at each sample, from any thread.
- */
-#ifndef OSTREL_UNITSCONVERTERS_H
-#define OSTREL_UNITSCONVERTERS_H
+// The converters between the keywords of each group, made when they are first asked for and kept to the end of the
+// process. Every displayed value of a widget with units of its own passes here at each sample, from any thread.
+#ifndef OSTREL_UNITS_UNITSCONVERTERS_H
+#define OSTREL_UNITS_UNITSCONVERTERS_H
 
 #include <atomic>
 #include <cstddef>
@@ -14,7 +12,7 @@
 #include "units/unitscatalogue.h"
 #include "units/unitsdatabase.h"
 
-/* A straight line, as nearly every conversion is, or a curve that UDUNITS computes, such as a logarithm. */
+// A straight line, as nearly every conversion is, or a curve that UDUNITS computes, such as a logarithm.
 struct UnitsConverter {
     bool possible = false;
     double slope = 1;
@@ -30,7 +28,7 @@ class UnitsConverters {
 public:
     explicit UnitsConverters(const UnitsCatalogue& catalogue);
 
-    /* Both units must be of one group. The result is constant and stays good. */
+    // Both units must be of one group. The result is constant and stays good.
     const UnitsConverter& between(const Unit& from, const Unit& to) {
         Grid& grid = m_grids[from.group];
         std::atomic<const UnitsConverter*>& cell = grid.cells[from.position * grid.side + to.position];
@@ -40,9 +38,9 @@ public:
     }
 
 private:
-    /* One cell for each pair of keywords of a group. */
+    // One cell for each pair of keywords of a group.
     struct Grid {
-        std::size_t side;
+        size_t side;
         std::vector<std::atomic<const UnitsConverter*>> cells;
     };
 

@@ -13,7 +13,7 @@ using UnitPtr = std::unique_ptr<ut_unit, FreeUnit>;
 
 std::mutex mutex;
 
-/* Read once and kept to the end of the process; null where it cannot be read. Called with the lock. */
+// Read once and kept to the end of the process; null where it cannot be read. Called with the lock.
 ut_system* database() {
     static ut_system* const system = [] {
         ut_set_error_message_handler(ut_ignore);

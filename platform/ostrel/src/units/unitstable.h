@@ -1,16 +1,14 @@
-/*
- * The built-in unit keywords: what cell engineers call a unit, its code, the group of keywords that it converts to,
- * and what it is to UDUNITS.
- *
- * Codes stand in records and in files of sites: a code is never changed and never used again for another keyword. Each
- * group has a hundred of its own, sites have those from kFirstSiteCode on. Keywords of a group are listed to operators
- * in the order below, so the usual ones stand first; a units menu has room for thirty.
- *
- * UDUNITS gives some customary units in seven digits only. Where its name is not exact the expression spells out the
- * definition: 231 in3 for the gallon, 550 ft.lbf/s for the horsepower.
- */
-#ifndef OSTREL_UNITSTABLE_H
-#define OSTREL_UNITSTABLE_H
+// The built-in unit keywords: what cell engineers call a unit, its code, the group of keywords that it converts to,
+// and what it is to UDUNITS.
+//
+// Codes stand in records and in files of sites: a code is never changed and never used again for another keyword. Each
+// group has a hundred of its own, sites have those from firstSiteCode on. Keywords of a group are listed to operators
+// in the order below, so the usual ones stand first; a units menu has room for thirty.
+//
+// UDUNITS gives some customary units in seven digits only. Where its name is not exact the expression spells out the
+// definition: 231 in3 for the gallon, 550 ft.lbf/s for the horsepower.
+#ifndef OSTREL_UNITS_UNITSTABLE_H
+#define OSTREL_UNITS_UNITSTABLE_H
 
 #include <string_view>
 
@@ -26,12 +24,12 @@ struct UnitKeyword {
     std::string_view expression;
 };
 
-inline constexpr int kFirstSiteCode = 10000;
-inline constexpr std::size_t kMaxKeyword = 15;
-inline constexpr std::string_view kNoDimension = "NONE";
+inline constexpr int firstSiteCode = 10000;
+inline constexpr size_t maxKeyword = 15;
+inline constexpr std::string_view noDimension = "NONE";
 
-inline constexpr UnitGroup kUnitGroups[] = {
-    {kNoDimension, "No dimension"},
+inline constexpr UnitGroup unitGroups[] = {
+    {noDimension, "No dimension"},
     {"RATIO", "Ratio and volume concentration"},
     {"HYDROCARBON", "Hydrocarbon concentration by carbon atoms"},
     {"MASS_RATIO", "Mass ratio and humidity"},
@@ -115,7 +113,7 @@ inline constexpr UnitGroup kUnitGroups[] = {
     {"ACIDITY", "Acidity"},
 };
 
-inline constexpr UnitKeyword kUnitKeywords[] = {
+inline constexpr UnitKeyword unitKeywords[] = {
     {"NONE", 1, "NONE", "1"},
     {"UNITLESS", 2, "NONE", "1"},
 
@@ -634,25 +632,22 @@ inline constexpr UnitKeyword kUnitKeywords[] = {
     {"PH", 8101, "ACIDITY", "1"},
 };
 
-/* What the table promises, checked when it is compiled. */
+// What the table promises, checked when it is compiled.
 consteval bool unitTableIsSound() {
-    std::size_t group = 0;
-    int last_code = 0;
-    for (const UnitKeyword& row : kUnitKeywords) {
-        while (row.group != kUnitGroups[group].name) {
+    size_t group = 0;
+    int lastCode = 0;
+    for (const UnitKeyword& row : unitKeywords) {
+        while (row.group != unitGroups[group].name) {
             ++group;  // beyond the end for a group that is not listed or not in order, which does not compile
         }
-        if (row.code <= last_code || row.code / 100 != static_cast<int>(group) || row.code >= kFirstSiteCode) {
+        if (row.code <= lastCode || row.code / 100 != static_cast<int>(group) || row.code >= firstSiteCode)
             return false;
-        }
-        last_code = row.code;
-        if (row.keyword.empty() || row.keyword.size() > kMaxKeyword) {
+        lastCode = row.code;
+        if (row.keyword.empty() || row.keyword.size() > maxKeyword)
             return false;
-        }
         for (char c : row.keyword) {
-            if (c <= ' ' || c > '~' || (c >= 'a' && c <= 'z')) {
+            if (c <= ' ' || c > '~' || (c >= 'a' && c <= 'z'))
                 return false;
-            }
         }
     }
     return true;

@@ -1,1 +1,6 @@
+#ifndef OSTREL_TESTS_ROOMS_FAULTS_HIGH_HIGH_H
+#define OSTREL_TESTS_ROOMS_FAULTS_HIGH_HIGH_H
+
 #include "low/low.h"
+
+#endif
