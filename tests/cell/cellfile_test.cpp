@@ -9,6 +9,7 @@
 
 #include "celltest.h"
 #include "names.h"
+#include "paths.h"
 
 using namespace ostrelcell;
 
@@ -344,7 +345,7 @@ TEST(CellFile, NothingIsRightWithAnEmptyFile) {
 
 // The demo is cut after each of its lines: whatever comes of it, it must be told and not crash.
 TEST(CellFile, SurvivesTheDemoCutAnywhere) {
-    std::ifstream stream(DEMO_CELL_FILE);
+    std::ifstream stream(std::string(paths::sources) + "/demo-cell/cell.toml");
     std::string text;
     int lines = 0;
     for (std::string line; std::getline(stream, line) && lines < 150; ++lines) {
@@ -359,8 +360,8 @@ TEST(CellFile, SurvivesTheDemoCutAnywhere) {
 TEST(CellFile, FindsNoMistakeInTheDemo) {
     CellModel model;
     Simulation simulation;
-    Diagnostics diagnostics(DEMO_CELL_FILE);
-    readCellFile(DEMO_CELL_FILE, model, simulation, diagnostics);
+    Diagnostics diagnostics(std::string(paths::sources) + "/demo-cell/cell.toml");
+    readCellFile(std::string(paths::sources) + "/demo-cell/cell.toml", model, simulation, diagnostics);
     EXPECT_EQ(diagnostics.text(), "");
     EXPECT_GE(model.variables.size(), 150U);
 }

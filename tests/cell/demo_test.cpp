@@ -2,13 +2,14 @@
 #include <fstream>
 #include <sstream>
 
+#include "paths.h"
 #include "servedtest.h"
 
 namespace {
 
 std::string demo() {
     std::ostringstream text;
-    text << std::ifstream(DEMO_CELL_FILE).rdbuf();
+    text << std::ifstream(std::string(paths::sources) + "/demo-cell/cell.toml").rdbuf();
     return text.str();
 }
 

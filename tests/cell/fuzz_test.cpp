@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "cellfile.h"
+#include "paths.h"
 
 using namespace ostrelcell;
 
@@ -198,7 +199,7 @@ TEST(CellFuzz, TakesTheCellThatItStartsFrom) {
 }
 
 TEST(CellFuzz, RefusesOrTakesWhole) {
-    const std::string demo = readFile(DEMO_CELL_FILE);
+    const std::string demo = readFile(std::string(paths::sources) + "/demo-cell/cell.toml");
     ASSERT_FALSE(demo.empty());
     const uint64_t first = fromEnvironment("CELL_FUZZ_FIRST", 1);
     const uint64_t runs = fromEnvironment("CELL_FUZZ_RUNS", 20'000);
@@ -214,7 +215,7 @@ TEST(CellFuzz, RefusesOrTakesWhole) {
 class CellFuzzFound : public testing::TestWithParam<uint64_t> {};
 
 TEST_P(CellFuzzFound, StaysRepaired) {
-    take(input(GetParam(), readFile(DEMO_CELL_FILE)));
+    take(input(GetParam(), readFile(std::string(paths::sources) + "/demo-cell/cell.toml")));
 }
 
 // Letters outside of quotes: what the parser makes of them is not defined in every release.

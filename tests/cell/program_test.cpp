@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "celltest.h"
+#include "paths.h"
 #include "process.h"
 
 namespace {
@@ -14,9 +15,7 @@ class Program : public CellTest {
 protected:
     Program() { ostrel_store_open(m_store.c_str(), nullptr, nullptr, 0); }
 
-    std::vector<std::string> command(const std::string& file) const {
-        return {OSTREL_CELL_PROGRAM, file, "--store", m_store};
-    }
+    std::vector<std::string> command(const std::string& file) const { return {paths::cell, file, "--store", m_store}; }
 
     bool storeExists() const { return std::filesystem::exists("/dev/shm/ostrel-" + m_store); }
 
@@ -323,29 +322,29 @@ TEST_F(Program, ShowsThatItLivesMoreOftenThanItScans) {
 
 TEST_F(Program, ChecksAFile) {
     const std::string file = write(simple);
-    Process good({OSTREL_CELL_PROGRAM, "--check", file});
+    Process good({paths::cell, "--check", file});
     EXPECT_EQ(good.wait(), 0);
     EXPECT_EQ(good.output(), "ostrel-cell: " + file + ": no mistakes; cell test, 3 variables, 0 aliases\n");
     write(simple + "x = 1\n");
-    Process bad({OSTREL_CELL_PROGRAM, "--check", file});
+    Process bad({paths::cell, "--check", file});
     EXPECT_EQ(bad.wait(), 1);
     EXPECT_EQ(bad.errors(), file + ":10: real.CLOCK: unknown key \"x\"\n");
 }
 
 TEST_F(Program, ExplainsItself) {
-    Process help({OSTREL_CELL_PROGRAM, "--help"});
+    Process help({paths::cell, "--help"});
     EXPECT_EQ(help.wait(), 0);
     for (const char* word : {"--store", "--check", "--version", "SIGHUP", "FILE"})
         EXPECT_NE(help.output().find(word), std::string::npos) << word;
-    Process version({OSTREL_CELL_PROGRAM, "--version"});
+    Process version({paths::cell, "--version"});
     EXPECT_EQ(version.wait(), 0);
-    EXPECT_EQ(version.output(), "ostrel-cell " OSTREL_VERSION "\n");
+    EXPECT_EQ(version.output(), std::string("ostrel-cell ") + paths::version + "\n");
 }
 
 TEST_F(Program, EndsWithTwoOnWrongUsage) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{}, {"--nonsense", "x"}, {"a.toml", "b.toml"}, {"a.toml", "--store"}}) {
-        std::vector<std::string> words = {OSTREL_CELL_PROGRAM};
+        std::vector<std::string> words = {paths::cell};
         words.insert(words.end(), arguments.begin(), arguments.end());
         Process cell(words);
         EXPECT_EQ(cell.wait(), 2);

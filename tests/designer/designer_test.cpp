@@ -12,6 +12,8 @@
 #include <QThread>
 #include <functional>
 
+#include "paths.h"
+
 namespace {
 
 constexpr int limit = 60000;
@@ -21,8 +23,8 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(m_folder.isValid());
         ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("plugins/designer")));
-        install(QStringLiteral(PLUGIN_LIBRARY));
-        install(QStringLiteral(WITNESS_LIBRARY));
+        install(QString(paths::plugin));
+        install(QStringLiteral(paths::designerWitness));
         write(QStringLiteral("blank.ui"),
               "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\"><property "
               "name=\"geometry\"><rect><x>0</x><y>0</y><width>400</width><height>300</height></rect></property>"
@@ -61,7 +63,7 @@ protected:
     }
 
     void open(const QString& form) {
-        m_designer.start(QStringLiteral(DESIGNER), {path(form)});
+        m_designer.start(QString(paths::designer), {path(form)});
         ASSERT_TRUE(m_designer.waitForStarted());
     }
 

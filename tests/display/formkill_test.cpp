@@ -9,6 +9,9 @@
 #include <QThread>
 #include <QtTest>
 
+#include "paths.h"
+#include "qttests.h"
+
 class FormKillTest : public QObject {
     Q_OBJECT
 
@@ -50,7 +53,7 @@ void FormKillTest::killedWhileSavingLeavesTheOldOrTheNewForm() {
     for (int i = 0; i < kills; ++i) {
         const QByteArray before = content();
         QProcess saver;
-        saver.start(FORM_SAVER, {m_path});
+        saver.start(paths::formSaver, {m_path});
         QVERIFY(saver.waitForReadyRead());
         QThread::usleep(QRandomGenerator::global()->bounded(20000));
         saver.kill();
@@ -68,7 +71,7 @@ void FormKillTest::killedWhileSavingLeavesTheOldOrTheNewForm() {
 
 QString FormKillTest::saveOnce(const QString& how) {
     QProcess saver;
-    saver.start(FORM_SAVER, {m_path, how});
+    saver.start(paths::formSaver, {m_path, how});
     saver.waitForFinished();
     return saver.exitCode() == 1 ? QString::fromLocal8Bit(saver.readAllStandardOutput()).trimmed()
                                  : QStringLiteral("exit status %1").arg(saver.exitCode());
@@ -92,5 +95,5 @@ void FormKillTest::folderWithoutPermissionKeepsTheOldFormAndTheChanges() {
     QCOMPARE(content(), m_original);
 }
 
-QTEST_GUILESS_MAIN(FormKillTest)
+OSTREL_TEST_WITHOUT_SCREEN(FormKillTest)
 #include "formkill_test.moc"

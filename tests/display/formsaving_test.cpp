@@ -13,6 +13,7 @@
 #include "kindswidget.h"
 #include "ostrel-display/formchanges.h"
 #include "ostrel-display/uifilewriter.h"
+#include "qttests.h"
 
 namespace {
 
@@ -685,5 +686,5 @@ void FormSavingTest::packedRubbishIsRefused() {
     QVERIFY(!later.isDirty());
 }
 
-QTEST_MAIN(FormSavingTest)
+OSTREL_TEST(FormSavingTest)
 #include "formsaving_test.moc"

@@ -19,6 +19,7 @@
 #include <memory>
 
 #include "ostrel/storefixture.h"
+#include "qttests.h"
 #include "whenopened.h"
 
 namespace {
@@ -562,5 +563,5 @@ void GroupEditorTest::aDiscardedChangeIsGone() {
     QCOMPARE(table(), QString("SPEED TORQUE / NOBODY"));
 }
 
-QTEST_MAIN(GroupEditorTest)
+OSTREL_TEST(GroupEditorTest)
 #include "groupeditor_test.moc"

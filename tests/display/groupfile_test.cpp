@@ -13,6 +13,8 @@
 #include <csignal>
 #include <random>
 
+#include "qttests.h"
+
 namespace {
 
 const QByteArray written =
@@ -396,5 +398,5 @@ void GroupFileTest::aDeviceIsNotReplaced() {
     QVERIFY(!reason.isEmpty());
 }
 
-QTEST_GUILESS_MAIN(GroupFileTest)
+OSTREL_TEST_WITHOUT_SCREEN(GroupFileTest)
 #include "groupfile_test.moc"

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include "ostrel-display/formchanges.h"
+#include "qttests.h"
 
 namespace {
 
@@ -137,5 +138,5 @@ void UIFileWriterTest::remembersWithoutAFile() {
     QCOMPARE(changesOf(writer)->value(units), QVariant("degC"));
 }
 
-QTEST_MAIN(UIFileWriterTest)
+OSTREL_TEST(UIFileWriterTest)
 #include "uifilewriter_test.moc"

@@ -3,6 +3,8 @@
 #include <QtTest>
 #include <memory>
 
+#include "paths.h"
+#include "qttests.h"
 #include "screen.h"
 #include "testcell.h"
 
@@ -60,8 +62,8 @@ void FormEditingTest::init() {
     QVERIFY(m_cell->start());
     m_folder = std::make_unique<QTemporaryDir>();
     m_form = m_folder->filePath("engine.ui");
-    m_original = contentOf(E2E_FORM);
-    QVERIFY(QFile::copy(E2E_FORM, m_form));
+    m_original = contentOf(QString(paths::sources) + "/tests/e2e/forms/engine.ui");
+    QVERIFY(QFile::copy(QString(paths::sources) + "/tests/e2e/forms/engine.ui", m_form));
     m_screen = std::make_unique<Screen>();
 }
 
@@ -74,7 +76,7 @@ void FormEditingTest::cleanup() {
 }
 
 bool FormEditingTest::openDisplay(const QString& size) {
-    return m_screen->start(OSTREL_DISPLAY_PROGRAM, {"--geometry", size + "+40+40", m_form});
+    return m_screen->start(paths::display, {"--geometry", size + "+40+40", m_form});
 }
 
 bool FormEditingTest::chooseFromMenu(const QString& name, const QString& entry) {
@@ -138,8 +140,8 @@ void FormEditingTest::changesOfAnOperatorEndUpInTheFormAlone() {
     QVERIFY(hasBothChanges(*m_screen));
     QVERIFY(m_screen->hides(changesField));
     Screen designer;
-    QVERIFY(designer.install(PLUGIN_LIBRARY));
-    QVERIFY(designer.start(DESIGNER, {m_form}));
+    QVERIFY(designer.install(paths::plugin));
+    QVERIFY(designer.start(paths::designer, {m_form}));
     QVERIFY2(hasBothChanges(designer), qPrintable(designer.toText()));
 }
 
@@ -172,5 +174,5 @@ void FormEditingTest::numberOfChangesIsLegibleInANarrowWindow() {
     QVERIFY(m_screen->showsWhole(changesField));
 }
 
-QTEST_GUILESS_MAIN(FormEditingTest)
+OSTREL_TEST_WITHOUT_SCREEN(FormEditingTest)
 #include "formediting_test.moc"

@@ -2,6 +2,8 @@
 #include <QtTest>
 #include <memory>
 
+#include "paths.h"
+#include "qttests.h"
 #include "screen.h"
 #include "testcell.h"
 
@@ -40,8 +42,9 @@ void LocksTest::cleanup() {
 }
 
 bool LocksTest::open(const QStringList& options) {
-    return m_screen->start(OSTREL_DISPLAY_PROGRAM,
-                           options + QStringList{"--geometry", "400x300+40+40", QStringLiteral(E2E_FORM)}) &&
+    return m_screen->start(paths::display,
+                           options + QStringList{"--geometry", "400x300+40+40",
+                                                 QString(paths::sources) + "/tests/e2e/forms/engine.ui"}) &&
            m_screen->says("widget:.*/speed/.*value", "1500.2") && m_screen->says("widget:.*/cycles/.*value", "42");
 }
 
@@ -100,5 +103,5 @@ void LocksTest::unitsThatAreNotLockedCanBeChosen() {
     QVERIFY(m_screen->shows("widget:UnitsDialog"));
 }
 
-QTEST_GUILESS_MAIN(LocksTest)
+OSTREL_TEST_WITHOUT_SCREEN(LocksTest)
 #include "locks_test.moc"

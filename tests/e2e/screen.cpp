@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include "paths.h"
+
 namespace {
 
 constexpr int patience = 30000;  // ms
@@ -31,7 +33,8 @@ bool matches(const QString& pattern, const QString& text) {
 Screen::Screen() {
     QDir(m_folder.path()).mkpath(QStringLiteral("plugins/designer"));
     QDir(m_folder.path()).mkpath(QStringLiteral("plugins/generic"));
-    QFile::link(QStringLiteral(WITNESS_LIBRARY), m_folder.filePath(QStringLiteral("plugins/generic/libwitness.so")));
+    QFile::link(QStringLiteral(paths::screenWitness),
+                m_folder.filePath(QStringLiteral("plugins/generic/libwitness.so")));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), m_folder.filePath(QStringLiteral("plugins")));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("screenwitness"));

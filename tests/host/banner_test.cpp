@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "frozenveil.h"
+#include "qttests.h"
 
 namespace {
 
@@ -115,5 +116,5 @@ void BannerTest::veilFollowsTheSize() {
     QCOMPARE(veil.size(), QSize(400, 300));
 }
 
-QTEST_MAIN(BannerTest)
+OSTREL_TEST(BannerTest)
 #include "banner_test.moc"

@@ -3,6 +3,8 @@
 #include <QtTest>
 #include <cstring>
 
+#include "qttests.h"
+
 namespace {
 
 const QDateTime now(QDate(2026, 3, 4), QTime(14, 3, 39));
@@ -109,5 +111,5 @@ void CellStateTest::anotherConfigurationIsNoticed() {
     QVERIFY(!sameConfiguration(state(0, 0, -1), bound));
 }
 
-QTEST_GUILESS_MAIN(CellStateTest)
+OSTREL_TEST_WITHOUT_SCREEN(CellStateTest)
 #include "cellstate_test.moc"

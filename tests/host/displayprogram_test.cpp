@@ -4,13 +4,15 @@
 #include <QtTest>
 #include <csignal>
 
+#include "paths.h"
+#include "qttests.h"
 #include "testcell.h"
 
 namespace {
 
 constexpr int patience = 60000;  // ms
 
-const QString liveForm = QStringLiteral(HOST_TEST_FILES "/live.ui");
+const QString liveForm = QString(paths::sources) + "/tests/host/forms/live.ui";
 
 struct Outcome {
     int status = -1;
@@ -24,7 +26,7 @@ Outcome run(const QStringList& words, const QStringList& without = {}) {
     for (const QString& variable : without)
         environment.remove(variable);
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(OSTREL_DISPLAY_PROGRAM), words);
+    program.start(QString(paths::display), words);
     if (!program.waitForFinished(patience) || program.exitStatus() != QProcess::NormalExit)
         return {};
     return {program.exitCode(), QString::fromLocal8Bit(program.readAllStandardOutput()),
@@ -219,8 +221,7 @@ void DisplayProgramTest::signalEndsIt() {
     QVERIFY(m_cell->start());
     QProcess program;
     // The picture is hours away: the display is one that stays open.
-    program.start(QStringLiteral(OSTREL_DISPLAY_PROGRAM),
-                  {"--screenshot", m_cell->file("late.png"), "--after", "3600000", liveForm});
+    program.start(QString(paths::display), {"--screenshot", m_cell->file("late.png"), "--after", "3600000", liveForm});
     QVERIFY(program.waitForStarted(patience));
     QTRY_VERIFY_WITH_TIMEOUT(m_cell->isAttached("tmr-50"), patience);
     ::kill(static_cast<pid_t>(program.processId()), number);
@@ -230,5 +231,5 @@ void DisplayProgramTest::signalEndsIt() {
     QVERIFY(!QFile::exists(m_cell->file("late.png")));
 }
 
-QTEST_GUILESS_MAIN(DisplayProgramTest)
+OSTREL_TEST_WITHOUT_SCREEN(DisplayProgramTest)
 #include "displayprogram_test.moc"

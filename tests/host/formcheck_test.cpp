@@ -3,6 +3,8 @@
 #include <QBuffer>
 #include <QtTest>
 
+#include "qttests.h"
+
 namespace {
 
 const QSet<QString> known{"QWidget", "QLabel", "QGroupBox", "ZelValue", "ZelLed"};
@@ -115,5 +117,5 @@ void FormCheckTest::findsTheNearestName() {
     QTEST(nearestName(wrong, known), "nearest");
 }
 
-QTEST_GUILESS_MAIN(FormCheckTest)
+OSTREL_TEST_WITHOUT_SCREEN(FormCheckTest)
 #include "formcheck_test.moc"

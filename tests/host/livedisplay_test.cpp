@@ -5,6 +5,7 @@
 #include "displaycontrol.h"
 #include "fabric/signalslotsingleton.h"
 #include "fabric/timermoderator.h"
+#include "qttests.h"
 #include "testcell.h"
 #include "window.h"
 
@@ -143,5 +144,5 @@ void LiveDisplayTest::cleanupTestCase() {
     m_cell.reset();
 }
 
-QTEST_MAIN(LiveDisplayTest)
+OSTREL_TEST(LiveDisplayTest)
 #include "livedisplay_test.moc"

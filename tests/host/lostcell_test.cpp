@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "fabric/timermoderator.h"
+#include "qttests.h"
 #include "testcell.h"
 #include "window.h"
 
@@ -120,5 +121,5 @@ void LostCellTest::cleanupTestCase() {
     m_cell.reset();
 }
 
-QTEST_MAIN(LostCellTest)
+OSTREL_TEST(LostCellTest)
 #include "lostcell_test.moc"

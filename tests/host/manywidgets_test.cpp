@@ -2,6 +2,7 @@
 #include <csignal>
 
 #include "fabric/timermoderator.h"
+#include "qttests.h"
 #include "testcell.h"
 #include "window.h"
 
@@ -116,5 +117,5 @@ void ManyWidgetsTest::everyWidgetFollowsEachReload() {
     TimerModerator::shutDown();
 }
 
-QTEST_MAIN(ManyWidgetsTest)
+OSTREL_TEST(ManyWidgetsTest)
 #include "manywidgets_test.moc"

@@ -3,6 +3,8 @@
 #include <QtTest>
 #include <vector>
 
+#include "qttests.h"
+
 namespace {
 
 std::optional<int> read(const QStringList& words, Options& options) {
@@ -112,5 +114,5 @@ void OptionsTest::helpAndVersionEndWithSuccess() {
     QCOMPARE(read({"--version"}, options), std::optional<int>(0));
 }
 
-QTEST_GUILESS_MAIN(OptionsTest)
+OSTREL_TEST_WITHOUT_SCREEN(OptionsTest)
 #include "options_test.moc"

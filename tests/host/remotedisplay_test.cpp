@@ -1,6 +1,7 @@
 // A remote display only shows: the globals that this program sets must be those that the plug-in library reads.
 #include "fabric/timermoderator.h"
 #include "hostlink/globals.h"
+#include "qttests.h"
 #include "testcell.h"
 #include "window.h"
 
@@ -53,5 +54,5 @@ void RemoteDisplayTest::cleanupTestCase() {
     m_cell.reset();
 }
 
-QTEST_MAIN(RemoteDisplayTest)
+OSTREL_TEST(RemoteDisplayTest)
 #include "remotedisplay_test.moc"

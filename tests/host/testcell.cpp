@@ -10,6 +10,8 @@
 #include <QThread>
 #include <csignal>
 
+#include "paths.h"
+
 namespace {
 
 constexpr int patience = 20000;  // ms
@@ -48,7 +50,7 @@ SPEED = "ENGINE_SPEED"
 )";
 
 int run(const QStringList& command) {
-    return QProcess::execute(QStringLiteral(OSTREL_PROGRAM), command);
+    return QProcess::execute(QString(paths::command), command);
 }
 
 }  // namespace
@@ -82,8 +84,7 @@ void TestCell::write(const QByteArray& content) {
 
 bool TestCell::start() {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(OSTREL_CELL_PROGRAM),
-                    {file(QStringLiteral("cell.toml")), QStringLiteral("--store"), m_store});
+    m_process.start(QString(paths::cell), {file(QStringLiteral("cell.toml")), QStringLiteral("--store"), m_store});
     // The cell says so on its standard output once it serves.
     return m_process.waitForStarted(patience) && m_process.waitForReadyRead(patience);
 }
@@ -102,7 +103,7 @@ bool TestCell::set(const QString& variable, const QString& value) {
 
 bool TestCell::isAttached(const QString& event) {
     QProcess status;
-    status.start(QStringLiteral(OSTREL_PROGRAM),
+    status.start(QString(paths::command),
                  {QStringLiteral("--store"), m_store, QStringLiteral("--json"), QStringLiteral("status")});
     status.waitForFinished(patience);
     const auto events = QJsonDocument::fromJson(status.readAllStandardOutput())[QLatin1String("events")].toArray();

@@ -15,6 +15,8 @@
 #include "fabric/timermoderator.h"
 #include "formwatch.h"
 #include "hostlink/globals.h"
+#include "paths.h"
+#include "qttests.h"
 #include "testcell.h"
 #include "unsavedchanges.h"
 #include "window.h"
@@ -130,7 +132,7 @@ private:
 void UnsavedTest::initTestCase() {
     m_cell = std::make_unique<TestCell>();
     QVERIFY(m_cell->start());
-    m_original = contentOf(HOST_TEST_FILES "/live.ui");
+    m_original = contentOf(QString(paths::sources) + "/tests/host/forms/live.ui");
 }
 
 void UnsavedTest::init() {
@@ -484,5 +486,5 @@ void UnsavedTest::silentDisplayIsNotOfferedARecovery() {
     QVERIFY(QFile::exists(left));
 }
 
-QTEST_MAIN(UnsavedTest)
+OSTREL_TEST(UnsavedTest)
 #include "unsaved_test.moc"

@@ -12,10 +12,12 @@
 #include "core/ostrelbase.h"
 #include "frozenveil.h"
 #include "mainwindow.h"
+#include "paths.h"
 
 class Window {
 public:
-    explicit Window(const QString& form = QStringLiteral(HOST_TEST_FILES "/live.ui"), Manners manners = Manners::Asks)
+    explicit Window(const QString& form = QString(paths::sources) + "/tests/host/forms/live.ui",
+                    Manners manners = Manners::Asks)
         : m_window(form, &m_watch, manners) {
         m_window.resize(420, 640);
         m_window.show();

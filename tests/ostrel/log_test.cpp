@@ -7,7 +7,7 @@
 #include <fstream>
 #include <thread>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

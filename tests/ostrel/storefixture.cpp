@@ -1,4 +1,4 @@
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -9,6 +9,8 @@
 #include <csignal>
 #include <filesystem>
 #include <thread>
+
+#include "paths.h"
 
 extern char** environ;
 
@@ -21,9 +23,9 @@ ServerProcess::ServerProcess() {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, commands[0], STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, answers[1], STDOUT_FILENO);
-    char program[] = STORE_SERVER;
-    char* arguments[] = {program, nullptr};
-    if (posix_spawn(&m_pid, program, &actions, nullptr, arguments, environ) != 0)
+    std::string program = paths::storeServer;
+    char* arguments[] = {program.data(), nullptr};
+    if (posix_spawn(&m_pid, program.c_str(), &actions, nullptr, arguments, environ) != 0)
         m_pid = 0;
     posix_spawn_file_actions_destroy(&actions);
     close(commands[0]);

@@ -2,6 +2,7 @@
 #include <QMetaProperty>
 
 #include "plugintest.h"
+#include "qttests.h"
 
 class BindingTest : public QObject {
     Q_OBJECT
@@ -677,5 +678,5 @@ void BindingTest::theSimpleAnswersOfTheBase() {
     QCOMPARE(widget.getSampleRate(), 1000);
 }
 
-QTEST_MAIN(BindingTest)
+OSTREL_TEST(BindingTest)
 #include "binding_test.moc"

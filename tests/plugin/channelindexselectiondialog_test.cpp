@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QLabel>
 
+#include "qttests.h"
 #include "selectiontest.h"
 
 namespace {
@@ -148,19 +149,18 @@ void ChannelIndexSelectionDialogTest::theButtonsAcceptAndReject() {
 }
 
 void ChannelIndexSelectionDialogTest::withoutAStoreTheProcessEnds() {
-    QCOMPARE(outputWithoutAStore(), QByteArray("\n Ostrel must be running to use this command\n"));
+    QCOMPARE(outputWithoutAStore("chooseAnIndexWithoutAStore"),
+             QByteArray("\n Ostrel must be running to use this command\n"));
 }
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (isWithoutAStore()) {
-        startAsHost();
-        ChannelIndexSelectionDialog dialog(nullptr, QT_OSTREL_IO_MEM, QString());
-        dialog.show();
-        return 3;
-    }
-    ChannelIndexSelectionDialogTest test;
-    return QTest::qExec(&test, argc, argv);
+static int chooseAnIndexWithoutAStore(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    startAsHost();
+    ChannelIndexSelectionDialog dialog(nullptr, QT_OSTREL_IO_MEM, QString());
+    dialog.show();
+    return 3;
 }
 
+OSTREL_TEST_CHILD(chooseAnIndexWithoutAStore)
+OSTREL_TEST(ChannelIndexSelectionDialogTest)
 #include "channelindexselectiondialog_test.moc"

@@ -12,6 +12,8 @@
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <memory>
 
+#include "paths.h"
+#include "qttests.h"
 #include "scripted/platform.h"
 
 namespace {
@@ -83,7 +85,7 @@ private:
     QList<QDesignerCustomWidgetInterface*> widgets();
     QDesignerCustomWidgetInterface* plugin(const char* name);
 
-    QPluginLoader m_loader{QStringLiteral(PLUGIN_LIBRARY)};
+    QPluginLoader m_loader{QString(paths::plugin)};
 };
 
 void CollectionTest::initTestCase() {
@@ -104,7 +106,7 @@ QDesignerCustomWidgetInterface* CollectionTest::plugin(const char* name) {
 }
 
 void CollectionTest::theLibraryHasItsName() {
-    QFile file(QStringLiteral(PLUGIN_LIBRARY));
+    QFile file(QString(paths::plugin));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(QFileInfo(file).fileName(), QString("libQt5ostrelplugin.so.7"));
     QCOMPARE(soname(file.readAll()), QByteArray("libQt5ostrelplugin.so.7"));
@@ -244,9 +246,9 @@ void CollectionTest::qUiLoaderBuildsAForm() {
     scripted::platform().real("SPEED").value(1500).format("%g");
     QUiLoader loader;
     loader.clearPluginPaths();
-    loader.addPluginPath(QFileInfo(QStringLiteral(PLUGIN_LIBRARY)).absolutePath());
+    loader.addPluginPath(QFileInfo(QString(paths::plugin)).absolutePath());
     QVERIFY(loader.availableWidgets().contains("ZelValue"));
-    QFile form(QStringLiteral(TEST_FORM));
+    QFile form(QString(paths::sources) + "/tests/plugin/speed.ui");
     QVERIFY(form.open(QIODevice::ReadOnly));
     const std::unique_ptr<QWidget> built(loader.load(&form));
     QVERIFY(built);
@@ -258,5 +260,5 @@ void CollectionTest::qUiLoaderBuildsAForm() {
     QCOMPARE(speed->findChild<QWidget*>("value")->property("text").toString(), QString("1500"));
 }
 
-QTEST_MAIN(CollectionTest)
+OSTREL_TEST(CollectionTest)
 #include "collection_test.moc"

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "plugintest.h"
+#include "qttests.h"
 
 namespace {
 
@@ -244,5 +245,5 @@ void DraggingTest::aDoubleClickAsksForAValue() {
     QCOMPARE(widget.asked, 1);
 }
 
-QTEST_MAIN(DraggingTest)
+OSTREL_TEST(DraggingTest)
 #include "dragging_test.moc"

@@ -9,6 +9,9 @@
 #include "fabric/ostrelgblreconfigevent.h"
 #include "fabric/ostrelvariabledatainput.h"
 #include "plugintest.h"
+#include "qttests.h"
+
+namespace {
 
 // A subscriber that is no bound widget. It takes the payload out of the thread's buffer at once.
 class Listener : public QWidget {
@@ -37,8 +40,6 @@ public:
 public Q_SLOTS:
     void ostrelEvent(int, const char*, size_t) { ++count; }
 };
-
-namespace {
 
 int eventCount() {
     return OstrelEventModerator::events->size();
@@ -331,5 +332,5 @@ void EventModeratorTest::anEventCanBeRenamed() {
     QCOMPARE(event.getName(), QByteArray("after"));
 }
 
-QTEST_MAIN(EventModeratorTest)
+OSTREL_TEST(EventModeratorTest)
 #include "eventmoderator_test.moc"

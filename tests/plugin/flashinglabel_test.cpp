@@ -11,6 +11,7 @@
 #include <QTest>
 #include <memory>
 
+#include "qttests.h"
 #include "widgets/zeltable.h"
 
 namespace {
@@ -34,6 +35,21 @@ void paletteColour(QWidget& widget, QPalette::ColorRole role, QColor colour) {
     widget.setPalette(palette);
 }
 
+class Readout : public FlashingLabel {
+public:
+    Readout() {
+        setText("MMMM");
+        QFont font = this->font();
+        font.setPixelSize(40);
+        font.setStyleStrategy(QFont::NoAntialias);
+        setFont(font);
+        resize(sizeHint());
+        paletteColour(*this, QPalette::Window, Qt::white);
+        paletteColour(*this, QPalette::WindowText, Qt::blue);
+        setAutoFillBackground(true);
+    }
+};
+
 }  // namespace
 
 class FlashingLabelTest : public QObject {
@@ -48,21 +64,6 @@ private Q_SLOTS:
     void itsStyleIsItsOwn();
     void theStyleIgnoresTheRole();
     void theTableIsAShell();
-};
-
-class Readout : public FlashingLabel {
-public:
-    Readout() {
-        setText("MMMM");
-        QFont font = this->font();
-        font.setPixelSize(40);
-        font.setStyleStrategy(QFont::NoAntialias);
-        setFont(font);
-        resize(sizeHint());
-        paletteColour(*this, QPalette::Window, Qt::white);
-        paletteColour(*this, QPalette::WindowText, Qt::blue);
-        setAutoFillBackground(true);
-    }
 };
 
 void FlashingLabelTest::itPaintsInThePalettesTextColour() {
@@ -171,5 +172,5 @@ void FlashingLabelTest::theTableIsAShell() {
     QVERIFY(table->verticalHeader()->stretchLastSection());
 }
 
-QTEST_MAIN(FlashingLabelTest)
+OSTREL_TEST(FlashingLabelTest)
 #include "flashinglabel_test.moc"

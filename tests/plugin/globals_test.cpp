@@ -2,6 +2,9 @@
 #include <QProcess>
 #include <QTest>
 
+#include "paths.h"
+#include "qttests.h"
+
 class GlobalsTest : public QObject {
     Q_OBJECT
 
@@ -34,32 +37,32 @@ QStringList GlobalsTest::run(const char* host, const char* preloaded) {
 }
 
 void GlobalsTest::aHostWithoutGlobalsGetsTheDefaults() {
-    QCOMPARE(run(PLAIN_HOST), QStringList({"inDesigner 1",
-                                           "RemoteDisplay 0",
-                                           "UserInterfaceLock 3",
-                                           "RemoteUpdateRate 2000",
-                                           "changeUnitsLk 0",
-                                           "MainWindowClose 0",
-                                           "InitializationDone 0",
-                                           "propertiesChanged 0",
-                                           "Ostrel_Plugins_Master_variables_dirty 1",
-                                           "UserSavePermission 3",
-                                           "StripChartRemoteSampleRate 100",
-                                           "System_HighAlarm 255 0 0",
-                                           "System_HighAbort 255 127 0",
-                                           "System_HighEmergency 255 255 0",
-                                           "System_LowAlarm 0 255 255",
-                                           "System_LowAbort 0 127 255",
-                                           "System_LowEmergency 0 0 255",
-                                           "System_Tmark 255 255 255",
-                                           "ParentUIFile \"\"",
-                                           "writer none",
-                                           "sampleRate 1000",
-                                           "actions 6"}));
+    QCOMPARE(run(paths::plainHost), QStringList({"inDesigner 1",
+                                                 "RemoteDisplay 0",
+                                                 "UserInterfaceLock 3",
+                                                 "RemoteUpdateRate 2000",
+                                                 "changeUnitsLk 0",
+                                                 "MainWindowClose 0",
+                                                 "InitializationDone 0",
+                                                 "propertiesChanged 0",
+                                                 "Ostrel_Plugins_Master_variables_dirty 1",
+                                                 "UserSavePermission 3",
+                                                 "StripChartRemoteSampleRate 100",
+                                                 "System_HighAlarm 255 0 0",
+                                                 "System_HighAbort 255 127 0",
+                                                 "System_HighEmergency 255 255 0",
+                                                 "System_LowAlarm 0 255 255",
+                                                 "System_LowAbort 0 127 255",
+                                                 "System_LowEmergency 0 0 255",
+                                                 "System_Tmark 255 255 255",
+                                                 "ParentUIFile \"\"",
+                                                 "writer none",
+                                                 "sampleRate 1000",
+                                                 "actions 6"}));
 }
 
 void GlobalsTest::aHostsGlobalsAreUsed() {
-    const QStringList told = run(GLOBALS_HOST);
+    const QStringList told = run(paths::globalsHost);
     for (const char* line : {"inDesigner 0", "RemoteDisplay 1", "UserInterfaceLock 1", "RemoteUpdateRate 777",
                              "ParentUIFile \"host.ui\"", "sampleRate 777", "actions 0"})
         QVERIFY2(told.contains(line), qPrintable(QString(line) + " is missing in\n" + told.join('\n')));
@@ -68,12 +71,12 @@ void GlobalsTest::aHostsGlobalsAreUsed() {
 }
 
 void GlobalsTest::aHostsPlatformFunctionIsUsed() {
-    QVERIFY(run(GLOBALS_HOST).contains("find_variable of the host: SPEED"));
+    QVERIFY(run(paths::globalsHost).contains("find_variable of the host: SPEED"));
 }
 
 void GlobalsTest::aPreloadedPlatformFunctionIsUsed() {
-    QVERIFY(run(PLAIN_HOST, PRELOADED_PLATFORM).contains("find_variable preloaded: SPEED"));
+    QVERIFY(run(paths::plainHost, paths::preloadedPlatform).contains("find_variable preloaded: SPEED"));
 }
 
-QTEST_GUILESS_MAIN(GlobalsTest)
+OSTREL_TEST_WITHOUT_SCREEN(GlobalsTest)
 #include "globals_test.moc"

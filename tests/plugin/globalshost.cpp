@@ -10,6 +10,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "paths.h"
+
 #ifdef HAS_GLOBALS
 bool inDesigner = false;
 bool RemoteDisplay = true;
@@ -54,12 +56,12 @@ void tellGlobals() {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    if (!dlopen(PLUGIN_LIBRARY, RTLD_NOW | RTLD_GLOBAL)) {
+    if (!dlopen(paths::plugin, RTLD_NOW | RTLD_GLOBAL)) {
         std::printf("%s\n", dlerror());
         return 1;
     }
     tellGlobals();
-    QPluginLoader loader(QStringLiteral(PLUGIN_LIBRARY));
+    QPluginLoader loader(QString(paths::plugin));
     const auto* collection = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(loader.instance());
     if (!collection)
         return 1;

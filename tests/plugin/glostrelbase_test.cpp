@@ -6,6 +6,7 @@
 #include "core/gltest.h"
 #include "core/ostrel_logical_base.h"
 #include "plugintest.h"
+#include "qttests.h"
 
 namespace {
 
@@ -242,5 +243,5 @@ void GLOstrelBaseTest::theProbeAsksForBufferObjects() {
     QCOMPARE(timesAsked, 0);
 }
 
-QTEST_MAIN(GLOstrelBaseTest)
+OSTREL_TEST(GLOstrelBaseTest)
 #include "glostrelbase_test.moc"

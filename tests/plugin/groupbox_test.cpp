@@ -12,6 +12,7 @@
 
 #include "plugintest.h"
 #include "properties/mycontroller.h"
+#include "qttests.h"
 #include "readouttest.h"
 #include "scripted/calls.h"
 #include "widgets/zel_simplevalue.h"
@@ -787,5 +788,5 @@ void GroupBoxTest::aLaterNameIsLedByTheBox() {
     QCOMPARE(int(pump->value), 1);
 }
 
-QTEST_MAIN(GroupBoxTest)
+OSTREL_TEST(GroupBoxTest)
 #include "groupbox_test.moc"

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include "plugintest.h"
+#include "qttests.h"
 #include "readouttest.h"
 #include "widgets/zelgroupwidget.h"
 #include "widgets/zelgroupwidget_fl.h"
@@ -128,5 +129,5 @@ void GroupEditingTest::aNewGroupGetsItsFileFromTheEditor() {
     QCOMPARE(group.getFileName(), QString());
 }
 
-QTEST_MAIN(GroupEditingTest)
+OSTREL_TEST(GroupEditingTest)
 #include "groupediting_test.moc"

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 
 #include "plugintest.h"
+#include "qttests.h"
 #include "readouttest.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
@@ -239,5 +240,5 @@ void GroupRulesTest::aFontReachesTheReadoutsByInheritance() {
     QCOMPARE(label(group.findChild<ZelSimpleValue*>(), "value")->font().pointSize(), 15);
 }
 
-QTEST_MAIN(GroupRulesTest)
+OSTREL_TEST(GroupRulesTest)
 #include "grouprules_test.moc"

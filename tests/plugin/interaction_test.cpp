@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "qttests.h"
 #include "readouttest.h"
 #include "widgets/zel_value.h"
 
@@ -435,5 +436,5 @@ void InteractionTest::aDoubleClickAsksForAValue() {
     QCOMPARE(widget.asked, 1);
 }
 
-QTEST_MAIN(InteractionTest)
+OSTREL_TEST(InteractionTest)
 #include "interaction_test.moc"

@@ -17,6 +17,7 @@
 #include <QTreeWidget>
 
 #include "plugintest.h"
+#include "qttests.h"
 #include "widgets/zel_value.h"
 
 namespace {
@@ -370,5 +371,5 @@ void MyControllerTest::aValueSetWhileTheFormLoadsIsMarkedAsSuch() {
     QCOMPARE(Display::cached(), QStringList{"cacheProperty ZelValue display toolTip oil loading"});
 }
 
-QTEST_MAIN(MyControllerTest)
+OSTREL_TEST(MyControllerTest)
 #include "mycontroller_test.moc"

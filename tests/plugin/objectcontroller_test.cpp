@@ -13,6 +13,7 @@
 
 #include "plugintest.h"
 #include "properties/enumvalues.h"
+#include "qttests.h"
 
 // A base class whose name the unlocked and locked views tell apart.
 class Instrument : public QObject {
@@ -599,5 +600,5 @@ void ObjectControllerTest::anEditAfterAChangeOfObjectReachesTheNewOne() {
     QCOMPARE(second.label, QString("Air"));
 }
 
-QTEST_MAIN(ObjectControllerTest)
+OSTREL_TEST(ObjectControllerTest)
 #include "objectcontroller_test.moc"

@@ -8,7 +8,10 @@
 #include "fabric/ostrelgblreconfigevent.h"
 #include "fabric/ostrelvariabledatainput.h"
 #include "plugintest.h"
+#include "qttests.h"
 #include "widgets/zel_value.h"
+
+namespace {
 
 class GLListener : public GLOstrelBase {
     Q_OBJECT
@@ -30,8 +33,6 @@ public:
 public Q_SLOTS:
     void globalConfigEvent(short, short) { ++phases; }
 };
-
-namespace {
 
 constexpr auto allAreas = static_cast<SM_AREA_ID>(-1);
 
@@ -430,5 +431,5 @@ void ReconfigurationTest::aBoundWidgetFollowsTheToldStepsAlone() {
     QVERIFY(!TimerModerator::isRegistered(&widget, 1000));
 }
 
-QTEST_MAIN(ReconfigurationTest)
+OSTREL_TEST(ReconfigurationTest)
 #include "reconfiguration_test.moc"

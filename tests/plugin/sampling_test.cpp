@@ -1,5 +1,6 @@
 // From a record to the text and the colour that a widget shows: OstrelBase.
 #include "plugintest.h"
+#include "qttests.h"
 
 class SamplingTest : public QObject {
     Q_OBJECT
@@ -597,5 +598,5 @@ void SamplingTest::aCheckAtTheStartAfterTheFirstWriteIsNoEnd() {
     QVERIFY(widget.getInitFlag());
 }
 
-QTEST_MAIN(SamplingTest)
+OSTREL_TEST(SamplingTest)
 #include "sampling_test.moc"

@@ -88,18 +88,13 @@ private:
     QWidget* m_last = nullptr;
 };
 
-// Runs this program once more, without a store: what it writes, once it has ended by itself with status 0.
-inline QByteArray outputWithoutAStore() {
+// Runs another part of this program, without a store: what it writes, once it has ended by itself with status 0.
+inline QByteArray outputWithoutAStore(const QString& part) {
     QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {"without-a-store"});
+    child.start(QCoreApplication::applicationFilePath(), {part});
     if (!child.waitForFinished() || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
         return "it did not end with status 0";
     return child.readAllStandardOutput();
-}
-
-// Whether this is the program that runs without a store.
-inline bool isWithoutAStore() {
-    return QCoreApplication::arguments().contains(QLatin1String("without-a-store"));
 }
 
 // Types into a line edit in place of what stands there.

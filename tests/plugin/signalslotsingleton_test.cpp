@@ -6,6 +6,8 @@
 #include <QTest>
 #include <type_traits>
 
+#include "qttests.h"
+
 class SignalSlotSingletonTest : public QObject {
     Q_OBJECT
 
@@ -51,5 +53,5 @@ void SignalSlotSingletonTest::aDocumentReachesTheOtherEnd() {
     QCOMPARE(tag, QString("values"));
 }
 
-QTEST_GUILESS_MAIN(SignalSlotSingletonTest)
+OSTREL_TEST_WITHOUT_SCREEN(SignalSlotSingletonTest)
 #include "signalslotsingleton_test.moc"

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "qttests.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
@@ -98,5 +99,5 @@ void SimpleValuePluginsTest::description() {
     QCOMPARE(QString(widget->metaObject()->className()), name);
 }
 
-QTEST_MAIN(SimpleValuePluginsTest)
+OSTREL_TEST(SimpleValuePluginsTest)
 #include "simplevalueplugins_test.moc"

@@ -10,6 +10,7 @@
 #include "fabric/timerwidget.h"
 #include "fabric/timerwidgetplugin.h"
 #include "plugintest.h"
+#include "qttests.h"
 #include "widgets/zel_value.h"
 
 namespace {
@@ -517,5 +518,5 @@ void TimerModeratorTest::thePluginStandsForTheModerator() {
     QVERIFY(qobject_cast<TimerModerator*>(built.get()));
 }
 
-QTEST_MAIN(TimerModeratorTest)
+OSTREL_TEST(TimerModeratorTest)
 #include "timermoderator_test.moc"

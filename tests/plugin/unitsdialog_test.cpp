@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLayout>
 
+#include "qttests.h"
 #include "selectiontest.h"
 
 class UnitsDialogTest : public QObject {
@@ -86,5 +87,5 @@ void UnitsDialogTest::theButtonsAcceptAndReject() {
     QVERIFY(worker.isDone());
 }
 
-QTEST_MAIN(UnitsDialogTest)
+OSTREL_TEST(UnitsDialogTest)
 #include "unitsdialog_test.moc"

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <memory>
 
+#include "qttests.h"
 #include "selection/unitsdialog.h"
 #include "selection/variableselectiondialog.h"
 #include "selectiontest.h"
@@ -321,5 +322,5 @@ void VariableChangeTest::lockedUnitsSayThatTheyAreLocked() {
     QCOMPARE(widget->unitsAsked + widget->names, QStringList());
 }
 
-QTEST_MAIN(VariableChangeTest)
+OSTREL_TEST(VariableChangeTest)
 #include "variablechange_test.moc"

@@ -8,6 +8,7 @@
 #include <QProcess>
 
 #include "plugintest.h"
+#include "qttests.h"
 
 namespace {
 
@@ -428,21 +429,19 @@ void VariableMapListTest::withoutAPlaceForItsAddressNoAreaIsLinked() {
 
 void VariableMapListTest::withoutAStoreTheProcessEnds() {
     QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {"walk-without-a-store"});
+    child.start(QCoreApplication::applicationFilePath(), {"walkWithoutAStore"});
     QVERIFY(child.waitForFinished());
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(child.exitCode(), 0);
     QCOMPARE(child.readAllStandardOutput(), QByteArray("\n Ostrel must be running to use this command\n"));
 }
 
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    if (application.arguments().contains("walk-without-a-store")) {
-        catalogue(any);
-        return 3;
-    }
-    VariableMapListTest test;
-    return QTest::qExec(&test, argc, argv);
+static int walkWithoutAStore(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    catalogue(any);
+    return 3;
 }
 
+OSTREL_TEST_CHILD(walkWithoutAStore)
+OSTREL_TEST_WITHOUT_SCREEN(VariableMapListTest)
 #include "variablemaplist_test.moc"

@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <memory>
 
+#include "qttests.h"
 #include "selectiontest.h"
 
 namespace {
@@ -558,18 +559,17 @@ void VariableSelectionDialogTest::theEndOfAnotherStateDoesNot() {
 }
 
 void VariableSelectionDialogTest::withoutAStoreTheProcessEnds() {
-    QCOMPARE(outputWithoutAStore(), QByteArray("\n Ostrel must be running to use this command\n"));
+    QCOMPARE(outputWithoutAStore("chooseAVariableWithoutAStore"),
+             QByteArray("\n Ostrel must be running to use this command\n"));
 }
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (isWithoutAStore()) {
-        startAsHost();
-        const VariableSelectionDialog dialog(nullptr, filter(QT_OSTREL_ANY), "SPEED");
-        return 3;
-    }
-    VariableSelectionDialogTest test;
-    return QTest::qExec(&test, argc, argv);
+static int chooseAVariableWithoutAStore(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    startAsHost();
+    const VariableSelectionDialog dialog(nullptr, filter(QT_OSTREL_ANY), "SPEED");
+    return 3;
 }
 
+OSTREL_TEST_CHILD(chooseAVariableWithoutAStore)
+OSTREL_TEST(VariableSelectionDialogTest)
 #include "variableselectiondialog_test.moc"

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QSignalSpy>
 
+#include "qttests.h"
 #include "readouttest.h"
 #include "widgets/zel_simplevalue.h"
 
@@ -1127,5 +1128,5 @@ void ZelSimpleValueTest::aWidgetReaimedWhileItAsksWritesNothing() {
     QCOMPARE(platform().calls({"set_string_variable"}), QStringList());
 }
 
-QTEST_MAIN(ZelSimpleValueTest)
+OSTREL_TEST(ZelSimpleValueTest)
 #include "zelsimplevalue_test.moc"

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
+#include "qttests.h"
 #include "readouttest.h"
 #include "scripted/areas.h"
 #include "selection/channelindexselectiondialog.h"
@@ -584,5 +585,5 @@ void ZelSimpleValueChanIndexTest::aChoiceThatIsCancelledChangesNothing() {
     QCOMPARE(platform().calls({"cacheProperty"}), QStringList());
 }
 
-QTEST_MAIN(ZelSimpleValueChanIndexTest)
+OSTREL_TEST(ZelSimpleValueChanIndexTest)
 #include "zelsimplevaluechanindex_test.moc"

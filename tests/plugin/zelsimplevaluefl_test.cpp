@@ -3,6 +3,7 @@
 #include <QSignalSpy>
 #include <memory>
 
+#include "qttests.h"
 #include "readouttest.h"
 #include "widgets/zel_simplevalue_fl.h"
 #include "widgets/zelgroupwidget.h"
@@ -595,5 +596,5 @@ void ZelSimpleValueFlTest::elsewhereItKeepsItsColours() {
     }
 }
 
-QTEST_MAIN(ZelSimpleValueFlTest)
+OSTREL_TEST(ZelSimpleValueFlTest)
 #include "zelsimplevaluefl_test.moc"

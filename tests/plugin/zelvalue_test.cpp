@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include "plugintest.h"
+#include "qttests.h"
 #include "whenopened.h"
 #include "widgets/flashinglabel.h"
 #include "widgets/zel_value.h"
@@ -711,5 +712,5 @@ void ZelValueTest::aRemoteDisplayWritesNothing() {
     QVERIFY(TimerModerator::isRegistered(&widget, 2000));
 }
 
-QTEST_MAIN(ZelValueTest)
+OSTREL_TEST(ZelValueTest)
 #include "zelvalue_test.moc"

@@ -15,6 +15,7 @@
 #include <QToolButton>
 
 #include "browserwindow.h"
+#include "qttests.h"
 #include "whenopened.h"
 
 Q_DECLARE_METATYPE(QtProperty*)
@@ -402,5 +403,5 @@ void EditorsTest::anOpenEditorBecomesReadOnly() {
     QVERIFY(!isReadOnly());
 }
 
-QTEST_MAIN(EditorsTest)
+OSTREL_TEST(EditorsTest)
 #include "editors_test.moc"

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 
 #include "browserwindow.h"
+#include "qttests.h"
 
 Q_DECLARE_METATYPE(QtBrowserItem*)
 Q_DECLARE_METATYPE(QtProperty*)
@@ -462,5 +463,5 @@ void TreeBrowserTest::anyOrderOfDestructionIsSafe() {
     } while (std::next_permutation(order.begin(), order.end()));
 }
 
-QTEST_MAIN(TreeBrowserTest)
+OSTREL_TEST(TreeBrowserTest)
 #include "treebrowser_test.moc"

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <climits>
 
+#include "qttests.h"
+
 namespace {
 
 // A manager that writes down what it says, by the names of the properties.
@@ -302,5 +304,5 @@ void VariantManagerTest::aCompositeOutlivesAPart() {
     QCOMPARE(manager.properties().size(), 0);
 }
 
-QTEST_MAIN(VariantManagerTest)
+OSTREL_TEST(VariantManagerTest)
 #include "variantmanager_test.moc"

@@ -1,6 +1,7 @@
 // Completion as bash asks for it: the file is sourced and its function called with the line so far.
 #include <algorithm>
 
+#include "paths.h"
 #include "toolstest.h"
 
 namespace {
@@ -14,9 +15,10 @@ protected:
             "[ \"$(complete -p ostrel)\" = 'complete -F _ostrel ostrel' ] || exit 3\n"
             "COMP_LINE=$3; COMP_POINT=${#COMP_LINE}; COMPREPLY=(); _ostrel\n"
             "[ ${#COMPREPLY[@]} -eq 0 ] || printf '%s\\n' \"${COMPREPLY[@]}\"\n";
-        const std::string folder = std::filesystem::path(OSTREL_PROGRAM).parent_path();
-        const Outcome outcome = run({"/bin/bash", "--norc", "-c", script, "bash", folder, COMPLETION_FILE,
-                                     "ostrel --store " + store() + " " + line});
+        const std::string folder = std::filesystem::path(paths::command).parent_path();
+        const Outcome outcome =
+            run({"/bin/bash", "--norc", "-c", script, "bash", folder,
+                 std::string(paths::sources) + "/tools/completion/ostrel", "ostrel --store " + store() + " " + line});
         EXPECT_EQ(outcome.status, 0) << line;
         EXPECT_EQ(outcome.errors, "") << line;
         std::vector<std::string> lines = outcome.lines();
@@ -80,7 +82,8 @@ TEST_F(Completion, IsQuietWithoutAStore) {
     const Outcome outcome = run({"/bin/bash", "--norc", "-c",
                                  "export PATH=\"$1:$PATH\"; source \"$2\"; COMP_LINE='ostrel --store none-such get A'; "
                                  "COMP_POINT=${#COMP_LINE}; _ostrel; echo ${#COMPREPLY[@]}",
-                                 "bash", std::filesystem::path(OSTREL_PROGRAM).parent_path(), COMPLETION_FILE});
+                                 "bash", std::filesystem::path(paths::command).parent_path(),
+                                 std::string(paths::sources) + "/tools/completion/ostrel"});
     EXPECT_EQ(outcome.output, "0\n");
     EXPECT_EQ(outcome.errors, "");
 }

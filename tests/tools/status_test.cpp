@@ -1,5 +1,6 @@
 #include <csignal>
 
+#include "paths.h"
 #include "toolstest.h"
 
 using Status = ToolsTest;
@@ -83,7 +84,7 @@ TEST_F(Status, SaysWhatToDoWithoutAStore) {
                                    {"info", "A"},
                                    {"event", "raise", "A"},
                                    {"event", "wait", "A"}}) {
-        Arguments all{OSTREL_PROGRAM, "--store", name};
+        Arguments all{paths::command, "--store", name};
         all.insert(all.end(), words.begin(), words.end());
         const Outcome outcome = run(all);
         EXPECT_EQ(outcome.status, 1);
@@ -95,7 +96,7 @@ TEST_F(Status, SaysWhatToDoWithoutAStore) {
 
 TEST_F(Status, TakesTheStoreFromTheEnvironment) {
     setenv("OSTREL_STORE", store().c_str(), 1);
-    const Outcome outcome = run({OSTREL_PROGRAM, "get", "CYCLES"});
+    const Outcome outcome = run({paths::command, "get", "CYCLES"});
     unsetenv("OSTREL_STORE");
     EXPECT_EQ(outcome.output, "CYCLES 42\n");
 }

@@ -6,6 +6,8 @@
 #include <csignal>
 #include <thread>
 
+#include "paths.h"
+
 Folder::Folder() {
     std::string name = (std::filesystem::temp_directory_path() / "ostrel-tools-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr)
@@ -34,7 +36,7 @@ bool eventually(const std::function<bool()>& condition) {
 void ToolsTest::SetUp() {
     unsetenv("OSTREL_STORE");
     unsetenv("OSTREL_CELL");
-    std::filesystem::copy_file(TOOLS_CELL_FILE, cellFile());
+    std::filesystem::copy_file(std::string(paths::sources) + "/tests/tools/cell.toml", cellFile());
     startCell();
 }
 
@@ -44,7 +46,7 @@ void ToolsTest::TearDown() {
 }
 
 void ToolsTest::startCell() {
-    m_cell = std::make_unique<Program>(Arguments{OSTREL_CELL_PROGRAM, cellFile().string(), "--store", m_store});
+    m_cell = std::make_unique<Program>(Arguments{paths::cell, cellFile().string(), "--store", m_store});
     // The store is there a moment before its names are, and the names of a server that died are there before the next.
     ASSERT_TRUE(eventually([&] {
         return ostrel({"status"}).status == 0 && ostrel({"get", "CYCLES"}).status == 0;
@@ -52,7 +54,7 @@ void ToolsTest::startCell() {
 }
 
 Arguments ToolsTest::command(const Arguments& words) const {
-    Arguments all{OSTREL_PROGRAM, "--store", m_store};
+    Arguments all{paths::command, "--store", m_store};
     all.insert(all.end(), words.begin(), words.end());
     return all;
 }

@@ -4,12 +4,13 @@
 #include <QJsonDocument>
 #include <algorithm>
 
+#include "paths.h"
 #include "program.h"
 
 namespace {
 
 Outcome units(const Arguments& words) {
-    Arguments all{OSTREL_PROGRAM, "units"};
+    Arguments all{paths::command, "units"};
     all.insert(all.end(), words.begin(), words.end());
     return run(all);
 }

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
+#include "paths.h"
 #include "program.h"
 
 namespace {
 
 Outcome ostrel(const Arguments& words) {
-    Arguments all{OSTREL_PROGRAM};
+    Arguments all{paths::command};
     all.insert(all.end(), words.begin(), words.end());
     return run(all);
 }
@@ -24,7 +25,7 @@ void isWrongUsage(const Arguments& words, const std::string& message) {
 TEST(Usage, TellsItsVersion) {
     const Outcome outcome = ostrel({"--version"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output, "ostrel " OSTREL_VERSION "\n");
+    EXPECT_EQ(outcome.output, std::string("ostrel ") + paths::version + "\n");
 }
 
 TEST(Usage, HelpNamesEveryCommand) {

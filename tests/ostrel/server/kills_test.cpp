@@ -12,9 +12,10 @@
 #include <set>
 #include <thread>
 
-#include "eventcalls.h"
 #include "killboard.h"
-#include "storefixture.h"
+#include "ostrel/events/eventcalls.h"
+#include "ostrel/storefixture.h"
+#include "paths.h"
 
 extern char** environ;
 
@@ -28,12 +29,12 @@ uint64_t fromEnvironment(const char* name, uint64_t otherwise) {
 class Worker {
 public:
     explicit Worker(std::vector<std::string> words) {
-        words.insert(words.begin(), STORE_WORKER);
+        words.insert(words.begin(), paths::storeWorker);
         std::vector<char*> arguments;
         for (std::string& word : words)
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
-        if (posix_spawn(&m_pid, STORE_WORKER, nullptr, nullptr, arguments.data(), environ) != 0)
+        if (posix_spawn(&m_pid, paths::storeWorker, nullptr, nullptr, arguments.data(), environ) != 0)
             m_pid = 0;
     }
     ~Worker() { killHard(); }

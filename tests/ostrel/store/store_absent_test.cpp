@@ -8,7 +8,7 @@
 #include <fstream>
 #include <random>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

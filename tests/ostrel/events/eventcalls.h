@@ -1,6 +1,6 @@
 // The calls of events.h in the forms in which the tests like to make them. All of them use the store in use.
-#ifndef OSTREL_TESTS_OSTREL_EVENTCALLS_H
-#define OSTREL_TESTS_OSTREL_EVENTCALLS_H
+#ifndef OSTREL_TESTS_OSTREL_EVENTS_EVENTCALLS_H
+#define OSTREL_TESTS_OSTREL_EVENTS_EVENTCALLS_H
 
 #include <ostrel/events.h>
 

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <thread>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

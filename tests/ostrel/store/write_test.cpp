@@ -7,7 +7,7 @@
 #include <cstring>
 #include <limits>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

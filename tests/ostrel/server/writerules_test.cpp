@@ -15,7 +15,7 @@
 #include <limits>
 #include <thread>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "eventcalls.h"
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // What the processes of the test of kills tell each other, in a file that all of them map: it outlives each of them.
-#ifndef OSTREL_TESTS_OSTREL_KILLBOARD_H
-#define OSTREL_TESTS_OSTREL_KILLBOARD_H
+#ifndef OSTREL_TESTS_OSTREL_SERVER_KILLBOARD_H
+#define OSTREL_TESTS_OSTREL_SERVER_KILLBOARD_H
 
 #include <fcntl.h>
 #include <sys/mman.h>

@@ -1,8 +1,8 @@
 // What each unit keyword is, from the definitions of the units: its code, and the value in the SI unit of its dimension
 // as factor * value + offset. Written apart from the platform's own table, so that a slip in one shows against the
 // other. Codes stand in files and records: a line here never changes, only new ones come.
-#ifndef OSTREL_TESTS_OSTREL_UNITSPHYSICS_H
-#define OSTREL_TESTS_OSTREL_UNITSPHYSICS_H
+#ifndef OSTREL_TESTS_OSTREL_UNITS_UNITSPHYSICS_H
+#define OSTREL_TESTS_OSTREL_UNITS_UNITSPHYSICS_H
 
 constexpr double turn = 2 * 3.14159265358979323846;
 constexpr double degree = turn / 360;

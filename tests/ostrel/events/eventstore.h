@@ -1,6 +1,6 @@
 // A stand-in for the store: event memory that the tests can make, damage, replace and take away.
-#ifndef OSTREL_TESTS_OSTREL_EVENTSTORE_H
-#define OSTREL_TESTS_OSTREL_EVENTSTORE_H
+#ifndef OSTREL_TESTS_OSTREL_EVENTS_EVENTSTORE_H
+#define OSTREL_TESTS_OSTREL_EVENTS_EVENTSTORE_H
 
 #include <sys/types.h>
 

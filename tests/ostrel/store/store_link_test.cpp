@@ -1,7 +1,7 @@
 // Linking to memory: areas, arrays and private blocks.
 #include <cstring>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <cstring>
 #include <thread>
 
-#include "eventcalls.h"
-#include "storefixture.h"
+#include "ostrel/events/eventcalls.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "paths.h"
 #include "units/unitstable.h"
 #include "unitsphysics.h"
 
@@ -475,17 +476,19 @@ std::string tablesOfThePage() {
 }  // namespace
 
 TEST(Units, ThePageForCellEngineersShowsTheTable) {
-    std::ifstream file(UNITS_PAGE);
+    std::ifstream file(std::string(paths::sources) + "/docs/units.md");
     std::stringstream content;
     content << file.rdbuf();
     const std::string page = content.str();
     const size_t mark = page.find(pageMark);
-    ASSERT_NE(mark, std::string::npos) << UNITS_PAGE << " has no mark where the tables start";
+    ASSERT_NE(mark, std::string::npos) << std::string(paths::sources) + "/docs/units.md"
+                                       << " has no mark where the tables start";
     const std::string head = page.substr(0, mark + std::strlen(pageMark));
     const std::string right = head + tablesOfThePage();
     if (page != right) {
         const std::string copy = testing::TempDir() + "ostrel-units.md";
         std::ofstream(copy) << right;
-        ADD_FAILURE() << UNITS_PAGE << " is not as the table; copy " << copy << " over it";
+        ADD_FAILURE() << std::string(paths::sources) + "/docs/units.md"
+                      << " is not as the table; copy " << copy << " over it";
     }
 }

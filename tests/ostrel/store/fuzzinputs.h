@@ -1,6 +1,6 @@
 // Random inputs that are the same in each run. OSTREL_TEST_INPUTS=N takes N times as many.
-#ifndef OSTREL_TESTS_OSTREL_FUZZINPUTS_H
-#define OSTREL_TESTS_OSTREL_FUZZINPUTS_H
+#ifndef OSTREL_TESTS_OSTREL_STORE_FUZZINPUTS_H
+#define OSTREL_TESTS_OSTREL_STORE_FUZZINPUTS_H
 
 #include <cstdint>
 #include <cstdlib>

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "fuzzinputs.h"
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 

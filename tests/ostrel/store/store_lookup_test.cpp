@@ -2,7 +2,7 @@
 #include <array>
 #include <cstring>
 
-#include "storefixture.h"
+#include "ostrel/storefixture.h"
 
 namespace {
 
