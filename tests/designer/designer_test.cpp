@@ -24,7 +24,7 @@ protected:
         ASSERT_TRUE(m_folder.isValid());
         ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("plugins/designer")));
         install(QString(paths::plugin));
-        install(QStringLiteral(paths::designerWitness));
+        install(QString(paths::designerWitness));
         write(QStringLiteral("blank.ui"),
               "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\"><property "
               "name=\"geometry\"><rect><x>0</x><y>0</y><width>400</width><height>300</height></rect></property>"
