@@ -4,6 +4,8 @@
 #include <ostrel/store.h>
 
 #include <QDebug>
+#include <QEvent>
+#include <QVariant>
 
 #include "fabric/timermoderator.h"
 #include "hostlink/formwriter.h"
@@ -55,7 +57,7 @@ void OstrelBase::setUnits(const QString& units) {
         return;
     unitsChanged = true;
     copyText(_units, units.toLatin1());
-    writer->cacheProperty(className, objectName(), "units", units, _initFlag);
+    remember("units", units);
 }
 
 void OstrelBase::setSampleRate(int rate) {
@@ -65,10 +67,25 @@ void OstrelBase::setSampleRate(int rate) {
     TimerModerator::releaseFromTimer(this, _updateRate);
     if (_updateRate != rate && !RemoteDisplay) {
         _updateRate = rate;
-        writer->cacheProperty(className, objectName(), "sampleRate", rate, _initFlag);
+        remember("sampleRate", rate);
     }
     TimerModerator::requestTimer(this, rate);
     _pause = false;
+}
+
+void OstrelBase::remember(const char* property, const QVariant& value) {
+    writer->cacheProperty(className, objectName(), QString::fromLatin1(property), value, _initFlag);
+}
+
+void OstrelBase::rememberFont(const char* property, const QFont& font) {
+    writer->cachePropertyFont(className, objectName(), QString::fromLatin1(property), font, _initFlag);
+}
+
+void OstrelBase::takeParentColor(const QEvent* event) {
+    if (event->type() != QEvent::PaletteChange || !parentWidget())
+        return;
+    _color = parentWidget()->palette().text().color();
+    _lastPreFlashColor = _color;
 }
 
 QString OstrelBase::getGroup() const {
@@ -79,7 +96,7 @@ void OstrelBase::setGroup(const QString& group) {
     if (group == _group)
         return;
     _group = group;
-    writer->cacheProperty(className, objectName(), "group", group, _initFlag);
+    remember("group", group);
 }
 
 bool OstrelBase::okToRun() {
@@ -88,7 +105,7 @@ bool OstrelBase::okToRun() {
 
 void OstrelBase::setDDEnabled(const bool& enabled) {
     _dragAndDropEnabled = enabled;
-    writer->cacheProperty(className, objectName(), "dragAndDropEnabled", enabled, _initFlag);
+    remember("dragAndDropEnabled", enabled);
 }
 
 bool OstrelBase::allowsWriteAcess() {
@@ -105,11 +122,11 @@ void OstrelBase::setDisplayAlias(const bool& shown) {
     _displayAlias = shown;
     if (_ptr)
         setName(_name);
-    writer->cacheProperty(className, objectName(), "displayAlias", shown, _initFlag);
+    remember("displayAlias", shown);
 }
 
 void OstrelBase::setLockVariable(bool lock) {
-    writer->cacheProperty(className, objectName(), "lockedVariable", lock, _initFlag);
+    remember("lockedVariable", lock);
     _lockVariable = lock;
 }
 

@@ -149,8 +149,17 @@ protected:
     QString* getUpdatedStrValue(bool hideUnits, char* display_format, char* units, double cValue);
     // Applies the limit colour, and finishes the first load of the widget.
     void checkStatus(bool startup);
-    // Points the typed pointer of the bound record's kind at it.
+    // Points the typed pointer of the bound record's kind at it, and takes the format of a selected member.
     RecordView viewRecord();
+    // True when the widget's typed pointers were made of another record than the present one: it must bind again.
+    bool isBoundElsewhere() const { return ptrToOstrelVarChanged() || _ptr != m_viewedRecord; }
+    // Whether a tick is for sampling, and now.
+    bool isMyTick(int interval) const { return interval == getSampleRate() && !_pause && !_cfg_in_progress; }
+    // Hand a property to the form writer, as the operator's change once the widget has finished its first loading.
+    void remember(const char* property, const QVariant& value);
+    void rememberFont(const char* property, const QFont& font);
+    // At a change of the palette takes the parent's text colour as the widget's own, for the next sample.
+    void takeParentColor(const QEvent* event);
 
     int _updateRate = 0;
     QColor _color;
@@ -235,11 +244,14 @@ protected:
     QString _real_name;
 
 private:
+    const void* m_viewedRecord = nullptr;  // of the last viewRecord(); to compare, never to follow
+
     // What a sample leaves in updateFirst_.
     enum class Refresh { Done, Again, AsBefore };
 
     bool namesDifferInMember() const;
     void endReconfiguration();
+    void takeMemberFormat(const char* format);
     QString* sampleByKind(bool hideUnits);
     QString* sampleReal(short statusWord, double value, char (&format)[8], char (&units)[16], bool hideUnits);
     template <class Member>

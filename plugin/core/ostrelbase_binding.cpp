@@ -149,7 +149,7 @@ void OstrelBase::updateUIName(VAR_FIND_STATUS status, const QString& name, bool 
         return;
     if (!(FORCE && !_first_write) && status != VARIABLE_CHANGED && name != notSet)
         return;
-    writer->cacheProperty(className, objectName(), "name", name, _initFlag);
+    remember("name", name);
     SHARED_MEMORY found{};
     if (!_first_write && findVariable(name, &found))
         _first_write = true;
@@ -247,9 +247,15 @@ bool OstrelBase::ptrToOstrelVarChanged() const {
     }
 }
 
+void OstrelBase::takeMemberFormat(const char* format) {
+    if (format)
+        copyText(formatString, QByteArray(format, static_cast<int>(strnlen(format, sizeof(formatString)))));
+}
+
 RecordView OstrelBase::viewRecord() {
     RecordView view;
     view.known = true;
+    m_viewedRecord = _ptr;
     switch (_mem.vari_type) {
         case REAL_TYPE:
             rptr = static_cast<REAL_VARIABLE*>(_ptr);
@@ -271,22 +277,22 @@ RecordView OstrelBase::viewRecord() {
         case STAT_TYPE:
             sptr = static_cast<STAT_VARIABLE*>(_ptr);
             view.limits = &sptr->limit_status;
-            view.memberFormat = get_stat_format(sptr, _mem.stat_member);
+            takeMemberFormat(get_stat_format(sptr, _mem.stat_member));
             break;
         case COMP_TYPE:
             cptr = static_cast<COMP_VARIABLE*>(_ptr);
             view.limits = &cptr->limit_status;
-            view.memberFormat = get_comp_format(cptr, _mem.comp_member);
+            takeMemberFormat(get_comp_format(cptr, _mem.comp_member));
             break;
         case PROP_TYPE:
             prptr = static_cast<PROP_VARIABLE*>(_ptr);
             view.limits = &prptr->limit_status;
-            view.memberFormat = get_prop_format(prptr, _mem.prop_member);
+            takeMemberFormat(get_prop_format(prptr, _mem.prop_member));
             break;
         case EMIS_TYPE:
             eptr = static_cast<EMIS_VARIABLE*>(_ptr);
             view.limits = &eptr->limit_status;
-            view.memberFormat = get_emis_format(eptr, _mem.emis_member);
+            takeMemberFormat(get_emis_format(eptr, _mem.emis_member));
             break;
         case REAL_ARRAY_TYPE:
             raptr = static_cast<REAL_ARRAY_VARIABLE*>(_ptr);

@@ -14,14 +14,15 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
-#include <vector>
+#include <cstddef>
+#include <cstring>
 
 #include "core/ostrelbase.h"
 #include "properties/mycontroller.h"
 #include "selection/unitsdialog.h"
 #include "selection/variableselectiondialog.h"
 #include "variables/names.h"
-#include "variables/recordtext.h"
+#include "variables/unitslist.h"
 
 namespace {
 
@@ -60,21 +61,13 @@ QString chosenName(QWidget* widget, const VariableSelectionDialog& dialog, const
 // The choice that stands for a variable's own units.
 const QString ownUnits = QStringLiteral("default");
 
-// The keywords that fit the units of the record; false where those have no dimension.
+// Real and integer records have their units at the same place, and those of every other kind are read there too.
 bool listCompatibleUnits(const void* record, QStringList* list) {
-    constexpr short room = 30;
-    // Real and integer records have their units there.
     constexpr size_t unitsOffset = offsetof(REAL_VARIABLE, units);
     static_assert(unitsOffset == 160 && unitsOffset == offsetof(INTEGER_VARIABLE, units));
-    UNITS_NAME units;
+    char units[sizeof(UNITS_NAME)];
     std::memcpy(units, static_cast<const char*>(record) + unitsOffset, sizeof(units));
-    std::vector<std::array<char, sizeof(UNITS_NAME)>> keywords(room);
-    short num_keywords = room;
-    if (LV_get_units2(UnitKeyword(units).text(), &num_keywords, reinterpret_cast<UNITS_NAME*>(keywords.data())) == -1)
-        return false;
-    for (size_t i = 0; i < keywords.size() && static_cast<short>(i) < num_keywords; ++i)
-        list->append(QString::fromLatin1(keywords[i].data(), static_cast<int>(strnlen(keywords[i].data(), 16))));
-    return true;
+    return listCompatibleUnits(units, list);
 }
 
 }  // namespace

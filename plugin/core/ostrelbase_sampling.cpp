@@ -7,8 +7,10 @@
 
 #include "core/ostrelbase.h"
 #include "fabric/timermoderator.h"
+#include "variables/logicalstate.h"
 #include "variables/names.h"
 #include "variables/recordtext.h"
+#include "variables/statuscolour.h"
 #include "variables/valuetext.h"
 
 namespace {
@@ -24,27 +26,14 @@ bool isMember(int member, int count) {
     return member >= 0 && member < count;
 }
 
-QColor limitColor(int code, const QPalette& palette) {
-    switch (code) {
-        case 0:
-            return palette.text().color();
-        case 256:
-            return Qt::blue;
-        case 512:
-            return Qt::green;
-        case 768:
-            return Qt::cyan;
-        case 1024:
-            return Qt::red;
-        case 1280:
-            return Qt::magenta;
-        case 1536:
-            return Qt::yellow;
-        case 1792:
-            return Qt::white;
-        default:
-            return transparent;
-    }
+QColor limitColor(int word, const QPalette& palette) {
+    const StatusColour colour = statusColour(word);
+    if (!colour.isKnown)
+        return transparent;
+    if (!colour.red && !colour.green && !colour.blue)
+        return palette.text().color();
+    constexpr int full = 255;
+    return QColor(colour.red ? full : 0, colour.green ? full : 0, colour.blue ? full : 0);
 }
 
 // The length of the number, without the units behind it.
@@ -214,10 +203,8 @@ bool OstrelBase::converted(int code) const {
 QString* OstrelBase::sampleLogical() {
     limitColorCode = lptr->status;
     const bool value = lptr->value != 0;
-    const QString text = value ? recordText(lptr->true_state) : recordText(lptr->false_state);
     updateFirst_ = false;
-    if (svalue != text)
-        svalue = text;
+    takeStateText(*lptr, value, &svalue);
     _llastValue = value;
     return &svalue;
 }
@@ -226,7 +213,7 @@ QString* OstrelBase::sampleLogicalElement() {
     limitColorCode = lamptr->status;
     const bool value = lamptr->value != 0;
     updateFirst_ = false;
-    svalue = value ? recordText(laptr->true_state) : recordText(laptr->false_state);
+    svalue = stateText(*laptr, value);
     if (svalue.isEmpty())
         svalue = value ? QStringLiteral("TRUE") : QStringLiteral("FALSE");
     _llastValue = value;
@@ -253,10 +240,10 @@ QString* OstrelBase::getUpdatedStrValue(bool hideUnits, char* display_format, ch
 }
 
 QColor OstrelBase::getOstrelLimitColors(bool& blink) {
-    blink = (limitColorCode & 1) != 0;
+    blink = asksForBlinking(limitColorCode);
     // Asked for once: a widget works its palette's group out anew each time.
     const QPalette& colors = palette();
-    const QColor color = limitColor(limitColorCode & ~1, colors);
+    const QColor color = limitColor(limitColorCode, colors);
     // A limit colour must never vanish into the background.
     return color == colors.window().color() ? color.darker(200) : color;
 }

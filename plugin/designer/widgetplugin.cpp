@@ -2,26 +2,27 @@
 
 #include <QIcon>
 
-namespace {
-
-const char* formText(WidgetDescription::Form form) {
-    switch (form) {
-        case WidgetDescription::Form::Named:
-            return "<widget class=\"%1\" name=\"%1\">\n<property name=\"name\">\n<string>not_set</string>\n"
-                   "</property>\n</widget>\n";
-        case WidgetDescription::Form::NamedCompact:
-            return "<widget class=\"%1\" name=\"%1\">\n<property name=\"name\">\n<string>not_set</string>\n"
-                   "</property></widget>\n";
-        case WidgetDescription::Form::Container:
-            return "<widget class=\"%1\" name=\"%1\">\n<property name=\"name\">\n<string>not_set</string>\n"
-                   "</property>\n<layout class=\"QGridLayout\" name=\"gridLayout\">\n</layout>\n</widget>";
-        case WidgetDescription::Form::Plain:
+QString formText(const WidgetDescription& description) {
+    const char* const objectName = description.objectName ? description.objectName : description.name;
+    QString text = QStringLiteral("<widget class=\"%1\" name=\"%2\">\n")
+                       .arg(QLatin1String(description.name), QLatin1String(objectName));
+    for (const PresetProperty& preset : description.presets) {
+        if (!preset.name)
             break;
+        text += QStringLiteral("<property name=\"%1\">\n<%2>%3</%2>\n</property>\n")
+                    .arg(QLatin1String(preset.name), QLatin1String(preset.type), QLatin1String(preset.value));
     }
-    return "<widget class=\"%1\" name=\"%1\">\n</widget>\n";
+    switch (description.ending) {
+        case WidgetDescription::Ending::Lines:
+            return text + QStringLiteral("</widget>\n");
+        case WidgetDescription::Ending::Compact:
+            text.chop(1);
+            return text + QStringLiteral("</widget>\n");
+        case WidgetDescription::Ending::Grid:
+            return text + QStringLiteral("<layout class=\"QGridLayout\" name=\"gridLayout\">\n</layout>\n</widget>");
+    }
+    return text;
 }
-
-}  // namespace
 
 WidgetPlugin::WidgetPlugin(const WidgetDescription& description, QObject* parent)
     : QObject(parent), m_description(description) {}
@@ -41,11 +42,11 @@ QIcon WidgetPlugin::icon() const {
 }
 
 QString WidgetPlugin::domXml() const {
-    return QString::fromLatin1(formText(m_description.form)).arg(name());
+    return formText(m_description);
 }
 
 QString WidgetPlugin::group() const {
-    return QStringLiteral("Ostrel");
+    return QLatin1String(m_description.group);
 }
 
 QString WidgetPlugin::includeFile() const {

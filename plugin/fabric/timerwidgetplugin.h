@@ -10,7 +10,6 @@ class Q_DECL_EXPORT TimerWidgetPlugin : public WidgetPlugin {
 
 public:
     explicit TimerWidgetPlugin(QObject* parent = nullptr);
-    QString domXml() const override;
     QWidget* createWidget(QWidget* parent) override;
 };
 

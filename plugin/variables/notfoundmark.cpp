@@ -1,6 +1,8 @@
 #include "variables/notfoundmark.h"
 
+#include <QLabel>
 #include <QPixmap>
+#include <utility>
 
 namespace {
 
@@ -14,13 +16,34 @@ const QPixmap& picture() {
 
 }  // namespace
 
-void showNotFoundMark(bool show, QLabel* iconLabel, QWidget* tipOwner, const QString& toolTip) {
-    if (show)
-        iconLabel->setPixmap(picture());
-    iconLabel->setVisible(show);
-    showNotFoundToolTip(show, tipOwner, toolTip);
+NotFoundMark::NotFoundMark(QLabel* icon, QVector<QWidget*> tipOwners)
+    : m_icon(icon), m_tipOwners(std::move(tipOwners)) {
+    m_icon->hide();
 }
 
-void showNotFoundToolTip(bool show, QWidget* tipOwner, const QString& toolTip) {
-    tipOwner->setToolTip(show ? QStringLiteral("VARIABLE NOT FOUND") : toolTip);
+void NotFoundMark::show(bool shown) {
+    if (shown)
+        m_icon->setPixmap(picture());
+    m_icon->setVisible(shown);
+    m_isShown = shown;
+    showWords(shown);
+}
+
+void NotFoundMark::hidePicture() {
+    m_icon->hide();
+    m_isShown = false;
+}
+
+void NotFoundMark::showWords(bool shown) {
+    showInstead(shown ? QStringLiteral("VARIABLE NOT FOUND") : m_toolTip);
+}
+
+void NotFoundMark::setToolTip(const QString& text) {
+    m_toolTip = text;
+    showWords(m_isShown);
+}
+
+void NotFoundMark::showInstead(const QString& text) {
+    for (QWidget* owner : m_tipOwners)
+        owner->setToolTip(text);
 }

@@ -23,6 +23,15 @@ bool isRecordText(const QString& text, const char (&field)[size]) {
     return text.size() == length;
 }
 
+// Takes the field's text; false where `text` is that already. A null text is none: it differs even from an empty one.
+template <size_t size>
+bool takeRecordText(const char (&field)[size], QString* text) {
+    if (!text->isNull() && isRecordText(*text, field))
+        return false;
+    *text = recordText(field);
+    return true;
+}
+
 // A unit keyword for the units service, which wants a terminating zero also behind one that fills its field.
 class UnitKeyword {
 public:

@@ -6,10 +6,9 @@
 
 // What a bound record offers its widget. Null where its kind has no such thing.
 struct RecordView {
-    bool known = false;                  // a kind that can be sampled
-    const char (*units)[16] = nullptr;   // the variable's own units
-    LIMIT_STATUS* limits = nullptr;      // limit bits of the record or the array element
-    const char* memberFormat = nullptr;  // printf format of the selected member
+    bool known = false;                 // a kind that can be sampled
+    const char (*units)[16] = nullptr;  // the variable's own units
+    LIMIT_STATUS* limits = nullptr;     // limit bits of the record or the array element
 };
 
 #endif

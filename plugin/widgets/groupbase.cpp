@@ -1,7 +1,6 @@
 #include "widgets/groupbase.h"
 
 #include <ostrel-display/qdwindow.h>
-#include <ostrel-display/uifilewriter.h>
 #include <ostrel/store.h>
 
 #include <QAction>
@@ -10,29 +9,20 @@
 #include <QGridLayout>
 
 #include "groupfile/groupfile.h"
-#include "hostlink/formwriter.h"
 #include "hostlink/globals.h"
-#include "properties/mycontroller.h"
 
 QDWindow* displayWindow = nullptr;
 bool Display_QD_Window = false;
 
-GroupBase::GroupBase(QWidget* parent) : QGroupBox(parent) {}
+GroupBase::GroupBase(QWidget* parent, const char* widgetClass) : QGroupBox(parent), memory(this, widgetClass) {}
 
 GroupBase::~GroupBase() = default;
 
-void GroupBase::startAs(const char* widgetClass) {
-    className = QLatin1String(widgetClass);
-    ensureFormWriter();
-}
-
 void GroupBase::addMenu(const char* propertiesSlot, const char* displaySlot) {
-    viewPropertiesAction = new QAction(tr("Edit Properties"), this);
-    connect(viewPropertiesAction, SIGNAL(triggered()), this, propertiesSlot);
-    viewDisplay = new QAction(tr("Edit Display"), this);
-    connect(viewDisplay, SIGNAL(triggered()), this, displaySlot);
-    addActions({viewPropertiesAction, viewDisplay});
-    setContextMenuPolicy(Qt::ActionsContextMenu);
+    memory.addMenuEntry(propertiesSlot);
+    auto* editDisplay = new QAction(tr("Edit Display"), this);
+    connect(editDisplay, SIGNAL(triggered()), this, displaySlot);
+    addAction(editDisplay);
 }
 
 // By the names of signals and slots: the display's object is known by nothing else.
@@ -46,34 +36,20 @@ bool GroupBase::eventFilter(QObject* o, QEvent* e) {
     return o->event(e);
 }
 
-void GroupBase::remember(const char* property, const QVariant& value) {
-    writer->cacheProperty(className, objectName(), QLatin1String(property), value, initFlag);
-}
-
-void GroupBase::rememberLive(const char* property, const QVariant& value) {
-    if (initFlag)
-        remember(property, value);
-}
-
-void GroupBase::rememberFontLive(const char* property, const QFont& font) {
-    if (initFlag)
-        writer->cachePropertyFont(className, objectName(), QLatin1String(property), font, initFlag);
-}
-
 void GroupBase::setMyTitle(const QString& title) {
     setTitle(title);
-    rememberLive("title", title);
+    memory.rememberLive("title", title);
 }
 
 void GroupBase::setToolTipString(const QString& toolTip) {
     setToolTip(toolTip);
-    rememberLive("toolTip", toolTip);
+    memory.rememberLive("toolTip", toolTip);
 }
 
 // Kept: forms have the name as the family of a font.
 void GroupBase::setName(const QString& newName) {
     name = newName;
-    rememberFontLive("name", QFont(newName));
+    memory.rememberFontLive("name", QFont(newName));
 }
 
 void GroupBase::applyFont(const QFont& font) {
@@ -86,13 +62,13 @@ void GroupBase::applyBackColor(const QColor& color) {
     QPalette colors = palette();
     colors.setBrush(QPalette::Window, QBrush(gBackColor));
     setPalette(colors);
-    rememberLive("gBackColor", gBackColor);
+    memory.rememberLive("gBackColor", gBackColor);
 }
 
 void GroupBase::setOrientation(const Qt::Orientation& ori) {
     const bool differs = orientation != ori;
     orientation = ori;
-    remember("SimpleValueOrientation", ori);
+    memory.remember("SimpleValueOrientation", ori);
     if (differs)
         setFileName(fileName);
 }
@@ -115,7 +91,7 @@ void GroupBase::setFileName(const QString& fn) {
     resize(size());
     updateGeometry();
     fileName = fn;
-    remember("FileName", fileName);
+    memory.remember("FileName", fileName);
     initLayout = true;
 }
 
@@ -166,13 +142,6 @@ void GroupBase::saveNames() {
         variables.append({varNames[i], varRow[i], varCol[i]});
     saveGroup(fileName, writeGroup(title(), variables));
     namesChanged = false;
-}
-
-// The dialog stays a child of the group box; each opening makes another one.
-void GroupBase::openProperties() {
-    auto* dialog = new MyController(this, className, false);
-    initFlag = true;
-    dialog->show();
 }
 
 void GroupBase::openEditor(const char* closedSlot) {

@@ -11,7 +11,8 @@
 #include <QString>
 #include <QStringList>
 
-class QAction;
+#include "core/formmemory.h"
+
 class QDWindow;
 class QGridLayout;
 
@@ -48,19 +49,17 @@ public:
     void setName(const QString& newName);
 
 protected:
-    explicit GroupBase(QWidget* parent);
+    GroupBase(QWidget* parent, const char* widgetClass);
 
     // The context menu; not in a remote display.
     virtual void initContextMenu() = 0;
     // Makes the read-out of one variable of the file, with everything set but its place in the grid.
     virtual QWidget* makeValue(const QString& variable, int row, int column) = 0;
 
-    // The steps of a construction before and after the form is built.
-    void startAs(const char* widgetClass);
+    // The steps of a construction after the form is built.
     void addMenu(const char* propertiesSlot, const char* displaySlot);
     void connectToDisplay(const char* saveSlot, const char* toggleSlot);
 
-    void openProperties();
     void openEditor(const char* closedSlot);
     void editorClosed(const QString& editedFile, const char* closedSlot);
     void saveNames();
@@ -75,12 +74,7 @@ protected:
     void leadVariable();
     void writeToggle(bool on);
 
-    // Hand a property to the form writer: at once, or only after "Edit Properties" was used.
-    void remember(const char* property, const QVariant& value);
-    void rememberLive(const char* property, const QVariant& value);
-    void rememberFontLive(const char* property, const QFont& font);
-
-    bool initFlag = false;      // the properties were opened: changes from now on are the operator's
+    FormMemory memory;
     bool namesChanged = false;  // a read-out shows another variable than the group file says
     bool valid_logi = false;    // the check box may write to *lptr
     QColor textColor;
@@ -96,9 +90,6 @@ private:
     QString name;
     QColor gBackColor;
     QFont grpFont;
-    QString className;
-    QAction* viewPropertiesAction = nullptr;
-    QAction* viewDisplay = nullptr;
     QString fileName;
     // What the last load was asked for, successful or not.
     Qt::Orientation last_orientation = Qt::Horizontal;

@@ -1,12 +1,13 @@
 #include "widgets/simplevaluebase.h"
 
-#include <ostrel-display/uifilewriter.h>
 #include <ostrel/store.h>
 
 #include <QMessageBox>
 #include <QResizeEvent>
 
 #include "fabric/timermoderator.h"
+#include "variables/logicalstate.h"
+#include "variables/namechoice.h"
 #include "variables/names.h"
 #include "variables/notfoundmark.h"
 #include "variables/recordtext.h"
@@ -26,6 +27,8 @@ void setTextInPlace(QLabel& label, const QString& text) {
 
 SimpleValueBase::SimpleValueBase(QWidget* parent) : OstrelBase(parent) {}
 
+SimpleValueBase::~SimpleValueBase() = default;
+
 void SimpleValueBase::startAs(const QString& name) {
     _color = palette().text().color();
     setHideName(m_hideName);
@@ -36,20 +39,17 @@ void SimpleValueBase::startAs(const QString& name) {
     className.append(name);
     flashOn = false;
     _readOnlyString = true;
-    m_parts->iconLabel->hide();
-    iconShown = false;
+    // Placing the parts looked for the empty name.
+    m_mark->hidePicture();
     _varType = QT_OSTREL_ANY;
 }
 
+void SimpleValueBase::useParts(const ReadoutParts& parts) {
+    m_parts = &parts;
+    m_mark = std::make_unique<NotFoundMark>(parts.iconLabel, QVector<QWidget*>{parts.frame});
+}
+
 // ---- Properties ----
-
-void SimpleValueBase::remember(const char* property, const QVariant& value) {
-    writer->cacheProperty(className, objectName(), QString::fromLatin1(property), value, _initFlag);
-}
-
-void SimpleValueBase::rememberFont(const char* property, const QFont& font) {
-    writer->cachePropertyFont(className, objectName(), QString::fromLatin1(property), font, _initFlag);
-}
 
 void SimpleValueBase::setValueFont(const QFont& font) {
     m_parts->value->setFont(font);
@@ -99,10 +99,9 @@ void SimpleValueBase::setNameMaxWidth(int width) {
 }
 
 void SimpleValueBase::setToolTipString(const QString& toolTip) {
-    _widgetToolTip = toolTip;
-    showToolTip();
-    if (iconShown)
-        showVarNotFoundToolTip(true);
+    m_mark->setToolTip(toolTip);
+    if (!m_mark->isShown())
+        showToolTip();
     remember("toolTip", toolTip);
 }
 
@@ -128,7 +127,7 @@ void SimpleValueBase::placed() {
 
 // ---- Binding ----
 
-int SimpleValueBase::isValidVarType(const QString& name) const {
+VariableAcceptance SimpleValueBase::isValidVarType(const QString& name) const {
     return acceptVariable(name, {REAL_TYPE, INT_TYPE, LOGI_TYPE, STRING_TYPE, STAT_TYPE, COMP_TYPE, PROP_TYPE,
                                  EMIS_TYPE, REAL_ARRAY_TYPE, INT_ARRAY_TYPE, STRING_ARRAY_TYPE, LOGI_ARRAY_TYPE});
 }
@@ -138,25 +137,20 @@ void SimpleValueBase::setName(const QString& name) {
 }
 
 void SimpleValueBase::bind(const QString& name) {
-    const int validVarType = isValidVarType(name);
-    const QString name_used = validVarType == VariableRefused ? _name : name;
-    const bool missing = validVarType == VariableUnknown && name_used != notSet;
+    const NameChoice choice = chooseName(name, _name, isValidVarType(name));
     // A mark that is not shown takes no tool tip away.
-    if (missing || iconShown)
-        showVarNotFoundToolTip(missing);
-
-    VAR_FIND_STATUS status = setupVariable(name_used);
-    const bool moved = ptrToOstrelVarChanged() || _ptr != m_boundRecord;
+    if (choice.isMissing || m_mark->isShown())
+        m_mark->show(choice.isMissing);
+    VAR_FIND_STATUS status = setupVariable(choice.name);
     if (status == VARIABLE_NOTFOUND)
-        showMissing(name_used);
-    else if (status == VARIABLE_FOUND && !unitsChanged && !moved)
+        showMissing(choice.name);
+    else if (status == VARIABLE_FOUND && !unitsChanged && !isBoundElsewhere())
         m_parts->name->setText(_name);
     else
         status = rebind(status);
-
-    if (_name != _oldName && !name_used.isEmpty() && (status == VARIABLE_CHANGED || name_used == notSet))
-        tellName(name_used);
-    updateUIName(status, name_used, false);
+    if (_name != _oldName && !choice.name.isEmpty() && (status == VARIABLE_CHANGED || choice.name == notSet))
+        tellName(choice.name);
+    updateUIName(status, choice.name, false);
     resize(size());
     sampleValue(true);
     update();
@@ -169,7 +163,7 @@ void SimpleValueBase::showMissing(const QString& asked) {
         m_parts->name->setText(_name);
     m_parts->value->setText(QStringLiteral("  -"));
     clearMem();
-    showNotFoundToolTip(true, m_parts->frame, QString());
+    m_mark->showWords(true);
     _slastValue.clear();
     TimerModerator::releaseFromTimer(this, getSampleRate());
 }
@@ -180,10 +174,9 @@ VAR_FIND_STATUS SimpleValueBase::rebind(VAR_FIND_STATUS status) {
         TimerModerator::releaseFromTimer(this);
     }
     updateFirst_ = true;
-    m_boundRecord = _ptr;
     const RecordView view = viewRecord();
     if (!view.known) {
-        showNotFoundToolTip(true, m_parts->frame, QString());
+        m_mark->showWords(true);
         return VARIABLE_NOTFOUND;
     }
     if (view.units)
@@ -192,9 +185,6 @@ VAR_FIND_STATUS SimpleValueBase::rebind(VAR_FIND_STATUS status) {
     const SM_VARI_TYPE kind = _mem.vari_type;
     if (!isLogical())
         _checkLimit = kind != STRING_TYPE && kind != STRING_ARRAY_TYPE;
-    if (view.memberFormat)
-        copyText(formatString,
-                 QByteArray(view.memberFormat, static_cast<int>(strnlen(view.memberFormat, sizeof(formatString)))));
     showFirst();
     bound();
     TimerModerator::requestTimer(this, getSampleRate());
@@ -207,9 +197,9 @@ void SimpleValueBase::showFirst() {
         // The states' texts are the array's; each element has its own value.
         const bool on = _mem.vari_type == LOGI_TYPE ? lptr->value != 0 : memberIsTrue();
         if (_mem.vari_type == LOGI_TYPE)
-            svalue = on ? recordText(lptr->true_state) : recordText(lptr->false_state);
+            svalue = stateText(*lptr, on);
         else
-            svalue = on ? recordText(laptr->true_state) : recordText(laptr->false_state);
+            svalue = stateText(*laptr, on);
         showValue(svalue);
         _llastValue = on;
     }
@@ -233,18 +223,17 @@ QString SimpleValueBase::nameUnit() const {
 }
 
 void SimpleValueBase::showToolTip() {
-    m_parts->frame->setToolTip(_widgetToolTip.isEmpty() && !isLogical() ? nameUnit() : _widgetToolTip);
+    m_mark->showInstead(getToolTip().isEmpty() && !isLogical() ? nameUnit() : getToolTip());
 }
 
-void SimpleValueBase::showVarNotFoundToolTip(bool show) {
-    showNotFoundMark(show, m_parts->iconLabel, m_parts->frame, _widgetToolTip);
-    iconShown = show;
+QString SimpleValueBase::getToolTip() const {
+    return m_mark->toolTip();
 }
 
 // ---- Sampling ----
 
 void SimpleValueBase::takeTick(int interval) {
-    if (interval == getSampleRate() && !_pause && !_cfg_in_progress)
+    if (isMyTick(interval))
         sampleValue(false);
     if (interval == flashInterval)
         flash();
@@ -274,9 +263,7 @@ void SimpleValueBase::sampleValue(bool startup) {
 void SimpleValueBase::sampleState() {
     limitColorCode = lptr->status;
     const bool on = lptr->value != 0;
-    const auto& text = on ? lptr->true_state : lptr->false_state;
-    if (!isRecordText(svalue, text)) {
-        svalue = recordText(text);
+    if (takeStateText(*lptr, on, &svalue)) {
         showValue(svalue);
         stateChanged(on);
     }
@@ -287,11 +274,11 @@ void SimpleValueBase::sampleState() {
 template <size_t length>
 void SimpleValueBase::sampleText(short statusWord, const char (&text)[length]) {
     limitColorCode = statusWord;
-    if (!updateFirst_ && isRecordText(_slastValue, text))
-        return;
+    if (updateFirst_)
+        _slastValue = QString();
     updateFirst_ = false;
-    _slastValue = recordText(text);
-    showValue(_slastValue);
+    if (takeRecordText(text, &_slastValue))
+        showValue(_slastValue);
 }
 
 void SimpleValueBase::sampleNumber() {
@@ -332,13 +319,6 @@ void SimpleValueBase::setColor(const QColor& color) {
     QPalette coloured = m_parts->value->palette();
     coloured.setBrush(QPalette::Text, QBrush(color));
     m_parts->value->setPalette(coloured);
-}
-
-void SimpleValueBase::followPalette(const QEvent* event) {
-    if (event->type() != QEvent::PaletteChange || !parentWidget())
-        return;
-    _color = parentWidget()->palette().text().color();
-    _lastPreFlashColor = _color;
 }
 
 QColor SimpleValueBase::switchColor(const QColor& textC) const {

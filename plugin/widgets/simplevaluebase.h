@@ -2,8 +2,12 @@
 #ifndef OSTREL_WIDGETS_SIMPLEVALUEBASE_H
 #define OSTREL_WIDGETS_SIMPLEVALUEBASE_H
 
+#include <memory>
+
 #include "core/ostrelbase.h"
 #include "readoutparts.h"
+
+class NotFoundMark;
 
 // It has no meta-object of its own: the meta-object of each read-out derives from OstrelBase's directly. Properties,
 // signals and slots are declared by the read-outs, which differ in them.
@@ -25,7 +29,7 @@ public:
     int getNameMaxWidth() const { return m_nameMaxWidth; }
     void setNameMaxWidth(int width);
     // The operator's help. Without one a number tells its name and units.
-    QString getToolTip() const { return _widgetToolTip; }
+    QString getToolTip() const;
     void setToolTipString(const QString& toolTip);
 
     // The text on the screen.
@@ -45,11 +49,12 @@ public:
 
 protected:
     explicit SimpleValueBase(QWidget* parent);
+    ~SimpleValueBase() override;
 
     void resizeEvent(QResizeEvent* event) override;
 
     // The form of the widget; told before anything else.
-    void useParts(const ReadoutParts& parts) { m_parts = &parts; }
+    void useParts(const ReadoutParts& parts);
     // The end of a construction: from now on the widget is known as `name` to the form writer.
     void startAs(const QString& name);
 
@@ -58,19 +63,14 @@ protected:
     void takeTick(int interval);
     // Takes the decimals that a number is shown with, and shows it with them.
     void showResolution(int decimals);
-    void followPalette(const QEvent* event);
 
-    int isValidVarType(const QString& name) const;
-    void showVarNotFoundToolTip(bool show);
+    VariableAcceptance isValidVarType(const QString& name) const;
     void showToolTip();
     // Shows a text in the value's label, without the spaces around it.
     void showValue(const QString& text);
     // Prepares the value for double clicks, and the next setName() for a new binding. Called when the parts were
     // placed.
     void placed();
-    // Hand a property to the form writer.
-    void remember(const char* property, const QVariant& value);
-    void rememberFont(const char* property, const QFont& font);
 
     // Steps that one of the read-outs adds: the widget found its variable, or lost it; a logical variable changed.
     virtual void bound() {}
@@ -86,9 +86,8 @@ protected:
     int m_col = -1;
     Qt::Alignment m_nameAlignment = Qt::AlignRight;
     int m_nameMaxWidth = 700;
-    QString _widgetToolTip;
     QString myUnits;
-    bool iconShown = false;
+    std::unique_ptr<NotFoundMark> m_mark;
     int m_resolution = 0;  // decimals forced on a number; 0 for the variable's own format
 
 private:
@@ -104,8 +103,6 @@ private:
     void sampleNumber();
 
     const ReadoutParts* m_parts = nullptr;
-    // The record that the typed pointers lead to: the store may have given the variable another one since.
-    const void* m_boundRecord = nullptr;
 };
 
 #endif

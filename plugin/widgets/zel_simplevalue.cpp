@@ -56,7 +56,7 @@ void ZelSimpleValue::ostrelTimerEvent(int interval) {
 }
 
 void ZelSimpleValue::changeEvent(QEvent* event) {
-    followPalette(event);
+    takeParentColor(event);
 }
 
 void ZelSimpleValue::sample(bool startup) {

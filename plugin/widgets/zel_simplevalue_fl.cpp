@@ -5,15 +5,9 @@
 #include <QFontMetrics>
 #include <algorithm>
 
+#include "variables/notfoundmark.h"
+#include "widgets/coloursheet.h"
 #include "widgets/uimanager.h"
-
-namespace {
-
-QString sheet(const char* pattern, const QColor& color) {
-    return QString::fromLatin1(pattern).arg(color.red()).arg(color.green()).arg(color.blue());
-}
-
-}  // namespace
 
 ZelSimpleValue_fl::ZelSimpleValue_fl(QWidget* parent) : SimpleValueBase(parent) {
     // Before there are children that would have to follow.
@@ -25,7 +19,7 @@ ZelSimpleValue_fl::ZelSimpleValue_fl(QWidget* parent) : SimpleValueBase(parent) 
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
     setValueAlignment(m_valueAlignment);
     setNameAlignment(m_nameAlignment);
-    showVarNotFoundToolTip(false);
+    m_mark->show(false);
 }
 
 ZelSimpleValue_fl::~ZelSimpleValue_fl() = default;
@@ -121,7 +115,7 @@ void ZelSimpleValue_fl::setValueMinWidth(int width) {
     m_valueMinWidth = width;
     ui->value->setMinimumWidth(width);
     const int value = ui->value->minimumWidth();
-    const int nameAndIcon = ui->name->minimumWidth() + (iconShown ? ui->iconLabel->minimumWidth() : 0);
+    const int nameAndIcon = ui->name->minimumWidth() + (m_mark->isShown() ? ui->iconLabel->minimumWidth() : 0);
     ui->frame->setMinimumWidth(m_horizontal ? value + nameAndIcon : std::max(nameAndIcon, value));
 }
 
@@ -143,7 +137,7 @@ void ZelSimpleValue_fl::setColor(const QColor& color) {
     palette.setColor(QPalette::Text, shown);
     ui->value->setPalette(palette);
     m_sheetColor = color;
-    m_sheet = sheet("QLabel { color: rgb(%1,%2,%3);}", color);
+    m_sheet = colourSheet("QLabel { color: rgb(%1,%2,%3);}", color);
     ui->value->setStyleSheet(m_sheet);
 }
 
@@ -163,12 +157,12 @@ void ZelSimpleValue_fl::setNameColor(const QColor& color) {
     setPalette(palette);
     ui->name->setPalette(palette);
     update();
-    ui->name->setStyleSheet(sheet("QLabel{ color: rgb(%1,%2,%3);}", color));
+    ui->name->setStyleSheet(colourSheet("QLabel{ color: rgb(%1,%2,%3);}", color));
 }
 
 void ZelSimpleValue_fl::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange)
-        followPalette(event);
+        takeParentColor(event);
     else
         QWidget::changeEvent(event);
 }
@@ -186,7 +180,7 @@ void ZelSimpleValue_fl::stateChanged(bool on) {
         return;
     if (ui->value->alignment() != m_valueAlignment)
         ui->value->setAlignment(m_valueAlignment);
-    ui->frame->setToolTip(_widgetToolTip);
+    m_mark->showInstead(m_mark->toolTip());
 }
 
 void ZelSimpleValue_fl::ostrelTimerEvent(int interval) {

@@ -210,7 +210,7 @@ void ZelSimpleValueChanIndex::changeChanIndex() {
 }
 
 void ZelSimpleValueChanIndex::changeEvent(QEvent* event) {
-    followPalette(event);
+    takeParentColor(event);
 }
 
 // ---- Sampling ----

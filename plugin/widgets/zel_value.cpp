@@ -1,6 +1,5 @@
 #include "widgets/zel_value.h"
 
-#include <ostrel-display/uifilewriter.h>
 #include <ostrel/store.h>
 
 #include <QApplication>
@@ -8,12 +7,13 @@
 
 #include "fabric/timermoderator.h"
 #include "ui_zel_value.h"
+#include "variables/namechoice.h"
 #include "variables/names.h"
 #include "variables/notfoundmark.h"
 #include "variables/recordtext.h"
 #include "variables/valueentry.h"
 
-ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
+ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(std::make_unique<Ui::ZelValue>()) {
     // Before there are children that would have to follow.
     setFont(QApplication::font());
     ui->setupUi(this);
@@ -34,40 +34,37 @@ ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(new Ui::ZelValue) {
     if (!RemoteDisplay)
         ui->value->installEventFilter(this);
     limit_status = nullptr;
-    m_readOnly = false;
-    ui->iconLabel->hide();
-    iconShown = false;
+    m_mark = std::make_unique<NotFoundMark>(ui->iconLabel, QVector<QWidget*>{ui->frame});
 }
 
-ZelValue::~ZelValue() {
-    delete ui;
-}
+ZelValue::~ZelValue() = default;
 
-int ZelValue::isValidVarType(const QString& name) const {
+VariableAcceptance ZelValue::isValidVarType(const QString& name) const {
     return acceptVariable(name, {REAL_TYPE, INT_TYPE, LOGI_TYPE, STAT_TYPE, COMP_TYPE, PROP_TYPE, EMIS_TYPE,
                                  REAL_ARRAY_TYPE, INT_ARRAY_TYPE, LOGI_ARRAY_TYPE});
 }
 
 void ZelValue::setName(const QString& name) {
-    const int validVarType = isValidVarType(name);
-    const QString name_used = validVarType == VariableRefused ? _name : name;
-    setIconShown(validVarType == VariableUnknown && name_used != notSet);
-
-    VAR_FIND_STATUS status = setupVariable(name_used);
-    if (status == VARIABLE_NOTFOUND) {
-        ui->value->setText(QStringLiteral("-"));
-        ui->units_label->setText(QString());
-        clearMem();
-        TimerModerator::releaseFromTimer(this, getSampleRate());
-    } else if (status == VARIABLE_FOUND && !unitsChanged && !ptrToOstrelVarChanged()) {
+    const NameChoice choice = chooseName(name, _name, isValidVarType(name));
+    m_mark->show(choice.isMissing);
+    VAR_FIND_STATUS status = setupVariable(choice.name);
+    if (status == VARIABLE_NOTFOUND)
+        showNothing();
+    else if (status == VARIABLE_FOUND && !unitsChanged && !isBoundElsewhere())
         ui->name->setText(_name);
-    } else {
+    else
         status = rebind(status);
-    }
-    updateUIName(status, name_used, false);
+    updateUIName(status, choice.name, false);
     resize(size());
     sample(true);
     update();
+}
+
+void ZelValue::showNothing() {
+    ui->value->setText(QStringLiteral("-"));
+    ui->units_label->setText(QString());
+    clearMem();
+    TimerModerator::releaseFromTimer(this, getSampleRate());
 }
 
 VAR_FIND_STATUS ZelValue::rebind(VAR_FIND_STATUS status) {
@@ -94,9 +91,6 @@ VAR_FIND_STATUS ZelValue::rebind(VAR_FIND_STATUS status) {
             }
             limit_status = view.limits;
             _checkLimit = _mem.vari_type != LOGI_TYPE;
-            if (view.memberFormat)
-                copyText(formatString, QByteArray(view.memberFormat,
-                                                  static_cast<int>(strnlen(view.memberFormat, sizeof(formatString)))));
             showNameAndUnits(view);
             break;
         }
@@ -120,7 +114,7 @@ void ZelValue::showNameAndUnits(const RecordView& view) {
 }
 
 void ZelValue::ostrelTimerEvent(int interval) {
-    if (interval == getSampleRate() && !_pause && !_cfg_in_progress)
+    if (isMyTick(interval))
         sample(false);
     if (interval == flashInterval)
         flash();
@@ -156,7 +150,7 @@ void ZelValue::setColor(const QColor& color) {
     palette.setColor(QPalette::Text, readable);
     _color = wanted;
     ui->value->setPalette(palette);
-    writer->cacheProperty(className, objectName(), "color", wanted, _initFlag);
+    remember("color", wanted);
 }
 
 void ZelValue::setBColor(QColor color) {
@@ -165,7 +159,7 @@ void ZelValue::setBColor(QColor color) {
     own.setColor(QPalette::Window, color);
     setPalette(own);
     ui->frame_bcolor->setPalette(own);
-    writer->cacheProperty(className, objectName(), "backColor", color, _initFlag);
+    remember("backColor", color);
 }
 
 void ZelValue::setMyFont(const QFont& font) {
@@ -175,7 +169,7 @@ void ZelValue::setMyFont(const QFont& font) {
 void ZelValue::setNameFont(const QFont& font) {
     ui->name->setFont(font);
     ui->units_label->setFont(font);
-    writer->cachePropertyFont(className, objectName(), "nameFont", font, _initFlag);
+    rememberFont("nameFont", font);
 }
 
 QFont ZelValue::getNameFont() const {
@@ -184,7 +178,7 @@ QFont ZelValue::getNameFont() const {
 
 void ZelValue::setValueFont(const QFont& font) {
     ui->value->setFont(font);
-    writer->cachePropertyFont(className, objectName(), "valueFont", font, _initFlag);
+    rememberFont("valueFont", font);
 }
 
 QFont ZelValue::getValueFont() const {
@@ -194,24 +188,16 @@ QFont ZelValue::getValueFont() const {
 void ZelValue::setReadOnly(bool readOnly) {
     ui->value->setReadOnly(readOnly);
     m_readOnly = readOnly;
-    writer->cacheProperty(className, objectName(), "readOnly", readOnly, _initFlag);
+    remember("readOnly", readOnly);
 }
 
 void ZelValue::setToolTip(const QString& toolTip) {
-    _toolTip = toolTip;
-    ui->frame->setToolTip(toolTip);
-    if (iconShown)
-        showVarNotFoundToolTip(true);
-    writer->cacheProperty(className, objectName(), "toolTip", toolTip, _initFlag);
+    m_mark->setToolTip(toolTip);
+    remember("toolTip", toolTip);
 }
 
-void ZelValue::showVarNotFoundToolTip(bool show) {
-    showNotFoundToolTip(show, ui->frame, _toolTip);
-}
-
-void ZelValue::setIconShown(bool show) {
-    showNotFoundMark(show, ui->iconLabel, ui->frame, _toolTip);
-    iconShown = show;
+QString ZelValue::getToolTip() const {
+    return m_mark->toolTip();
 }
 
 bool ZelValue::eventFilter(QObject* obj, QEvent* event) {

@@ -2,8 +2,11 @@
 #ifndef OSTREL_WIDGETS_ZEL_VALUE_H
 #define OSTREL_WIDGETS_ZEL_VALUE_H
 
+#include <memory>
+
 #include "core/ostrelbase.h"
 
+class NotFoundMark;
 namespace Ui {
 class ZelValue;
 }
@@ -44,7 +47,7 @@ public:
     QColor getBackColor() const { return _bcolor; }
     bool isReadOnly() const { return m_readOnly; }
     void setReadOnly(bool readOnly);
-    QString getToolTip() const { return _toolTip; }
+    QString getToolTip() const;
     void setToolTip(const QString& toolTip);
 
 public Q_SLOTS:
@@ -57,16 +60,14 @@ Q_SIGNALS:
     void closing(bool closed);
 
 private:
-    int isValidVarType(const QString& name) const;
-    void showVarNotFoundToolTip(bool show);
-    void setIconShown(bool show);
+    VariableAcceptance isValidVarType(const QString& name) const;
     VAR_FIND_STATUS rebind(VAR_FIND_STATUS status);
+    void showNothing();
     void showNameAndUnits(const RecordView& view);
-    void flipLogical();
 
-    Ui::ZelValue* ui;  // owned
+    std::unique_ptr<Ui::ZelValue> ui;
+    std::unique_ptr<NotFoundMark> m_mark;
     bool m_readOnly = false;
-    bool iconShown = false;
 };
 
 #endif

@@ -8,7 +8,8 @@ constexpr WidgetDescription description{
     .name = "ZelGroup",
     .icon = "zelgroup",
     .includeFile = "zelgroupwidget",
-    .form = WidgetDescription::Form::Container,
+    .presets = {nameNotSet},
+    .ending = WidgetDescription::Ending::Grid,
     .container = true,
 };
 

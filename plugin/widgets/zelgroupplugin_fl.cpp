@@ -8,7 +8,8 @@ constexpr WidgetDescription description{
     .name = "ZelGroup_fl",
     .icon = "zelgroup",
     .includeFile = "zelgroupwidget_fl",
-    .form = WidgetDescription::Form::Container,
+    .presets = {nameNotSet},
+    .ending = WidgetDescription::Ending::Grid,
     .container = true,
 };
 

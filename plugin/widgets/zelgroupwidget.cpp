@@ -7,8 +7,7 @@
 #include "ui_zelgroupwidget.h"
 #include "widgets/zel_simplevalue.h"
 
-ZelGroup::ZelGroup(QWidget* parent) : GroupBase(parent), ui(std::make_unique<Ui::ZelGroup>()) {
-    startAs("ZelGroup");
+ZelGroup::ZelGroup(QWidget* parent) : GroupBase(parent, "ZelGroup"), ui(std::make_unique<Ui::ZelGroup>()) {
     ui->setupUi(this);
     setAutoFillBackground(true);
     if (!RemoteDisplay)
@@ -33,7 +32,7 @@ QWidget* ZelGroup::makeValue(const QString& variable, int row, int column) {
 
 void ZelGroup::setGrpFont(const QFont& font) {
     applyFont(font);
-    rememberFontLive("grpFont", font);
+    memory.rememberFontLive("grpFont", font);
 }
 
 void ZelGroup::setgBackColor(QColor color) {
@@ -51,7 +50,7 @@ void ZelGroup::setTextColor(QColor color) {
     for (QObject* child : children())
         if (auto* widget = qobject_cast<QWidget*>(child))
             apply(widget);
-    rememberLive("textColor", textColor);
+    memory.rememberLive("textColor", textColor);
 }
 
 void ZelGroup::setCheckBoxVarName(const QString& checkboxVarName) {
@@ -63,7 +62,7 @@ void ZelGroup::setCheckBoxVarName(const QString& checkboxVarName) {
     }
     var_found = true;
     boxVarName = checkboxVarName;
-    remember("checkboxVarName", boxVarName);
+    memory.remember("checkboxVarName", boxVarName);
     const bool found = findLogical(boxVarName);
     if (!initVarName) {
         initVarName = true;
@@ -89,7 +88,7 @@ void ZelGroup::checkToggleStatus(bool toggle) {
 }
 
 void ZelGroup::viewProperties() {
-    openProperties();
+    memory.editProperties();
 }
 
 void ZelGroup::viewDisplayWindow() {

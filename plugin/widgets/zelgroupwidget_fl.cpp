@@ -7,8 +7,7 @@
 #include "ui_zelgroupwidget_fl.h"
 #include "widgets/zel_simplevalue_fl.h"
 
-ZelGroup_fl::ZelGroup_fl(QWidget* parent) : GroupBase(parent), ui(std::make_unique<Ui::ZelGroup_fl>()) {
-    startAs("ZelGroup_fl");
+ZelGroup_fl::ZelGroup_fl(QWidget* parent) : GroupBase(parent, "ZelGroup_fl"), ui(std::make_unique<Ui::ZelGroup_fl>()) {
     ui->setupUi(this);
     setAutoFillBackground(true);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
@@ -35,7 +34,7 @@ QWidget* ZelGroup_fl::makeValue(const QString& variable, int row, int column) {
 void ZelGroup_fl::setGrpFont(const QFont& font) {
     applyFont(font);
     colorValues();
-    rememberFontLive("grpFont", font);
+    memory.rememberFontLive("grpFont", font);
 }
 
 void ZelGroup_fl::setgBackColor(QColor color) {
@@ -49,7 +48,7 @@ void ZelGroup_fl::setTextColor(QColor color) {
     colors.setBrush(QPalette::Text, QBrush(textColor));
     setPalette(colors);
     colorValues();
-    rememberLive("textColor", textColor);
+    memory.rememberLive("textColor", textColor);
 }
 
 void ZelGroup_fl::colorValues() {
@@ -67,7 +66,7 @@ void ZelGroup_fl::setCheckBoxVarName(const QString& checkboxVarName) {
         return;
     }
     boxVarName = checkboxVarName;
-    remember("checkboxVarName", boxVarName);
+    memory.remember("checkboxVarName", boxVarName);
     if (findLogical(boxVarName))
         leadVariable();
     else
@@ -81,7 +80,7 @@ void ZelGroup_fl::checkToggleStatus(bool toggle) {
 }
 
 void ZelGroup_fl::viewProperties() {
-    openProperties();
+    memory.editProperties();
 }
 
 void ZelGroup_fl::viewDisplayWindow() {

@@ -4,35 +4,34 @@
 
 namespace {
 
+constexpr PresetProperty firstInput{"memCode", "number", "6"};
+constexpr PresetProperty firstChannel{"memIndex", "number", "1"};
+
 constexpr WidgetDescription description{
     .name = "ZelSimpleValueChanIndex",
     .icon = "zelchannelindex",
     .includeFile = "zel_simplevaluechanindex",
-    .form = WidgetDescription::Form::Plain,
+    .presets = {firstInput, firstChannel},
+};
+
+constexpr WidgetDescription horizontalDescription{
+    .name = "ZelSimpleValueChanIndex",
+    .icon = "zelchannelindex",
+    .includeFile = "zel_simplevaluechanindex",
+    .objectName = "ZelSimpleValueChanIndexH",
+    .presets = {firstInput, firstChannel, {"horizontal", "bool", "true"}},
 };
 
 }  // namespace
 
 ZelSimpleValueChanIndexPlugin::ZelSimpleValueChanIndexPlugin(QObject* parent) : WidgetPlugin(description, parent) {}
 
-QString ZelSimpleValueChanIndexPlugin::domXml() const {
-    return QStringLiteral(
-        "<widget class=\"ZelSimpleValueChanIndex\" name=\"ZelSimpleValueChanIndex\">\n<property name=\"memCode\">\n"
-        "<number>6</number>\n</property>\n<property name=\"memIndex\">\n<number>1</number>\n</property>\n</widget>\n");
-}
-
 QWidget* ZelSimpleValueChanIndexPlugin::createWidget(QWidget* parent) {
     return new ZelSimpleValueChanIndex(parent);
 }
 
-ZelHorizontalChanIndexPlugin::ZelHorizontalChanIndexPlugin(QObject* parent) : WidgetPlugin(description, parent) {}
-
-QString ZelHorizontalChanIndexPlugin::domXml() const {
-    return QStringLiteral(
-        "<widget class=\"ZelSimpleValueChanIndex\" name=\"ZelSimpleValueChanIndexH\">\n<property name=\"memCode\">\n"
-        "<number>6</number>\n</property>\n<property name=\"memIndex\">\n<number>1</number>\n</property>\n"
-        "<property name=\"horizontal\">\n<bool>true</bool>\n</property>\n</widget>\n");
-}
+ZelHorizontalChanIndexPlugin::ZelHorizontalChanIndexPlugin(QObject* parent)
+    : WidgetPlugin(horizontalDescription, parent) {}
 
 QWidget* ZelHorizontalChanIndexPlugin::createWidget(QWidget* parent) {
     return new ZelSimpleValueChanIndex(parent);

@@ -9,7 +9,6 @@ class Q_DECL_EXPORT ZelSimpleValueChanIndexPlugin : public WidgetPlugin {
 
 public:
     explicit ZelSimpleValueChanIndexPlugin(QObject* parent = nullptr);
-    QString domXml() const override;
     QWidget* createWidget(QWidget* parent) override;
 };
 
@@ -20,7 +19,6 @@ class Q_DECL_EXPORT ZelHorizontalChanIndexPlugin : public WidgetPlugin {
 
 public:
     explicit ZelHorizontalChanIndexPlugin(QObject* parent = nullptr);
-    QString domXml() const override;
     QWidget* createWidget(QWidget* parent) override;
 };
 

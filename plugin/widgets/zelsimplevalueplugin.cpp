@@ -8,7 +8,16 @@ constexpr WidgetDescription description{
     .name = "ZelSimpleValue",
     .icon = "zelsimplevalue",
     .includeFile = "zel_simplevalue",
-    .form = WidgetDescription::Form::NamedCompact,
+    .presets = {nameNotSet},
+    .ending = WidgetDescription::Ending::Compact,
+};
+
+constexpr WidgetDescription horizontalDescription{
+    .name = "ZelSimpleValue",
+    .icon = "zelsimplevalue",
+    .includeFile = "zel_simplevalue",
+    .objectName = "ZelSimpleValueH",
+    .presets = {nameNotSet, {"horizontal", "bool", "true"}},
 };
 
 }  // namespace
@@ -19,14 +28,7 @@ QWidget* ZelSimpleValuePlugin::createWidget(QWidget* parent) {
     return new ZelSimpleValue(parent);
 }
 
-ZelHorizontalValuePlugin::ZelHorizontalValuePlugin(QObject* parent) : WidgetPlugin(description, parent) {}
-
-QString ZelHorizontalValuePlugin::domXml() const {
-    return QStringLiteral(
-        "<widget class=\"ZelSimpleValue\" name=\"ZelSimpleValueH\">\n<property "
-        "name=\"name\">\n<string>not_set</string>\n"
-        "</property>\n<property name=\"horizontal\">\n<bool>true</bool>\n</property>\n</widget>\n");
-}
+ZelHorizontalValuePlugin::ZelHorizontalValuePlugin(QObject* parent) : WidgetPlugin(horizontalDescription, parent) {}
 
 QWidget* ZelHorizontalValuePlugin::createWidget(QWidget* parent) {
     return new ZelSimpleValue(parent);

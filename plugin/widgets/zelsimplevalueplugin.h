@@ -19,7 +19,6 @@ class Q_DECL_EXPORT ZelHorizontalValuePlugin : public WidgetPlugin {
 
 public:
     explicit ZelHorizontalValuePlugin(QObject* parent = nullptr);
-    QString domXml() const override;
     QWidget* createWidget(QWidget* parent) override;
 };
 

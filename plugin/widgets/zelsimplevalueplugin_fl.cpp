@@ -8,7 +8,16 @@ constexpr WidgetDescription description{
     .name = "ZelSimpleValue_fl",
     .icon = "zelsimplevalue",
     .includeFile = "zel_simplevalue_fl",
-    .form = WidgetDescription::Form::NamedCompact,
+    .presets = {nameNotSet},
+    .ending = WidgetDescription::Ending::Compact,
+};
+
+constexpr WidgetDescription horizontalDescription{
+    .name = "ZelSimpleValue_fl",
+    .icon = "zelsimplevalue",
+    .includeFile = "zel_simplevalue_fl",
+    .objectName = "ZelSimpleValueH_fl",
+    .presets = {nameNotSet, {"horizontal", "bool", "true"}},
 };
 
 }  // namespace
@@ -26,13 +35,8 @@ QWidget* ZelSimpleValuePlugin_fl::createWidget(QWidget* parent) {
     return widget;
 }
 
-ZelHorizontalValuePlugin_fl::ZelHorizontalValuePlugin_fl(QObject* parent) : WidgetPlugin(description, parent) {}
-
-QString ZelHorizontalValuePlugin_fl::domXml() const {
-    return QStringLiteral(
-        "<widget class=\"ZelSimpleValue_fl\" name=\"ZelSimpleValueH_fl\">\n<property name=\"name\">\n<string>not_set"
-        "</string>\n</property>\n<property name=\"horizontal\">\n<bool>true</bool>\n</property>\n</widget>\n");
-}
+ZelHorizontalValuePlugin_fl::ZelHorizontalValuePlugin_fl(QObject* parent)
+    : WidgetPlugin(horizontalDescription, parent) {}
 
 QWidget* ZelHorizontalValuePlugin_fl::createWidget(QWidget* parent) {
     return new ZelSimpleValue_fl(parent);

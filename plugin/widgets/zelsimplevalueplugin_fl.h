@@ -19,7 +19,6 @@ class Q_DECL_EXPORT ZelHorizontalValuePlugin_fl : public WidgetPlugin {
 
 public:
     explicit ZelHorizontalValuePlugin_fl(QObject* parent = nullptr);
-    QString domXml() const override;
     QWidget* createWidget(QWidget* parent) override;
 };
 

@@ -8,7 +8,7 @@ constexpr WidgetDescription description{
     .name = "ZelValue",
     .icon = "zelvalue",
     .includeFile = "zel_value",
-    .form = WidgetDescription::Form::Named,
+    .presets = {nameNotSet},
     .toolTip = "ZelValue: Used to display, monitor, and modify Ostrel Real and Integer variables.",
     .whatsThis = "ZelValue is used to display Ostrel Real,Integer and Logical Variables",
 };

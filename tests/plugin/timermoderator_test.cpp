@@ -153,8 +153,9 @@ void TimerModeratorTest::aWidgetThatAskedTwiceIsSampledOncePerTick() {
     platform().converts("RPM", "HZ", 0.5);
     platform().real("SPEED").value(1).units("RPM").format("%g");
     CountingValue value;
-    value.setSampleRate(period);
     value.setName("SPEED");
+    // Only now: a binding starts the thread of its period anew, and the former one may be waiting already.
+    value.setSampleRate(period);
     QVERIFY(TimerModerator::isRegistered(&value, period));
     QVERIFY(TimerModerator::requestTimer(&value, period));
     // Bound anew, it asks for its timer itself.
