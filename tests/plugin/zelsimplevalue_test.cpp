@@ -58,7 +58,6 @@ private Q_SLOTS:
     void otherKindsAreRefusedWithoutAWord();
     void anUnknownVariableIsMarked();
     void noVariableHasNoMark();
-    void theMarkGoesWithTheNextVariable();
     void theToolTip();
     void theToolTipOfAState();
     void theToolTipOfAMissingVariableStays();
@@ -66,16 +65,12 @@ private Q_SLOTS:
     void theOrderOfAFirstBinding();
     void theChangeOfANameIsTold();
     void aTextThatWasShownBeforeIsShownAgain();
-    void aMovedVariableIsFollowed();
 
     void aTickShowsANewValue();
     void anUnchangedValueIsNotShownAgain();
     void aTextIsShownWhenItChanges();
     void aStateIsShownWhenItChanges();
     void theElementOfALogicalArrayIsSampledAsANumber();
-    void aPausedWidgetDoesNotSample();
-    void aReconfiguringWidgetDoesNotSample();
-    void aTickOfAnotherPeriodIsNotItsOwn();
     void theUnitsStandBehindTheValue();
     void theResolutionOverridesTheFormat();
     void aResolutionWithUnitsShowsZero();
@@ -339,15 +334,6 @@ void ZelSimpleValueTest::noVariableHasNoMark() {
     }
 }
 
-void ZelSimpleValueTest::theMarkGoesWithTheNextVariable() {
-    fillStore();
-    Display widget;
-    widget.setName("NOBODY");
-    widget.setName("SPEED");
-    QVERIFY(widget.icon()->isHidden());
-    QCOMPARE(widget.tip(), QString("SPEED[RPM]"));
-}
-
 void ZelSimpleValueTest::theToolTip() {
     fillStore();
     platform().converts("rpm", "hz", 0.5);
@@ -439,19 +425,6 @@ void ZelSimpleValueTest::aTextThatWasShownBeforeIsShownAgain() {
     QCOMPARE(widget.shown(), QString());
 }
 
-void ZelSimpleValueTest::aMovedVariableIsFollowed() {
-    auto count = platform().integer("COUNT").value(42).format("%d");
-    Display widget;
-    widget.setName("COUNT");
-    platform().move("COUNT");
-    count.value(43);
-    widget.globalConfigEvent(1, -1);
-    widget.globalConfigEvent(0, -1);
-    widget.tick();
-    QCOMPARE(static_cast<void*>(widget.iptr), widget.ptr());
-    QCOMPARE(widget.shown(), QString("43"));
-}
-
 // ---- Sampling ----
 
 void ZelSimpleValueTest::aTickShowsANewValue() {
@@ -527,42 +500,6 @@ void ZelSimpleValueTest::theElementOfALogicalArrayIsSampledAsANumber() {
     valves[1].value = 0;
     widget.tick();
     QCOMPARE(widget.shown(), QString("SHUT"));
-}
-
-void ZelSimpleValueTest::aPausedWidgetDoesNotSample() {
-    auto speed = platform().real("SPEED").value(1).format("%g");
-    Display widget;
-    widget.setName("SPEED");
-    speed.value(2);
-    widget.setPaused(true);
-    widget.tick();
-    QCOMPARE(widget.shown(), QString("1"));
-}
-
-void ZelSimpleValueTest::aReconfiguringWidgetDoesNotSample() {
-    auto speed = platform().real("SPEED").value(1).format("%g");
-    Display widget;
-    widget.setName("SPEED");
-    speed.value(2);
-    widget.globalConfigEvent(1, -1);
-    widget.tick();
-    QVERIFY(QMetaObject::invokeMethod(&widget, "sample"));
-    QCOMPARE(widget.shown(), QString("1"));
-    widget.globalConfigEvent(0, -1);
-    widget.tick();
-    QCOMPARE(widget.shown(), QString("2"));
-}
-
-void ZelSimpleValueTest::aTickOfAnotherPeriodIsNotItsOwn() {
-    auto speed = platform().real("SPEED").value(1).format("%g").status(1025);
-    Display widget;
-    widget.setName("SPEED");
-    speed.value(2);
-    widget.ostrelTimerEvent(500);
-    QCOMPARE(widget.shown(), QString("1"));
-    widget.ostrelTimerEvent(498);
-    QCOMPARE(widget.shown(), QString("1"));
-    QCOMPARE(widget.colour(), QColor(Qt::red));
 }
 
 void ZelSimpleValueTest::theUnitsStandBehindTheValue() {

@@ -43,7 +43,6 @@ private Q_SLOTS:
     void theConstructorTellsTheFormWriter();
     void aNewWidgetStandsAsItsFormHasIt();
     void itShowsAVariable();
-    void aMovedVariableIsFollowed();
     void otherKindsAreRefusedWithoutAWord();
 
     void theFrameFollowsTheWidthOfTheName_data();
@@ -188,19 +187,6 @@ void ZelSimpleValueFlTest::itShowsAVariable() {
     widget.setName("NOBODY");
     QVERIFY(widget.isMarkedMissing());
     QCOMPARE(widget.shown(), QString("  -"));
-}
-
-void ZelSimpleValueFlTest::aMovedVariableIsFollowed() {
-    auto count = platform().integer("COUNT").value(42).format("%d");
-    Display widget;
-    widget.setName("COUNT");
-    platform().move("COUNT");
-    count.value(43);
-    widget.globalConfigEvent(1, -1);
-    widget.globalConfigEvent(0, -1);
-    widget.tick();
-    QCOMPARE(static_cast<void*>(widget.iptr), widget.ptr());
-    QCOMPARE(widget.shown(), QString("43"));
 }
 
 void ZelSimpleValueFlTest::otherKindsAreRefusedWithoutAWord() {

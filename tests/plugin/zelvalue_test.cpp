@@ -60,22 +60,17 @@ private Q_SLOTS:
     void aMemberIsShownInItsFormat_data();
     void aMemberIsShownInItsFormat();
     void anArrayElementIsShown();
-    void aStringIsRefusedAndTheOldVariableStays();
     void theUnitsAskedForStandInTheLabel();
     void unitsCanBeHidden();
 
     void noVariableShowsADash();
     void anUnknownVariableIsMarked();
     void anUnknownVariableTakesTheUnitsOfTheFormerWithIt();
-    void theMarkGoesWithTheNextVariable();
-    void theToolTipComesBack();
     void theSameNameAgainLeavesTheTimerAlone();
     void anotherUnitBindsAnew();
     void anotherVariableStartsInItsOwnUnits();
     void theOrderOfAFirstBinding();
     void aTickShowsANewValue();
-    void aTickOfAnotherPeriodIsNotItsOwn();
-    void aPausedWidgetDoesNotSample();
 
     void theFormLearnsEachProperty();
     void aColourIsCachedOnce();
@@ -240,21 +235,6 @@ void ZelValueTest::anArrayElementIsShown() {
     QVERIFY(widget._checkLimit);
 }
 
-void ZelValueTest::aStringIsRefusedAndTheOldVariableStays() {
-    platform().real("SPEED").value(5).format("%g");
-    platform().string("TEXT").text("hello");
-    platform().stringArray("TEXTS");
-    Display widget;
-    widget.setName("SPEED");
-    for (const char* refused : {"TEXT", "TEXTS:0"}) {
-        widget.setName(refused);
-        QCOMPARE(widget.getName(), QString("SPEED"));
-        QCOMPARE(widget.shown(), QString("5"));
-        QVERIFY(!widget.isMarkedMissing());
-        QVERIFY(widget.isSampled());
-    }
-}
-
 void ZelValueTest::theUnitsAskedForStandInTheLabel() {
     platform().converts("RPM", "hz", 0.5);
     platform().real("SPEED").value(8).units("RPM").format("%g");
@@ -314,28 +294,6 @@ void ZelValueTest::anUnknownVariableTakesTheUnitsOfTheFormerWithIt() {
     widget.setName("NOBODY");
     QCOMPARE(widget.units(), QString());
     QCOMPARE(widget.shown(), QString("-"));
-}
-
-void ZelValueTest::theMarkGoesWithTheNextVariable() {
-    platform().real("SPEED").format("%g");
-    platform().string("TEXT");
-    Display widget;
-    widget.setName("NOBODY");
-    widget.setName("SPEED");
-    QVERIFY(!widget.isMarkedMissing());
-    widget.setName("NOBODY");
-    widget.setName("not_set");
-    QVERIFY(!widget.isMarkedMissing());
-}
-
-void ZelValueTest::theToolTipComesBack() {
-    platform().real("SPEED").format("%g");
-    Display widget;
-    widget.setToolTip("speed of the shaft");
-    QCOMPARE(widget.frame()->toolTip(), QString("speed of the shaft"));
-    widget.setName("NOBODY");
-    widget.setName("SPEED");
-    QCOMPARE(widget.frame()->toolTip(), QString("speed of the shaft"));
 }
 
 void ZelValueTest::theSameNameAgainLeavesTheTimerAlone() {
@@ -398,32 +356,6 @@ void ZelValueTest::aTickShowsANewValue() {
     speed.value(3);
     widget.sample();
     QCOMPARE(widget.shown(), QString("3"));
-}
-
-void ZelValueTest::aTickOfAnotherPeriodIsNotItsOwn() {
-    auto speed = platform().real("SPEED").value(1).format("%g").status(1025);
-    Display widget;
-    widget.setName("SPEED");
-    speed.value(2);
-    const QColor before = widget.getColor();
-    widget.ostrelTimerEvent(500);
-    QCOMPARE(widget.shown(), QString("1"));
-    QCOMPARE(widget.getColor(), before);
-    // The flash interval changes the phase of a value that blinks.
-    widget.setColor(Qt::green);
-    widget.ostrelTimerEvent(498);
-    QCOMPARE(widget.getColor(), QColor(Qt::red));
-    QCOMPARE(widget.shown(), QString("1"));
-}
-
-void ZelValueTest::aPausedWidgetDoesNotSample() {
-    auto speed = platform().real("SPEED").value(1).format("%g");
-    Display widget;
-    widget.setName("SPEED");
-    speed.value(2);
-    widget.setPaused(true);
-    widget.tick();
-    QCOMPARE(widget.shown(), QString("1"));
 }
 
 void ZelValueTest::theFormLearnsEachProperty() {

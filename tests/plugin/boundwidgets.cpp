@@ -1,0 +1,58 @@
+// The widgets that take part in the contract. A new one is an entry here.
+#include <QLabel>
+#include <QLineEdit>
+
+#include "boundwidgetcontract.h"
+#include "widgets/zel_simplevalue.h"
+#include "widgets/zel_simplevalue_fl.h"
+#include "widgets/zel_value.h"
+
+namespace {
+
+const QVector<SM_VARI_TYPE> everyKind{REAL_TYPE,       INT_TYPE,       LOGI_TYPE,         STRING_TYPE,
+                                      STAT_TYPE,       COMP_TYPE,      PROP_TYPE,         EMIS_TYPE,
+                                      REAL_ARRAY_TYPE, INT_ARRAY_TYPE, STRING_ARRAY_TYPE, LOGI_ARRAY_TYPE};
+
+QVector<SM_VARI_TYPE> allBut(const QVector<SM_VARI_TYPE>& left) {
+    QVector<SM_VARI_TYPE> kinds;
+    for (const SM_VARI_TYPE kind : everyKind)
+        if (!left.contains(kind))
+            kinds.append(kind);
+    return kinds;
+}
+
+QVector<QWidget*> frameOf(OstrelBase& widget) {
+    return {widget.findChild<QWidget*>("frame")};
+}
+
+QString labelText(const OstrelBase& widget) {
+    return widget.findChild<QLabel*>("value")->text();
+}
+
+BoundWidget value() {
+    BoundWidget entry = boundWidget<ZelValue>("ZelValue");
+    entry.kinds = allBut({STRING_TYPE, STRING_ARRAY_TYPE});
+    entry.face = [](const OstrelBase& widget) { return widget.findChild<QLineEdit*>("value")->text(); };
+    entry.tipOwners = frameOf;
+    return entry;
+}
+
+template <class Widget>
+BoundWidget simpleValue(const char* name) {
+    BoundWidget entry = boundWidget<Widget>(name);
+    entry.kinds = everyKind;
+    entry.face = labelText;
+    entry.tipOwners = frameOf;
+    return entry;
+}
+
+}  // namespace
+
+const QVector<BoundWidget>& boundWidgets() {
+    static const QVector<BoundWidget> widgets{
+        value(),
+        simpleValue<ZelSimpleValue>("ZelSimpleValue"),
+        simpleValue<ZelSimpleValue_fl>("ZelSimpleValue_fl"),
+    };
+    return widgets;
+}
