@@ -12,7 +12,7 @@
 #include "core/glostrelbase.h"
 #include "core/ostrelbase.h"
 #include "fabric/ostrelvariabledatainput.h"
-#include "hostlink/hostflags.h"
+#include "fabric/waitingloop.h"
 
 // Two threads never attach at once.
 Q_DECL_EXPORT QMutex OstrelEventMutex;
@@ -97,26 +97,11 @@ void OstrelEvent::execute() {
     while (!isRunning())
         msleep(100);
     attachToEvent();
-    int count = 0;
-    while (!closeShop) {
-        int inEID = -1;
-        status = event_wait(eventBuffer, eventBufferSize, &inEID);
-        if (status == 0) {
-            if (inEID == eventId && !formIsBeingDesigned())
-                Q_EMIT ostrelEvent(eventId, eventBuffer, eventBufferSize);
-            count = 0;
-        } else if (count <= 5) {
-            // One pause in a run of failures keeps a broken event service from taking the processor.
-            if (++count == 5) {
-                qDebug("event_wait failed %lu", static_cast<unsigned long>(syscall(SYS_gettid)));
-                msleep(100);
-            }
-        } else {
-            if (status != OSTREL_EVENT_QUIET)
-                qDebug("received %i while waiting for timer event", status);
-            count = 0;
-        }
-    }
+    waitForEvents(
+        {closeShop, status, eventBuffer, eventBufferSize, eventId},
+        [this] { Q_EMIT ostrelEvent(eventId, eventBuffer, eventBufferSize); },
+        [] { qDebug("event_wait failed %lu", static_cast<unsigned long>(syscall(SYS_gettid))); },
+        [](int code) { qDebug("received %i while waiting for timer event", code); });
 }
 
 void OstrelEvent::attachToEvent() {

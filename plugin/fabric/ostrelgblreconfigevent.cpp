@@ -8,6 +8,7 @@
 #include "core/glostrelbase.h"
 #include "core/ostrelbase.h"
 #include "fabric/ostrelvariabledatainput.h"
+#include "fabric/waitingloop.h"
 #include "hostlink/hostflags.h"
 
 namespace {
@@ -84,27 +85,16 @@ void OstrelGblConfigEvent::execute() {
     while (!isRunning() || !storeIsReady())
         msleep(100);
     attachToEvent();
-    int count = 0;
-    while (!closeShop) {
-        int inEID = -1;
-        status = event_wait(eventBuffer, eventBufferSize, &inEID);
-        if (status == 0) {
-            if (inEID == eventId && !formIsBeingDesigned()) {
-                GLOBAL_CONFIG_EVENT event;
-                std::memcpy(&event, eventBuffer, sizeof(event));
-                passOn(event);
-            }
-            count = 0;
-        } else if (count <= 5) {
-            // One pause in a run of failures keeps a broken event service from taking the processor.
-            if (++count == 5)
-                msleep(100);
-        } else {
-            if (status != OSTREL_EVENT_QUIET)
-                log_error(logFile, logLine, 1, status, "received %i while waiting for event", status);
-            count = 0;
-        }
-    }
+    const auto passOnPayload = [this] {
+        GLOBAL_CONFIG_EVENT event;
+        std::memcpy(&event, eventBuffer, sizeof(event));
+        passOn(event);
+    };
+    waitForEvents(
+        {closeShop, status, eventBuffer, eventBufferSize, eventId}, passOnPayload, [] {},
+        [](int code) {
+            log_error(logFile, logLine, 1, static_cast<short>(code), "received %i while waiting for event", code);
+        });
 }
 
 void OstrelGblConfigEvent::passOn(const GLOBAL_CONFIG_EVENT& event) {

@@ -10,6 +10,7 @@
 
 #include "core/glostrelbase.h"
 #include "core/ostrelbase.h"
+#include "fabric/waitingloop.h"
 #include "hostlink/hostflags.h"
 
 // Two threads never attach at once.
@@ -78,25 +79,10 @@ void TimerWidget::execute() {
     while (!isRunning() || !storeIsReady())
         msleep(100);
     attachToTimer();
-    int count = 0;
-    while (!closeShop) {
-        char buffer[256];
-        int inEID = -1;
-        status = event_wait(buffer, sizeof(buffer), &inEID);
-        if (status == 0) {
-            if (inEID == eid && !formIsBeingDesigned())
-                Q_EMIT time(_interval);
-            count = 0;
-        } else if (count <= 5) {
-            // One pause in a run of failures keeps a broken event service from taking the processor.
-            if (++count == 5)
-                msleep(100);
-        } else {
-            if (status != OSTREL_EVENT_QUIET)
-                qDebug("<TimerError> Code %i while waiting for timer event", status);
-            count = 0;
-        }
-    }
+    char buffer[256];
+    waitForEvents(
+        {closeShop, status, buffer, sizeof(buffer), eid}, [this] { Q_EMIT time(_interval); }, [] {},
+        [](int code) { qDebug("<TimerError> Code %i while waiting for timer event", code); });
 }
 
 void TimerWidget::attachToTimer() {
