@@ -45,7 +45,7 @@ QString durationText(double seconds) {
         return QStringLiteral("%1 s").arg(whole);
     if (whole < 3600)
         return QStringLiteral("%1 min %2 s").arg(whole / 60).arg(whole % 60);
-    if (whole < 48 * 3600)
+    if (whole < 172800)
         return QStringLiteral("%1 h %2 min").arg(whole / 3600).arg(whole / 60 % 60);
     return QStringLiteral("%1 days").arg(whole / 86400);
 }

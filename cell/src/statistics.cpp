@@ -54,6 +54,7 @@ void StatWindow::describeOrder(StatMembers& members, const std::deque<Sample>& g
     members[ST] = good.front().time;
     members[EN] = good.back().time;
     std::vector<double> values;
+    values.reserve(good.size());
     for (const Sample& sample : good)
         values.push_back(sample.value);
     members[MEDIAN] = medianOf(values);

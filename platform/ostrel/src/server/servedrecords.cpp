@@ -54,7 +54,7 @@ void nameRecord(char* record, int section, int index, const std::string& label) 
     std::memset(record, 0, row.record_size);
     putShort(record, fields.shmId, static_cast<short>(row.area));
     putShort(record, fields.index, static_cast<short>(index));
-    std::memcpy(record + fields.label, label.data(), label.size());
+    std::copy(label.begin(), label.end(), record + fields.label);
 }
 
 std::string withoutMemory(int error) {
