@@ -104,6 +104,65 @@ TEST_F(WriteRules, NobodyWritesWhatIsNotWritable) {
     EXPECT_EQ(+static_cast<REAL_ARRAY_MEMBER*>(handle("REALS:1:2").member_adr)->value, 0);
 }
 
+TEST_F(WriteRules, APlainStoreIsHeldToTheRuleToo) {
+    LOGICAL_VARIABLE* logical = record<LOGICAL_VARIABLE>("LOGI");
+    ASSERT_EQ(server.tell("rule LOGI 1 - 0"), "ok");
+    EXPECT_EQ(ostrel_store_logical(logical, 1), OSTREL_OUTSIDE);
+    ASSERT_EQ(server.tell("rule LOGI 0 - -"), "ok");
+    EXPECT_EQ(ostrel_store_logical(logical, 0), OSTREL_NOT_WRITABLE);
+    EXPECT_EQ(ostrel_store_logical(logical, 1), OSTREL_NOT_WRITABLE);
+    EXPECT_EQ(+logical->value, 0);
+    ASSERT_EQ(server.tell("rule LOGI 1 - -"), "ok");
+    EXPECT_EQ(ostrel_store_logical(logical, 1), OSTREL_STORED);
+    EXPECT_EQ(+logical->value, 1);
+    std::vector<short> refusals;
+    for (const ostrel_write& write : writes())
+        refusals.push_back(write.refusal);
+    EXPECT_EQ(refusals, (std::vector<short>{OSTREL_OUTSIDE, OSTREL_NOT_WRITABLE, OSTREL_NOT_WRITABLE, OSTREL_STORED}));
+}
+
+TEST_F(WriteRules, APlainStoreIsListedAsAnyWrite) {
+    EXPECT_EQ(ostrel_store_logical(record<LOGICAL_VARIABLE>("LOGI"), 5), OSTREL_STORED);
+    const auto list = writes();
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_STREQ(list[0].variable, "LOGI");
+    EXPECT_STREQ(list[0].old_value, "0");
+    EXPECT_STREQ(list[0].new_value, "1");
+    EXPECT_EQ(list[0].pid, getpid());
+}
+
+// A client that may read the store and not write it: another user's, or the owner's own of mode 0444.
+TEST(ReadOnlyClient, IsRefusedAndGoesOn) {
+    const std::string store = newStoreName();
+    ServerProcess server;
+    ASSERT_EQ(server.tell("open " + store + " 0444"), "ok 0");
+    for (const char* command : {"begin -1", "put 54 1 REAL", "put 56 3 LOGI", "array 15 REALS 3", "commit"})
+        ASSERT_EQ(server.tell(command).substr(0, 2), "ok") << command;
+    const pid_t client = fork();
+    if (client == 0) {
+        const uid_t nobody = 65534;
+        SHARED_MEMORY real{};
+        SHARED_MEMORY logical{};
+        SHARED_MEMORY element{};
+        if ((geteuid() == 0 && setuid(nobody) != 0) || ostrel_store_open(store.c_str(), nullptr, nullptr, 0) != 0)
+            _exit(100);
+        if (find_variable(text("REAL"), &real) != 0 || find_variable(text("LOGI"), &logical) != 0 ||
+            find_variable(text("REALS:1"), &element) != 0)
+            _exit(101);
+        set_real_variable(static_cast<REAL_VARIABLE*>(get_vrbl_adr(real)), 1);
+        auto* record = static_cast<LOGICAL_VARIABLE*>(get_vrbl_adr(logical));
+        if (set_logical(record, 1) != OSTREL_READ_ONLY || ostrel_store_logical(record, 1) != OSTREL_READ_ONLY ||
+            ostrel_set_array_element(&element, 1, nullptr) != OSTREL_READ_ONLY || record->value != 0)
+            _exit(102);
+        _exit(0);
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(client, &status, 0), client);
+    EXPECT_EQ(status, 0) << "exit status " << WEXITSTATUS(status) << ", signal " << WTERMSIG(status);
+    server.tell("close");
+    removeObjectsOf(store);
+}
+
 TEST_F(WriteRules, ValuesOutsideTheLimitsAreRefusedAndTheLimitsThemselvesAreNot) {
     ASSERT_EQ(server.tell("rule REAL 1 -2.5 10"), "ok");
     REAL_VARIABLE* variable = record<REAL_VARIABLE>("REAL");

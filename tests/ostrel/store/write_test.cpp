@@ -156,6 +156,22 @@ TEST_F(Write, ALogicalTakesTheTimeOfItsSample) {
     EXPECT_EQ(+logical->value, 0);
 }
 
+TEST_F(Write, APlainStoreOfALogicalChangesTheValueAlone) {
+    std::strcpy(logical->true_event_name, "WENT_TRUE");
+    logical->signal_on_true = 1;
+    ASSERT_EQ(ostrel_event_create("WENT_TRUE", nullptr), 0);
+    LOGICAL_VARIABLE expected = *logical;
+    expected.value = 1;
+    EXPECT_EQ(ostrel_store_logical(logical, 2), OSTREL_STORED);
+    EXPECT_EQ(std::memcmp(logical, &expected, sizeof expected), 0);
+    EXPECT_EQ(raised("WENT_TRUE"), 0u);
+    EXPECT_EQ(ostrel_store_logical(logical, 0), OSTREL_STORED);
+    EXPECT_EQ(+logical->value, 0);
+    EXPECT_EQ(ostrel_store_logical(nullptr, 1), OSTREL_NO_RECORD);
+    EXPECT_EQ(ostrel_store_logical(reinterpret_cast<LOGICAL_VARIABLE*>(integer), 1), OSTREL_NO_RECORD);
+    EXPECT_EQ(+integer->value, 0);
+}
+
 TEST_F(Write, AStringIsCutAtItsField) {
     EXPECT_EQ(set_string_variable(string, text("warm up")), 0);
     EXPECT_STREQ(string->value, "warm up");

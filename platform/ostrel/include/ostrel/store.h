@@ -104,6 +104,11 @@ short int set_logical(LOGICAL_VARIABLE* var, short int value);
 // `flags` is reserved (0); `time` is the time of the sample, null for now.
 short int set_logical_variable(LOGICAL_VARIABLE* var, short int value, short int flags, struct timespec* time);
 
+// Stores the state of a logical, 0 or 1, and nothing else of its record: no time, no pid, and no event is raised, as if
+// the value were assigned. It is for those who would assign it: what the cell forbids is refused here too, memory that
+// this process may only read is left alone, and the write is in the list of writes.
+short int ostrel_store_logical(LOGICAL_VARIABLE* var, short int value);
+
 // At most 80 characters are stored.
 short int set_string_variable(STRING_VARIABLE* var, char* value);
 

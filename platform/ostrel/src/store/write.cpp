@@ -263,6 +263,17 @@ short int set_logical_variable(LOGICAL_VARIABLE* var, short int value, short int
     return writeNumber(*target, var->value != 0, state, [&] { return storeLogical(*var, state, timeOr(time)); });
 }
 
+short int ostrel_store_logical(LOGICAL_VARIABLE* var, short int value) {
+    const auto target = targetOf(var, LOGI_TYPE);
+    if (!target)
+        return OSTREL_NO_RECORD;
+    const short state = value != 0;
+    return writeNumber(*target, var->value != 0, state, [&] {
+        put(*var, &LOGICAL_VARIABLE::value, state);
+        return OSTREL_STORED;
+    });
+}
+
 short int set_string_variable(STRING_VARIABLE* var, char* value) {
     if (!value)
         return OSTREL_NO_VALUE;
