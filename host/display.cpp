@@ -24,8 +24,6 @@
 namespace {
 
 void openStore(const Options& options) {
-    if (options.cell.empty() && options.store.empty())
-        return;
     char message[4096] = "";
     const int result =
         ostrel_store_open(options.store.empty() ? nullptr : options.store.c_str(),

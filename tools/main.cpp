@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "commands.h"
@@ -15,7 +16,7 @@ constexpr int failed = 1;
 constexpr int wronglyUsed = 2;
 
 struct Arguments {
-    std::string store;
+    std::optional<std::string> store;
     bool json = false;
     bool namesOnly = false;
     std::string pattern, name, value, units, payload;

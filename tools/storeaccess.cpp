@@ -4,15 +4,16 @@
 
 #include "failure.h"
 
-ostrel_store_status openStore(const std::string& name) {
+ostrel_store_status openStore(const std::optional<std::string>& name) {
     char message[512] = "";
-    ostrel_store_open(name.empty() ? nullptr : name.c_str(), nullptr, message, sizeof message);
+    if (ostrel_store_open(name ? name->c_str() : nullptr, nullptr, message, sizeof message) > 1)
+        throw Failure(message);
     ostrel_store_status status{};
     ostrel_store_get_status(&status);
     if (!status.found) {
         throw Failure("no store named '" + std::string(status.name) +
                       "' is running; start one with ostrel-cell FILE.toml" +
-                      (name.empty() ? "" : " --store " + std::string(status.name)));
+                      (!name ? "" : " --store " + std::string(status.name)));
     }
     if (!status.alive) {
         std::fprintf(stderr,

@@ -101,6 +101,25 @@ TEST_F(Status, TakesTheStoreFromTheEnvironment) {
     EXPECT_EQ(outcome.output, "CYCLES 42\n");
 }
 
+// The store that is used where none is named runs, and is left alone.
+TEST_F(Status, RefusesWhatIsNoNameOfAStore) {
+    const std::string why = ": is no name for a store; use 1 to 63 letters, digits, points, hyphens and underscores\n";
+    setenv("OSTREL_STORE", store().c_str(), 1);
+    for (const std::string& name : {std::string("a b"), std::string(), std::string(64, 'x'), std::string("a/b")}) {
+        const Outcome outcome = run({paths::command, "--store", name, "set", "CYCLES", "1"});
+        EXPECT_EQ(outcome.status, 1) << name;
+        EXPECT_EQ(outcome.errors, "ostrel: '" + name + "'" + why);
+        EXPECT_EQ(run({paths::command, "--store", name, "event", "raise", "PURGE"}).status, 1) << name;
+    }
+    setenv("OSTREL_STORE", "a b", 1);
+    EXPECT_EQ(run({paths::command, "get", "CYCLES"}).errors, "ostrel: 'a b'" + why);
+    const Outcome cell = run({paths::cell, cellFile()});
+    EXPECT_EQ(cell.status, 1);
+    EXPECT_EQ(cell.errors, "ostrel-cell: store a b" + why);
+    unsetenv("OSTREL_STORE");
+    EXPECT_EQ(value("CYCLES"), "CYCLES 42");
+}
+
 TEST_F(Status, ForgetsAStoreThatEndedCleanly) {
     cell().signal(SIGTERM);
     EXPECT_EQ(cell().finish().status, 0);

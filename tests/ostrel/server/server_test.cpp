@@ -415,7 +415,7 @@ TEST_F(Server, CallsWithoutAServerDoNothing) {
     options.name = "no/name";
     EXPECT_EQ(ostrel_server_open(&options, message, sizeof message), nullptr);
     EXPECT_STREQ(message,
-                 "store no/name: is no name for a store; use letters, digits, points, hyphens and underscores");
+                 "store no/name: is no name for a store; use 1 to 63 letters, digits, points, hyphens and underscores");
     ostrel_server_close(nullptr);
     ostrel_server_begin(nullptr, GU_REAL_MEM);
     ostrel_server_commit(nullptr);

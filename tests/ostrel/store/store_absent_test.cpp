@@ -1,5 +1,6 @@
 // What is answered where no store runs, where one comes later, and where one is damaged.
 #include <fcntl.h>
+#include <ostrel/events.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -79,6 +80,53 @@ TEST_F(Absent, NamesThatNoStoreCanHaveAreRefused) {
         EXPECT_GT(ostrel_store_open(name.c_str(), nullptr, message, sizeof message), 1) << name;
         EXPECT_NE(std::strlen(message), 0u) << name;
     }
+}
+
+// Serves a store of the name that is used where none is given, which the tests must not be found in.
+class Misnamed : public StoreTest {
+protected:
+    void SetUp() override {
+        setenv("OSTREL_STORE", store.c_str(), 1);
+        ASSERT_EQ(server.tell("open " + store), "ok 0");
+        configure({"put 54 1 SPEED"});
+        ASSERT_EQ(ostrel_store_open(nullptr, nullptr, nullptr, 0), 0);
+        ASSERT_EQ(find("SPEED"), 0);
+    }
+
+    void TearDown() override {
+        unsetenv("OSTREL_STORE");
+        StoreTest::TearDown();
+    }
+
+    static int event() { return event_get_id(text("config"), &eventId); }
+    static inline int eventId = 0;
+};
+
+TEST_F(Misnamed, ANameThatIsRefusedLeadsToNoOtherStore) {
+    for (const char* name : {"a b", "", "x-elements"}) {
+        EXPECT_GT(ostrel_store_open(name, nullptr, nullptr, 0), 1) << name;
+        EXPECT_NE(find("SPEED"), 0) << name;
+        EXPECT_NE(event(), 0) << name;
+        EXPECT_EQ(ostrel_store_get_status(nullptr), 0) << name;
+    }
+    EXPECT_EQ(ostrel_store_open(store.c_str(), nullptr, nullptr, 0), 0);
+    EXPECT_EQ(find("SPEED"), 0);
+}
+
+TEST_F(Misnamed, ARefusedNameFromTheEnvironmentIsSaid) {
+    char message[200] = "";
+    setenv("OSTREL_STORE", "a b", 1);
+    EXPECT_GT(ostrel_store_open(nullptr, nullptr, message, sizeof message), 1);
+    EXPECT_STREQ(message,
+                 "'a b': is no name for a store; use 1 to 63 letters, digits, points, hyphens and underscores");
+    EXPECT_NE(find("SPEED"), 0);
+}
+
+TEST_F(Misnamed, ACellFileThatCannotBeServedLeadsToNoOtherStore) {
+    char message[400] = "";
+    EXPECT_GT(ostrel_store_open(nullptr, "/no/such/cell.toml", message, sizeof message), 1);
+    EXPECT_NE(find("SPEED"), 0);
+    EXPECT_EQ(ostrel_store_get_status(nullptr), 0);
 }
 
 // Puts something else in the place of the store's header.

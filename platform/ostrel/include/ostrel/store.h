@@ -149,7 +149,9 @@ short int ostrel_next_write(uint64_t after, ostrel_write* write);
 // Chooses the store before any other call of this library: its name (null: OSTREL_STORE or "cell"), or with
 // `cell_file` a private store made from that file inside this process, simulation included. Returns 0 when the store
 // can be used, 1 when it is not running (later calls go on trying), another number when `cell_file` cannot be served;
-// `message` then holds the reasons, a line each. Without this call OSTREL_STORE and OSTREL_CELL decide.
+// `message` then holds the reasons, a line each. Without this call OSTREL_STORE and OSTREL_CELL decide. A name is 1 to
+// 63 letters, digits, points, hyphens and underscores; another one gives a number above 1 and a reason too, also where
+// it stands in OSTREL_STORE. Where what was asked for cannot be had, no store is used until the next call chooses.
 int ostrel_store_open(const char* name, const char* cell_file, char* message, size_t message_size);
 
 typedef struct ostrel_store_status {

@@ -115,8 +115,8 @@ ostrel_server* ostrel_server_open(const ostrel_server_options* options, char* me
     const bool isPrivate = options && !options->name;
     auto server = std::make_unique<ostrel_server>();
     std::string problem;
-    if (!options || (!isPrivate && !isStoreName(name)))
-        problem = "is no name for a store; use letters, digits, points, hyphens and underscores";
+    if (!isPrivate)
+        problem = problemOfStoreName(name);
     server->name = name;
     if (problem.empty() && !isPrivate) {
         server->lock = std::make_unique<ServerLock>();

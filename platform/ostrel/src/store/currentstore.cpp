@@ -70,18 +70,26 @@ Attachment* use(Choice& c, std::unique_ptr<Attachment> fresh) {
     return used;
 }
 
+void tellProblem(Choice& c, const std::string& name, const std::string& problem) {
+    if (problem != std::exchange(c.lastProblem, problem))
+        log_error(__FILE__, __LINE__, 1, 0, "store %s: %s", name.c_str(), problem.c_str());
+}
+
+bool refuses(Choice& c, const std::string& name) {
+    const std::string problem = problemOfStoreName(name);
+    if (!problem.empty())
+        tellProblem(c, name, problem);
+    return !problem.empty();
+}
+
 std::unique_ptr<Attachment> openStore(Choice& c, const std::string& name) {
     std::string problem;
     StoreObjects objects;
-    StoreLook look = StoreLook::Damaged;
-    if (isStoreName(name))
-        look = openStoreObjects(objects, name, problem);
-    else
-        problem = "is no name for a store; use letters, digits, points, hyphens and underscores";
+    const StoreLook look = openStoreObjects(objects, name, problem);
     if (look == StoreLook::Usable)
         return std::make_unique<Attachment>(std::move(objects), name);
-    if (look == StoreLook::Damaged && problem != std::exchange(c.lastProblem, problem))
-        log_error(__FILE__, __LINE__, 1, 0, "store %s: %s", name.c_str(), problem.c_str());
+    if (look == StoreLook::Damaged)
+        tellProblem(c, name, problem);
     return nullptr;
 }
 
@@ -114,7 +122,11 @@ Attachment* attachSlowly() {
     Attachment* current = c.current.load(std::memory_order_relaxed);
     if (current && current->isLive())
         return current;
-    if (std::unique_ptr<Attachment> fresh = openStore(c, chosenName(c)))
+    // Whoever asked for something that cannot be had gets that and no other store.
+    const std::string name = chosenName(c);
+    if (c.cellFile || refuses(c, name))
+        return current;
+    if (std::unique_ptr<Attachment> fresh = openStore(c, name))
         return use(c, std::move(fresh));
     const std::string cellFile = chosenCellFile(c);
     if (!current && !cellFile.empty() && !c.embeddingTried)
@@ -173,7 +185,7 @@ void chooseStore(const char* name, const char* cellFile) {
     c.name = name ? std::optional<std::string>(name) : std::nullopt;
     c.cellFile = cellFile ? std::optional<std::string>(cellFile) : std::nullopt;
     const Attachment* current = c.current.load(std::memory_order_relaxed);
-    if (current && current->name() != chosenName(c))
+    if (current && (cellFile || current->name().empty() || current->name() != chosenName(c)))
         c.current.store(nullptr, std::memory_order_release);
     // The caller embeds the cell itself, and hears of a failure.
     c.embeddingTried = c.embeddingTried || cellFile;

@@ -145,16 +145,18 @@ StoreLook openHeader(SharedObject& header, const std::string& name, Capacities& 
 
 }  // namespace
 
-bool isStoreName(const std::string& name) {
+std::string problemOfStoreName(const std::string& name) {
     const auto isAllowed = [](char c) {
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-' ||
                c == '.';
     };
-    return !name.empty() && name.size() < sizeof(StoreHeader::name) &&
-           std::all_of(name.begin(), name.end(), isAllowed) && name.find("-area") == std::string::npos &&
-           !name.ends_with(nextGeneration) && !name.ends_with(lock) &&
-           std::none_of(partSuffixes.begin(), partSuffixes.end(),
-                        [&](std::string_view suffix) { return name.ends_with(suffix); });
+    if (name.empty() || name.size() >= sizeof(StoreHeader::name) || !std::all_of(name.begin(), name.end(), isAllowed))
+        return "is no name for a store; use 1 to 63 letters, digits, points, hyphens and underscores";
+    const auto endsName = [&](std::string_view suffix) { return name.ends_with(suffix); };
+    if (name.find("-area") != std::string::npos || endsName(nextGeneration) || endsName(lock) ||
+        std::any_of(partSuffixes.begin(), partSuffixes.end(), endsName))
+        return "is no name for a store; it could be taken for a part of another one, choose another ending";
+    return "";
 }
 
 std::string headerObject(const std::string& name) {

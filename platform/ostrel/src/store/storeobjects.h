@@ -33,8 +33,9 @@ enum class StoreLook {
     Damaged  // something of that name that cannot be used
 };
 
-// True for 1 to 63 letters, digits, points, underscores and hyphens that cannot be taken for a part of another store.
-bool isStoreName(const std::string& name);
+// Empty for the name of a store: 1 to 63 letters, digits, points, underscores and hyphens that cannot be taken for a
+// part of another store. Else why it is none.
+std::string problemOfStoreName(const std::string& name);
 
 // Makes the objects of a new store, with the header in state Making; an empty name makes them anonymous. Objects left
 // over under their names are removed before. False: `problem` says why, and nothing is left behind.

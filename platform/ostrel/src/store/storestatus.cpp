@@ -69,13 +69,14 @@ int openEmbedded(const char* cellFile, char* message, size_t messageSize) {
 int ostrel_store_open(const char* name, const char* cell_file, char* message, size_t message_size) {
     if (message && message_size > 0)
         message[0] = '\0';
-    if (name && !isStoreName(name)) {
+    chooseStore(name, cell_file);
+    const std::string chosen = storeName();
+    const std::string problem = name || !cell_file ? problemOfStoreName(chosen) : "";
+    if (!problem.empty()) {
         if (message && message_size > 0)
-            snprintf(message, message_size,
-                     "%.80s: is no name for a store; use letters, digits, points, hyphens and underscores", name);
+            snprintf(message, message_size, "'%.80s': %s", chosen.c_str(), problem.c_str());
         return 3;
     }
-    chooseStore(name, cell_file);
     if (cell_file)
         return openEmbedded(cell_file, message, message_size);
     return attachment() ? 0 : 1;
