@@ -1,4 +1,5 @@
 // Events and timers on the real store, with its server in a process of its own.
+#include <ostrel/areas.h>
 #include <ostrel/server.h>
 #include <signal.h>
 #include <sys/prctl.h>
@@ -6,6 +7,7 @@
 #include <unistd.h>
 
 #include <cstring>
+#include <set>
 
 #include "eventcalls.h"
 #include "ostrel/storefixture.h"
@@ -109,6 +111,32 @@ TEST_F(EventServer, AnnouncesItsReconfigurations) {
         EXPECT_EQ(configOf(received).new_state, state);
         EXPECT_EQ(configOf(received).pid, server.pid());
     }
+}
+
+TEST_F(EventServer, BothPhasesReachWhoeverAskedForOneEvent) {
+    attach("config", 1);
+    configure({"put 54 1 SPEED"});
+    configure({"put 54 1 SPEED"});
+    for (const unsigned state : {1U, 0U, 1U, 0U})
+        ASSERT_EQ(configOf(receive(sizeof(GLOBAL_CONFIG_EVENT))).new_state, state);
+}
+
+TEST_F(EventServer, EveryAreaOfAReconfigurationIsTold) {
+    attach("config", 1);
+    int sections = 0;
+    const ostrel_section* const first = ostrel_sections(&sections);
+    std::set<int> expected;
+    for (const ostrel_section* section = first; section != first + sections; ++section)
+        expected.insert(section->area);
+    for (const int area : expected)
+        ASSERT_EQ(server.tell("begin " + std::to_string(area)), "ok");
+    ASSERT_EQ(server.tell("commit"), "ok");
+    for (const unsigned state : {1U, 0U})
+        for (const int area : expected) {
+            const GLOBAL_CONFIG_EVENT event = configOf(receive(sizeof(GLOBAL_CONFIG_EVENT)));
+            ASSERT_EQ(event.new_state, state);
+            ASSERT_EQ(static_cast<int>(event.memcode), area);
+        }
 }
 
 TEST(EventsBeforeAStore, WorkOnceItIsThere) {

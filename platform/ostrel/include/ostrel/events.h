@@ -40,8 +40,8 @@ short int event_create_timer(char* name, unsigned short depth, unsigned short re
 short int ostrel_event_create(const char* name, int* eid);
 
 // Attaches the calling thread to an event, with a queue of `max_queued` (1 to 256; what is outside is taken as the
-// nearer end). A full queue drops its oldest entry. 0, or OSTREL_EVENT_ATTACHED: *eid is the id. A thread that ends is
-// detached from all.
+// nearer end; "config" has one of 256 always, so that both phases of a reconfiguration come). A full queue drops its
+// oldest entry. 0, or OSTREL_EVENT_ATTACHED: *eid is the id. A thread that ends is detached from all.
 short int event_attach(const char* name, unsigned short max_queued, int* eid);
 
 // Detaches the calling thread. What waits in its queue is lost.

@@ -28,6 +28,12 @@ void forEachPlace(ThreadSet set, Function function) {
     }
 }
 
+// Who misses a phase of a reconfiguration takes it for one that never began or never ended, so nothing of them is
+// dropped that can be kept, whatever was asked for.
+unsigned depthFor(const EventPlace& event, unsigned asked) {
+    return event.name == configEventName ? deepestQueue : std::clamp(asked, 1U, deepestQueue);
+}
+
 unsigned depthOf(const Subscription& subscription) {
     return std::clamp(subscription.depth, 1U, deepestQueue);
 }
@@ -161,7 +167,7 @@ bool releaseDeadPlaces(EventLayout& memory) {
 void subscribe(EventLayout& memory, int event, int place, unsigned depth) {
     Subscription& subscription = memory.subscriptions[event][place];
     subscription.next = memory.events[event].raised;
-    subscription.depth = std::clamp(depth, 1U, deepestQueue);
+    subscription.depth = depthFor(memory.events[event], depth);
     uint64_t& word = wordOf(memory.events[event].attached, place);
     publish(word, word | bitOf(place));
 }

@@ -40,7 +40,7 @@ void releasePlace(EventLayout& memory, int place);
 // Takes the lock. Frees the places of threads that have ended; whether there was one.
 bool releaseDeadPlaces(EventLayout& memory);
 
-// `depth` is brought into range. What was raised before is not seen.
+// `depth` is brought into range; "config" has the greatest one always. What was raised before is not seen.
 void subscribe(EventLayout& memory, int event, int place, unsigned depth);
 void unsubscribe(EventLayout& memory, int event, int place);
 bool isSubscribed(const EventLayout& memory, int event, int place);
