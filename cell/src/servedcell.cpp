@@ -133,8 +133,9 @@ bool ServedCell::makeRoom(const CellModel& model, std::string& reasons) {
     return false;
 }
 
+// Everything that the store can refuse it refuses here, before any of it has changed.
 bool ServedCell::fill(Content& content, std::string& reasons) {
-    if (!makeRoom(*content.model, reasons))
+    if (!makeRoom(*content.model, reasons) || !StoreContents::reserve(m_server, *content.model, reasons))
         return false;
     ostrel_server_begin(m_server, static_cast<SM_AREA_ID>(-1));
     if (!content.contents.put(m_server, *content.model, reasons))
@@ -180,7 +181,12 @@ ServedCell::~ServedCell() {
         m_kept->write(keptText(model(), m_content->contents));
     m_kept.reset();
     recordWrites();
-    if (m_server != nullptr)
+    if (m_server == nullptr)
+        return;
+    // A cell that did not come up takes nothing away that another one had left.
+    if (!m_clock && adopted())
+        ostrel_server_leave(m_server);
+    else
         ostrel_server_close(m_server);
 }
 
@@ -251,13 +257,8 @@ bool ServedCell::reload(std::string& reasons, std::string& remarks) {
     if (!content)
         return false;
     content->simulation->takeMemoryOf(*m_content->simulation);
-    if (!fill(*content, reasons)) {
-        // The store refused what the file says. What was served before it took once and takes again.
-        std::string ignored;
-        fill(*m_content, ignored);
-        ostrel_server_commit(m_server);
+    if (!fill(*content, reasons))
         return false;
-    }
     content->scan->takeMemoryOf(*m_content->scan);
     content->scan->run(m_clock->t(), 0);
     ostrel_server_commit(m_server);

@@ -1,5 +1,7 @@
 #include "storefill.h"
 
+#include <deque>
+
 #include "names.h"
 #include "recordfill.h"
 
@@ -60,11 +62,15 @@ void setWriteRule(ostrel_server* server, const Variable& variable) {
     ostrel_server_set_write_rule(server, variable.label().c_str(), &rule);
 }
 
-bool putAlias(ostrel_server* server, const CellModel& model, const Alias& alias, std::string& reason) {
-    // The store knows no aliases of aliases. An index may be a label here; the store is told the number.
+// The store knows no aliases of aliases. An index may be a label here; the store is told the number.
+std::string targetOf(const CellModel& model, const Alias& alias) {
     std::string why;
     const auto ref = resolveName(model, alias.target, why);
-    const std::string target = ref ? model.fullName(*ref) : alias.target;
+    return ref ? model.fullName(*ref) : alias.target;
+}
+
+bool putAlias(ostrel_server* server, const CellModel& model, const Alias& alias, std::string& reason) {
+    const std::string target = targetOf(model, alias);
     char message[256] = "";
     if (ostrel_server_put_alias(server, alias.name.c_str(), target.c_str(), alias.primary ? 1 : 0, message,
                                 sizeof message) != nullptr)
@@ -74,6 +80,26 @@ bool putAlias(ostrel_server* server, const CellModel& model, const Alias& alias,
 }
 
 }  // namespace
+
+bool StoreContents::reserve(ostrel_server* server, const CellModel& model, std::string& reason) {
+    std::deque<std::string> texts;  // never moves
+    std::vector<ostrel_server_variable> all;
+    for (const Variable& variable : model.variables) {
+        const char* label = texts.emplace_back(variable.label()).c_str();
+        const auto& sizes = variable.shape.sizes;
+        all.push_back(
+            {variable.section->area, variable.kind, label, nullptr, static_cast<int>(sizes.size()), sizes.data()});
+    }
+    for (const Alias& alias : model.aliases) {
+        const char* target = texts.emplace_back(targetOf(model, alias)).c_str();
+        all.push_back({ALIAS_MEM, ALIAS_TYPE, alias.name.c_str(), target, 0, nullptr});
+    }
+    char message[256] = "";
+    if (ostrel_server_reserve(server, all.data(), static_cast<int>(all.size()), message, sizeof message) == 0)
+        return true;
+    reason = message;
+    return false;
+}
 
 bool StoreContents::put(ostrel_server* server, const CellModel& model, std::string& reason) {
     m_placed.assign(model.variables.size(), {});

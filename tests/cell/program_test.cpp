@@ -132,6 +132,26 @@ TEST_F(Program, KeepsTheOldCellWhenAReloadFails) {
     EXPECT_EQ(cell.wait(), 0);
 }
 
+TEST_F(Program, AStartThatFailsLeavesWhatAKilledOneLeft) {
+    Process killed(command(write(simple)));
+    ASSERT_TRUE(killed.says("\n")) << killed.errors();
+    set_real_variable(&record<REAL_VARIABLE>("SP"), 7);
+    killed.signal(SIGKILL);
+    killed.wait();
+    Process failing(command(write("[cell]\nname = \"test\"\naudit = \"/no/such/folder/audit\"\n" + simple)));
+    EXPECT_EQ(failing.wait(), 1);
+    EXPECT_NE(failing.errors(), "");
+    EXPECT_EQ(number("SP"), 7);
+    ostrel_store_status status{};
+    EXPECT_EQ(ostrel_store_get_status(&status), 1);
+    EXPECT_EQ(status.alive, 0);
+    Process next(command(write(simple)));
+    ASSERT_TRUE(next.says("serving adopted store")) << next.errors();
+    EXPECT_EQ(number("SP"), 7);
+    next.signal(SIGTERM);
+    EXPECT_EQ(next.wait(), 0);
+}
+
 TEST_F(Program, TellsFiveMistakesAndMakesNoStore) {
     const std::string file = write(
         "[real.A]\nunits = \"furlong\"\n[real.B]\nformat = \"%d\"\n[real.C]\nexpr = \"D\"\n"

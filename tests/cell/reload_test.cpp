@@ -1,5 +1,13 @@
 // Reading the file again while the cell is served.
+#include <ostrel/events.h>
+#include <sys/statvfs.h>
+
+#include <fstream>
+#include <sstream>
+#include <thread>
+
 #include "servedtest.h"
+#include "smallmemory.h"
 
 namespace {
 
@@ -85,6 +93,147 @@ TEST_F(Reload, ChangesTheShapeOfAnArray) {
     EXPECT_FALSE(exists("A:1"));
     goodReload(scans);
     EXPECT_FALSE(exists("A:1:1"));
+}
+
+// What a store holds that a refused reload must leave as it is.
+class RefusedReload : public Reload {
+protected:
+    // A cell that has lost a variable, so that there is a slot that a new one could take.
+    void serveBase() {
+        serve(base + "[integer.GONE]\nvalue = 3\n");
+        m_gone = &record<INTEGER_VARIABLE>("GONE");
+        goodReload(base);
+        set_real_variable(&record<REAL_VARIABLE>("SP"), 42);
+        scan(2);
+        ASSERT_TRUE(scanUntil([this] { return kept().find("real SP bar 42") != std::string::npos; })) << kept();
+        m_index = handleOf("SP").index;
+        m_field = handleOf("FIELD:1:2").member_adr;
+        m_generation = generation();
+        m_raised = configRaised();
+        m_count = counters().generic_reconfig_count;
+    }
+
+    void refuses(const std::string& lines, const std::string& reason) {
+        int status = 0;
+        EXPECT_EQ(reload(lines, status), reason);
+        EXPECT_NE(status, 0);
+        EXPECT_EQ(number("SP"), 42);
+        EXPECT_EQ(handleOf("SP").index, m_index);
+        EXPECT_EQ(handleOf("FIELD:1:2").member_adr, m_field);
+        EXPECT_EQ(number("FIELD:1:2"), 7);
+        EXPECT_EQ(number("NICK"), 42);
+        EXPECT_STREQ(record<REAL_VARIABLE>("SP").display_format, "%.1f");
+        EXPECT_STREQ(m_gone->label, "GONE");
+        EXPECT_EQ(+m_gone->value, 3);
+        EXPECT_FALSE(exists("NEW"));
+        EXPECT_FALSE(exists("GONE"));
+        double limits[NUM_LIMIT_TYPES] = {};
+        char name[] = "SP";
+        EXPECT_EQ(get_limit_info(name, nullptr, limits, nullptr, nullptr), 0);
+        EXPECT_EQ(limits[HIGH_ABORT_LIMIT], 90);
+        // By a client: what this thread writes is the cell's own.
+        std::thread([] { set_real_variable(&record<REAL_VARIABLE>("SP"), 101); }).join();
+        EXPECT_EQ(number("SP"), 42) << "the rule holds";
+        EXPECT_EQ(generation(), m_generation);
+        EXPECT_EQ(configRaised(), m_raised) << "nobody was told of a reconfiguration";
+        EXPECT_EQ(counters().generic_reconfig_count, m_count);
+        const unsigned before = record<REAL_VARIABLE>("SCANS").update_count;
+        EXPECT_TRUE(scanUntil([before] { return record<REAL_VARIABLE>("SCANS").update_count >= before + 3; }));
+        EXPECT_NE(kept().find("real SP bar 42"), std::string::npos) << kept();
+    }
+
+    std::string kept() const {
+        std::ostringstream text;
+        text << std::ifstream(path(store() + ".kept")).rdbuf();
+        return text.str();
+    }
+
+    static uint32_t generation() {
+        ostrel_store_status status{};
+        ostrel_store_get_status(&status);
+        return status.generation;
+    }
+
+    static unsigned long long configRaised() {
+        ostrel_event_info_t info{};
+        for (int i = 0; ostrel_event_info(i, &info) == 0; ++i)
+            if (std::string(info.name) == "config")
+                return info.raised;
+        return 0;
+    }
+
+    static const RECONFIG_DATA& counters() {
+        char block[] = "reconfig_data";
+        return *static_cast<const RECONFIG_DATA*>(get_private_shrd_mem(block, sizeof(RECONFIG_DATA)));
+    }
+
+    static double freeMegabytes() {
+        struct statvfs memory {};
+        EXPECT_EQ(statvfs("/dev/shm", &memory), 0);
+        return static_cast<double>(memory.f_bfree * memory.f_bsize) / (1 << 20);
+    }
+
+    static std::string huge(const std::string& name) { return "[real_array." + name + "]\nsize = [1900, 1900]\n"; }
+    // More arrays than the store was made for.
+    static std::string many() {
+        std::string lines;
+        for (int i = 0; i < 70; ++i)
+            lines += "[real_array.M" + std::to_string(i) + "]\nsize = 2\n";
+        return lines;
+    }
+
+    static inline const std::string base =
+        scans +
+        "[real.SP]\nvalue = 1\nunits = \"bar\"\nformat = \"%.1f\"\npersist = true\nmax = 100\nhigh_abort = 90\n"
+        "[real_array.FIELD]\nsize = [2, 3]\nvalue = 7\n[alias]\nNICK = \"SP\"\n";
+    // The same names with other units, another rule, another shape and one more variable.
+    static inline const std::string other =
+        scans +
+        "[real.SP]\nvalue = 1\nunits = \"kPa\"\nformat = \"%.3f\"\npersist = true\nmax = 500\nhigh_abort = 80\n"
+        "[integer.NEW]\n[real_array.FIELD]\nsize = [3, 3]\nvalue = 9\n[alias]\nNICK = \"NEW\"\n";
+    static inline const std::string noMemory = ": there is no memory left for it; free some in /dev/shm";
+
+private:
+    const INTEGER_VARIABLE* m_gone = nullptr;
+    int m_index = 0;
+    const void* m_field = nullptr;
+    uint32_t m_generation = 0;
+    unsigned long long m_raised = 0;
+    int m_count = 0;
+};
+
+TEST_F(RefusedReload, LeavesTheStoreAsItWas) {
+    withSharedMemoryOf(64, [this] {
+        serveBase();
+        refuses(other + huge("HUGE"), "HUGE" + noMemory);
+        refuses(huge("HUGE") + other, "HUGE" + noMemory);
+        EXPECT_EQ(goodReload(other), "");
+        EXPECT_NEAR(number("SP"), 4200, 1e-9);
+        EXPECT_EQ(number("FIELD:2:2"), 9);
+        EXPECT_TRUE(exists("NEW"));
+    });
+}
+
+TEST_F(RefusedReload, LeavesTheStoreAsItWasWhereItHadToGrow) {
+    withSharedMemoryOf(64, [this] {
+        serveBase();
+        refuses(other + many() + huge("HUGE"), "HUGE" + noMemory);
+        refuses(other + many() + huge("HUGE"), "HUGE" + noMemory);
+        EXPECT_EQ(goodReload(other + many()), "");
+        EXPECT_NEAR(number("SP"), 4200, 1e-9);
+        EXPECT_TRUE(exists("M69:1"));
+    });
+}
+
+TEST_F(RefusedReload, GivesBackTheMemoryThatItHadTaken) {
+    withSharedMemoryOf(64, [this] {
+        serveBase();
+        const double before = freeMegabytes();
+        refuses(base + "[real_array.LARGE]\nsize = [400, 500]\n" + huge("HUGE"), "HUGE" + noMemory);
+        EXPECT_NEAR(freeMegabytes(), before, 5) << "the large one would take 20";
+        goodReload(base + "[real_array.LARGE]\nsize = [400, 500]\n");
+        EXPECT_TRUE(exists("LARGE:399:499"));
+    });
 }
 
 }  // namespace

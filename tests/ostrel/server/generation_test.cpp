@@ -91,6 +91,54 @@ TEST_F(Generation, IsRefusedInTheMiddleOfAReconfiguration) {
     ASSERT_EQ(server.tell("commit"), "ok");
 }
 
+TEST_F(Generation, ThatWouldBeRefusedIsDropped) {
+    configure({"put 54 1 A", "array 15 FIELD 3", "alias NICK A 1", "limits A 5", "rule A 1 0 10"});
+    set_real_variable(record<REAL_VARIABLE>("A"), 7);
+    REAL_VARIABLE* before = record<REAL_VARIABLE>("A");
+    for (const char* refused : {"54 1 1A", "54 1 A.", "58 9 STAT", "54 2 B", "64 15 FIELD", "64 15 FIELD 3 3 3 3",
+                                "64 15 FIELD 0", "54 1", "63 14 N:1 A"}) {
+        ASSERT_EQ(server.tell("room 54 1 25000"), "ok 1");
+        EXPECT_EQ(server.tell(std::string("reserve ") + refused).substr(0, 5), "error") << refused;
+        EXPECT_EQ(generation(), 1u);
+        EXPECT_EQ(record<REAL_VARIABLE>("A"), before);
+        EXPECT_EQ(record<REAL_VARIABLE>("NICK"), before);
+    }
+    for (const std::string& object : objectsOf(store))
+        EXPECT_EQ(object.find(".next"), std::string::npos) << object;
+    ASSERT_EQ(server.tell("rule A 1 0 5"), "ok") << "of the generation that is served";
+    EXPECT_EQ(server.tell("reserve 54 1 A"), "ok");
+    configure({"put 54 1 A"});
+    EXPECT_EQ(record<REAL_VARIABLE>("A"), before);
+    EXPECT_EQ(real("A"), 7);
+    set_real_variable(before, 6);
+    EXPECT_EQ(real("A"), 7);
+}
+
+TEST(Reserving, RefusesWhatAPutWouldRefuse) {
+    const ostrel_server_options options{};
+    char message[200] = "";
+    ostrel_server* own = ostrel_server_open(&options, message, sizeof message);
+    ASSERT_NE(own, nullptr) << message;
+    const ostrel_server_variable twice[] = {{GU_REAL_MEM, REAL_TYPE, "A", nullptr, 0, nullptr},
+                                            {GU_INTEGER_MEM, INT_TYPE, "A", nullptr, 0, nullptr}};
+    EXPECT_EQ(ostrel_server_reserve(own, twice, 1, message, sizeof message), 0);
+    EXPECT_NE(ostrel_server_reserve(own, twice, 2, message, sizeof message), 0);
+    EXPECT_STREQ(message, "A: stands already; a name can be given once");
+    std::vector<std::string> names;
+    for (int i = 0; i < 65; ++i)
+        names.push_back("A" + std::to_string(i));
+    const unsigned short size = 1;
+    std::vector<ostrel_server_variable> arrays;
+    for (const std::string& name : names)
+        arrays.push_back({REAL_ARRAY_MEM, REAL_ARRAY_TYPE, name.c_str(), nullptr, 1, &size});
+    EXPECT_EQ(ostrel_server_reserve(own, arrays.data(), 64, message, sizeof message), 0);
+    EXPECT_NE(ostrel_server_reserve(own, arrays.data(), 65, message, sizeof message), 0);
+    EXPECT_NE(std::string(message).find("is full; it has room for 64"), std::string::npos) << message;
+    EXPECT_NE(ostrel_server_reserve(own, nullptr, 1, message, sizeof message), 0);
+    EXPECT_NE(ostrel_server_reserve(nullptr, arrays.data(), 1, message, sizeof message), 0);
+    ostrel_server_close(own);
+}
+
 TEST_F(Generation, HasTheRoomAskedForAndSome) {
     grow({"put 54 1 A"});
     EXPECT_EQ(generation(), 2u);

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -114,6 +115,27 @@ std::string makeRoom(std::istream& words) {
     return made < 0 ? failed() : "ok " + std::to_string(made);
 }
 
+// "reserve AREA KIND LABEL SIZE..." for one variable that shall be put, "reserve AREA KIND LABEL TARGET" for an alias.
+std::string reserve(std::istream& words) {
+    int area = 0;
+    int kind = 0;
+    std::string label;
+    std::string target;
+    words >> area >> kind >> label;
+    std::vector<unsigned short> sizes;
+    if (kind == ALIAS_TYPE)
+        words >> target;
+    for (unsigned short size = 0; words >> size;)
+        sizes.push_back(size);
+    const ostrel_server_variable variable{static_cast<SM_AREA_ID>(area),
+                                          static_cast<SM_VARI_TYPE>(kind),
+                                          label.c_str(),
+                                          target.c_str(),
+                                          static_cast<int>(sizes.size()),
+                                          sizes.data()};
+    return ostrel_server_reserve(server, &variable, 1, message, sizeof message) == 0 ? "ok" : failed();
+}
+
 // The server's own write of a real variable.
 std::string set(std::istream& words) {
     std::string label;
@@ -170,6 +192,8 @@ std::string obey(const std::string& command, std::istream& words) {
         return drain(words);
     if (command == "room")
         return makeRoom(words);
+    if (command == "reserve")
+        return reserve(words);
     if (command == "set")
         return set(words);
     if (command == "churn")

@@ -35,6 +35,10 @@ ostrel_server* ostrel_server_open(const ostrel_server_options* options, char* me
 // Ends the store cleanly: clients keep what they have linked, the name is free again. Frees `server`.
 void ostrel_server_close(ostrel_server* server);
 
+// Lets go of the store without ending it: it stays for the next server to adopt, as after a server's death. For one that
+// has adopted it and cannot go on. Frees `server`.
+void ostrel_server_leave(ostrel_server* server);
+
 // 1 when the store was left by a dead server and adopted.
 int ostrel_server_adopted(const ostrel_server* server);
 
@@ -55,6 +59,22 @@ typedef struct ostrel_server_room {
 // with the reason, where a section cannot have that room; nothing has changed then.
 int ostrel_server_make_room(ostrel_server* server, const ostrel_server_room* rooms, int count, char* message,
                             size_t message_size);
+
+// One variable, array or alias that a reconfiguration will put.
+typedef struct ostrel_server_variable {
+    SM_AREA_ID area;
+    SM_VARI_TYPE kind;
+    const char* label;
+    const char* target;           // of an alias
+    int dimensions;               // of an array
+    const unsigned short* sizes;  // of an array, so many
+} ostrel_server_variable;
+
+// Checks the names and takes the memory for what the next reconfiguration of all areas will put, which must follow;
+// called between make_room and begin. 0: nothing of it will be refused. Else `message` has the reason and everything is
+// as it was before make_room, for clients and for the server.
+int ostrel_server_reserve(ostrel_server* server, const ostrel_server_variable* variables, int count, char* message,
+                          size_t message_size);
 
 // Starts a reconfiguration of one area, or of all with -1, and announces it. Variables not put again until commit go.
 void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area);

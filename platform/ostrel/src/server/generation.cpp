@@ -254,6 +254,13 @@ void closeStore(ostrel_server& server) {
     }
 }
 
+void leaveStore(ostrel_server& server) {
+    server.timers.reset();
+    if (server.next)
+        abandonNextGeneration(server);
+    server.store->header()->serverPid.store(0, std::memory_order_release);
+}
+
 Attachment& storeOfClients(const ostrel_server& server) {
     return server.previous ? *server.previous : *server.store;
 }
@@ -303,15 +310,25 @@ bool startNextGeneration(ostrel_server& server, const Capacities& capacities, st
     takeOverEvents(server.previous->eventMemory(), server.store->eventMemory());
     server.previousRecords =
         std::exchange(server.records, std::make_unique<ServedRecords>(*server.store, server.records.get()));
-    server.names = std::make_unique<ServedNames>(*server.store);
+    server.previousNames = std::exchange(server.names, std::make_unique<ServedNames>(*server.store));
     server.store->takeServersThread();
     return true;
+}
+
+void abandonNextGeneration(ostrel_server& server) {
+    server.records = std::move(server.previousRecords);
+    server.names = std::move(server.previousNames);
+    server.store = std::exchange(server.previous, nullptr);
+    server.next.reset();
+    if (!server.name.empty())
+        unlinkStoreObjects(nextGenerationName(server.name));
 }
 
 void finishNextGeneration(ostrel_server& server) {
     Attachment& old = *std::exchange(server.previous, nullptr);
     server.records->forgetFormer();
     server.previousRecords.reset();
+    server.previousNames.reset();
     carryWrites(*old.writes(), *server.store->writes());
     server.store->header()->state.store(Live, std::memory_order_release);
     old.header()->state.store(Superseded, std::memory_order_release);

@@ -15,6 +15,9 @@ void openStore(ostrel_server& server, const ostrel_server_options& options, std:
 // Ends the store cleanly.
 void closeStore(ostrel_server& server);
 
+// Leaves the store as it is to the next server.
+void leaveStore(ostrel_server& server);
+
 // The generation that clients use.
 Attachment& storeOfClients(const ostrel_server& server);
 
@@ -25,6 +28,9 @@ bool fits(const Attachment& store, const Capacities& capacities);
 
 // Makes the next generation, to be filled; false, with the reason, where that cannot be.
 bool startNextGeneration(ostrel_server& server, const Capacities& capacities, std::string& problem);
+
+// Drops the next generation as if it had never been started.
+void abandonNextGeneration(ostrel_server& server);
 
 // Lets clients have the next generation in place of the one they use, and tells them there.
 void finishNextGeneration(ostrel_server& server);

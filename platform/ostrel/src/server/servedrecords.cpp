@@ -57,15 +57,15 @@ void nameRecord(char* record, int section, int index, const std::string& label) 
     std::copy(label.begin(), label.end(), record + fields.label);
 }
 
-std::string withoutMemory(int error) {
-    return error == ENOSPC ? "there is no memory left for it; free some in /dev/shm" : std::strerror(error);
-}
-
 bool sameShape(const ArrayShape& a, const ArrayShape& b) {
     return a.dimensions == b.dimensions && std::equal(a.sizes.begin(), a.sizes.begin() + a.dimensions, b.sizes.begin());
 }
 
 }  // namespace
+
+std::string withoutMemory(int error) {
+    return error == ENOSPC ? "there is no memory left for it; free some in /dev/shm" : std::strerror(error);
+}
 
 ServedRecords::ServedRecords(Attachment& store, const ServedRecords* former) : m_store(store), m_former(former) {
     for (int i = 0; i < storeSections; ++i)
@@ -113,6 +113,11 @@ void ServedRecords::setRule(int section, int index, const ostrel_write_rule& giv
     rule.flags.store(flags, std::memory_order_release);
 }
 
+std::string ServedRecords::fullSection(int section) const {
+    return "the section " + std::string(sectionRow(section).name) + " is full; it has room for " +
+           std::to_string(book(section).capacity());
+}
+
 int ServedRecords::reserveSlot(int section, int index) {
     const ostrel_section& row = sectionRow(section);
     const size_t end = row.start + (static_cast<size_t>(index) + 1) * row.record_size;
@@ -131,11 +136,57 @@ int ServedRecords::reserveSlot(int section, int index) {
     return error;
 }
 
+// Whether the put will find the array with its elements: what shapeElements() sees, told before. Where the section is
+// so full that names take each other's slots it may find anything.
+bool ServedRecords::keepsElements(const WantedVariable& wanted, bool slotsMove) const {
+    const auto slot = book(wanted.section).find(wanted.label);
+    const int kind = sectionRow(wanted.section).kind;
+    return slot && !slotsMove && sameShape(shapeInRecord(m_store.record(wanted.section, *slot), kind), wanted.shape) &&
+           m_store.elements(kind, *slot).count == wanted.shape.elementCount();
+}
+
+bool ServedRecords::reserve(const std::vector<WantedVariable>& wanted, std::string& culprit, std::string& problem) {
+    std::array<int, storeSections> all{};
+    std::array<int, storeSections> fresh{};
+    for (const WantedVariable& variable : wanted) {
+        const auto section = static_cast<size_t>(variable.section);
+        ++all[section];
+        fresh[section] += !book(variable.section).find(variable.label);
+    }
+    size_t end = m_store.header()->elementsUsed.load(std::memory_order_relaxed);
+    for (const WantedVariable& variable : wanted) {
+        const auto section = static_cast<size_t>(variable.section);
+        const SlotBook& slots = book(variable.section);
+        culprit = variable.label;
+        int error = 0;
+        if (all[section] > slots.capacity())
+            problem = fullSection(variable.section);
+        else if (variable.shape.dimensions > 0 && !keepsElements(variable, slots.isFullWith(fresh[section])))
+            error = reserveElements(sectionRow(variable.section).kind, variable.shape.elementCount(), end);
+        if (problem.empty() && error == 0)
+            error = reserveSlot(variable.section, slots.takenWith(fresh[section]) - 1);
+        m_elementsReservedTo = end;
+        if (error != 0)
+            problem = withoutMemory(error);
+        if (problem.empty())
+            continue;
+        unreserve();
+        return false;
+    }
+    return true;
+}
+
+void ServedRecords::unreserve() {
+    const size_t used = m_store.header()->elementsUsed.load(std::memory_order_relaxed);
+    if (m_elementsReservedTo > used)
+        m_store.objects().elements.release(used, m_elementsReservedTo - used);
+    m_elementsReservedTo = 0;
+}
+
 char* ServedRecords::take(int section, const std::string& label, bool& isNew, std::string& problem) {
     const auto taken = book(section).take(label);
     if (!taken) {
-        problem = "the section " + std::string(sectionRow(section).name) + " is full; it has room for " +
-                  std::to_string(book(section).capacity());
+        problem = fullSection(section);
         return nullptr;
     }
     if (const int error = reserveSlot(section, taken->index)) {
@@ -182,17 +233,26 @@ bool ServedRecords::carryElements(int section, int index, const ElementBlock& to
     return true;
 }
 
+// Takes the memory for elements that begin at `end`, which goes behind them.
+int ServedRecords::reserveElements(int kind, size_t count, size_t& end) const {
+    const SharedObject& memory = m_store.objects().elements;
+    const size_t bytes = (count * elementSize(kind) + elementAlignment - 1) / elementAlignment * elementAlignment;
+    const int error = end > memory.size() || bytes > memory.size() - end ? ENOSPC : memory.reserve(end, bytes);
+    if (error == 0)
+        end += bytes;
+    return error;
+}
+
 char* ServedRecords::takeElements(int kind, int index, size_t count, std::string& problem) {
     StoreHeader& header = *m_store.header();
     const SharedObject& memory = m_store.objects().elements;
     const size_t start = std::min<size_t>(header.elementsUsed.load(std::memory_order_relaxed), memory.size());
-    const size_t bytes = (count * elementSize(kind) + elementAlignment - 1) / elementAlignment * elementAlignment;
-    const int error = bytes > memory.size() - start ? ENOSPC : memory.reserve(start, bytes);
-    if (error != 0) {
+    size_t end = start;
+    if (const int error = reserveElements(kind, count, end)) {
         problem = withoutMemory(error);
         return nullptr;
     }
-    header.elementsUsed.store(start + bytes, std::memory_order_release);
+    header.elementsUsed.store(end, std::memory_order_release);
     header.arrayBlocks[kind - REAL_ARRAY_TYPE][index].store((start / elementAlignment) << 32 | count,
                                                             std::memory_order_release);
     return memory.data() + start;

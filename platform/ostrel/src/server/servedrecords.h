@@ -6,10 +6,21 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "server/slotbook.h"
 #include "store/arrayshape.h"
 #include "store/attachment.h"
+
+// A variable that will be put; the shape of an array, else one without dimensions.
+struct WantedVariable {
+    int section;
+    std::string label;
+    ArrayShape shape;
+};
+
+// What people are told about an errno where memory was asked for.
+std::string withoutMemory(int error);
 
 class ServedRecords {
 public:
@@ -26,6 +37,12 @@ public:
     SlotBook& book(int section) { return m_books[static_cast<size_t>(section)]; }
     const SlotBook& book(int section) const { return m_books[static_cast<size_t>(section)]; }
 
+    // Takes the memory for all of them; false with the culprit and the reason, and without memory for new elements.
+    bool reserve(const std::vector<WantedVariable>& wanted, std::string& culprit, std::string& problem);
+
+    // Gives back memory for elements that was reserved for nothing.
+    void unreserve();
+
     // The record for that name with its fixed fields set; null, with the reason, where there is no room.
     char* take(int section, const std::string& label, bool& isNew, std::string& problem);
 
@@ -41,6 +58,9 @@ public:
     void setRule(int section, int index, const ostrel_write_rule& rule);
 
 private:
+    bool keepsElements(const WantedVariable& wanted, bool slotsMove) const;
+    int reserveElements(int kind, size_t count, size_t& end) const;
+    std::string fullSection(int section) const;
     int reserveSlot(int section, int index);
     int reserveRules(int section, size_t count);
     void setActive(int section, int index, bool active);
@@ -53,6 +73,7 @@ private:
     const ServedRecords* m_former;
     std::array<SlotBook, storeSections> m_books;
     std::array<size_t, storeSections> m_reservedTo{};
+    size_t m_elementsReservedTo = 0;
 };
 
 #endif

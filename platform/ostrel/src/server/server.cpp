@@ -6,12 +6,12 @@
 #include <cstring>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "monotonic.h"
 #include "server/generation.h"
+#include "server/reservation.h"
 #include "server/serverstate.h"
 #include "store/currentstore.h"
 
@@ -38,28 +38,6 @@ bool isUnderReconfiguration(const ostrel_server& server, SM_AREA_ID area) {
     return false;
 }
 
-bool isIdentifier(std::string_view text) {
-    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
-    if (text.empty() || !isLetter(text.front()))
-        return false;
-    for (const char c : text)
-        if (!isLetter(c) && !(c >= '0' && c <= '9'))
-            return false;
-    return true;
-}
-
-std::string problemOfName(std::string_view name, bool endsInPoint) {
-    if (name.size() >= nameBytes)
-        return "is too long for a name; it may have 79 characters";
-    if (endsInPoint && !name.ends_with('.'))
-        return "is no name of a variable with members; it must end in a point";
-    if (endsInPoint)
-        name.remove_suffix(1);
-    if (!isIdentifier(name))
-        return "is no name; use letters, digits and underscores, with no digit at the start";
-    return "";
-}
-
 // The section that a name shall be put into; -1 with the reason where that cannot be.
 int sectionFor(const ostrel_server& server, SM_AREA_ID area, int kind, const std::string& label, std::string& problem) {
     const int section = sectionNumber(area, kind);
@@ -70,7 +48,7 @@ int sectionFor(const ostrel_server& server, SM_AREA_ID area, int kind, const std
     else
         problem = problemOfName(label, hasMembers(kind));
     if (problem.empty() && server.names->isTaken(label))
-        problem = "stands already; a name can be given once";
+        problem = nameStandsAlready;
     return problem.empty() ? section : -1;
 }
 
@@ -139,6 +117,13 @@ void ostrel_server_close(ostrel_server* server) {
     delete server;
 }
 
+void ostrel_server_leave(ostrel_server* server) {
+    if (!server)
+        return;
+    leaveStore(*server);
+    delete server;
+}
+
 int ostrel_server_adopted(const ostrel_server* server) {
     return server && server->adopted;
 }
@@ -177,6 +162,20 @@ int ostrel_server_make_room(ostrel_server* server, const ostrel_server_room* roo
     return isMade;
 }
 
+int ostrel_server_reserve(ostrel_server* server, const ostrel_server_variable* variables, int count, char* message,
+                          size_t message_size) {
+    if (!server || count < 0 || (!variables && count > 0))
+        return 1;
+    std::string culprit;
+    std::string problem;
+    if (reserveVariables(*server, {variables, static_cast<size_t>(count)}, culprit, problem))
+        return 0;
+    if (server->previous)
+        abandonNextGeneration(*server);
+    tell(message, message_size, culprit, problem);
+    return 1;
+}
+
 void ostrel_server_begin(ostrel_server* server, SM_AREA_ID area) {
     if (!server || isUnderReconfiguration(*server, area))
         return;
@@ -213,10 +212,7 @@ void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const ch
     if (!server || !label || !sizes || !elements)
         return nullptr;
     std::string problem;
-    ArrayShape shape;
-    shape.dimensions = dimensions;
-    for (int i = 0; i < dimensions && i < maxDimensions; ++i)
-        shape.sizes[static_cast<size_t>(i)] = sizes[i];
+    const ArrayShape shape = givenShape(dimensions, sizes);
     const int section = arraySectionNumber(kind);
     bool isNew = false;
     char* record = nullptr;
@@ -224,7 +220,7 @@ void* ostrel_server_put_array(ostrel_server* server, SM_VARI_TYPE kind, const ch
     if (section < 0)
         problem = "kind " + std::to_string(kind) + " is no array";
     else if (shape.elementCount() == 0)
-        problem = "has no size that an array can have; use 1 to 3 dimensions of 1 to 2500";
+        problem = noSuchShape;
     else
         record = putRecord(*server, ostrel_sections(nullptr)[section].area, kind, label, isNew, problem);
     if (record)
@@ -248,7 +244,7 @@ ALIAS_VARIABLE* ostrel_server_put_alias(ostrel_server* server, const char* alias
     bool isNew = false;
     char* record = nullptr;
     if (strnlen(target, nameBytes) >= nameBytes)
-        problem = "its target is too long for a name; it may have 79 characters";
+        problem = targetIsTooLong;
     else
         record = putRecord(*server, ALIAS_MEM, ALIAS_TYPE, alias, isNew, problem);
     if (!record) {

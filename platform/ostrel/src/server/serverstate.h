@@ -32,6 +32,7 @@ struct ostrel_server {
     // While the next generation is being filled.
     Attachment* previous = nullptr;  // which clients use until then
     std::unique_ptr<ServedRecords> previousRecords;
+    std::unique_ptr<ServedNames> previousNames;
     std::unique_ptr<Attachment> next;  // owns `store` until clients may have it
 
     std::vector<Attachment*> former;  // generations whose clients may not have moved yet

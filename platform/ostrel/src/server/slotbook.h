@@ -3,6 +3,7 @@
 #ifndef OSTREL_SERVER_SLOTBOOK_H
 #define OSTREL_SERVER_SLOTBOOK_H
 
+#include <algorithm>
 #include <cstddef>
 #include <deque>
 #include <optional>
@@ -31,6 +32,12 @@ public:
 
     // The slot of that name, active or retired.
     std::optional<int> find(const std::string& label) const;
+
+    // How many of its slots will ever have been taken once so many new names are put.
+    int takenWith(int newNames) const { return std::min(m_capacity, static_cast<int>(m_slots.size()) + newNames); }
+
+    // Whether names will have to take the slots of others then.
+    bool isFullWith(int newNames) const { return static_cast<int>(m_slots.size()) + newNames > m_capacity; }
 
     // Takes a put back: the name is retired with the end of the reconfiguration.
     void drop(const std::string& label);

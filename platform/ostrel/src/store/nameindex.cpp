@@ -154,6 +154,12 @@ std::optional<Limits> readLimits(const IndexTable& table, uint32_t number) {
     return limits;
 }
 
+int reserveNames(const StoreObjects& objects, size_t names, size_t limits) {
+    const uint64_t next = objects.storeHeader()->indexVersion.load(std::memory_order_relaxed) + 1;
+    return reserveTable(objects, *objects.indexTable(next), std::min(names, indexEntries - 1),
+                        std::min(limits, indexLimits - 1));
+}
+
 int publishNames(const StoreObjects& objects, const std::vector<NewName>& names, const std::vector<Limits>& limits) {
     auto& version = objects.storeHeader()->indexVersion;
     const uint64_t next = version.load(std::memory_order_relaxed) + 1;

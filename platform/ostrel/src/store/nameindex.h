@@ -61,6 +61,9 @@ struct NewName {
 // Fills the table that does not hold and lets it hold. Gives 0, or an errno where there is no memory for it.
 int publishNames(const StoreObjects& objects, const std::vector<NewName>& names, const std::vector<Limits>& limits);
 
+// Takes the memory for a next table with at most so many names and limits. Gives 0 or an errno.
+int reserveNames(const StoreObjects& objects, size_t names, size_t limits);
+
 // Changes limits in the table that holds; false where the name has none there. For the server.
 bool changeLimits(const StoreObjects& objects, std::string_view name, const Limits& limits);
 

@@ -92,6 +92,12 @@ int SharedObject::reserve(size_t offset, size_t length) const {
     return posix_fallocate(m_fd, static_cast<off_t>(offset), static_cast<off_t>(length));
 }
 
+void SharedObject::release(size_t offset, size_t length) const {
+    // What cannot be given back stays reserved, which costs memory and nothing else.
+    [[maybe_unused]] const int result = fallocate(m_fd, FALLOC_FL_PUNCH_HOLE | FALLOC_FL_KEEP_SIZE,
+                                                  static_cast<off_t>(offset), static_cast<off_t>(length));
+}
+
 int SharedObject::setAccess(const Access& access) const {
     if (access.hasGroup && fchown(m_fd, static_cast<uid_t>(-1), access.group) != 0)
         return errno;

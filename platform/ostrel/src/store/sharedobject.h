@@ -38,6 +38,9 @@ public:
     // Takes the pages of that range from the system now, so that a full memory is an error here and no signal later.
     int reserve(size_t offset, size_t length) const;
 
+    // Gives the pages of that range back to the system; they are zero from then on.
+    void release(size_t offset, size_t length) const;
+
     // Gives the object another owner group and mode.
     int setAccess(const Access& access) const;
 
