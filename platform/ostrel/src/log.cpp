@@ -60,7 +60,7 @@ void log_error(const char* file, int line, int level, int status, const char* fo
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text, length);
 
     char path[sizeof StoreHeader::logFile] = "";
-    if (const Attachment* store = attachment())
+    if (const Attachment* store = runningStore())
         std::memcpy(path, store->header()->logFile, sizeof path - 1);
     if (path[0] != '\0')
         appendTo(path, text, length);

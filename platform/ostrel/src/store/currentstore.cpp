@@ -113,7 +113,9 @@ void embedOnce(std::unique_lock<std::mutex>& lock, Choice& c, const std::string&
     lock.lock();
 }
 
-Attachment* attachSlowly() {
+enum class Embedding { Allowed, Forbidden };
+
+Attachment* attachSlowly(Embedding embedding) {
     Choice& c = choice();
     if (isAttaching)
         return c.current.load(std::memory_order_acquire);
@@ -129,7 +131,7 @@ Attachment* attachSlowly() {
     if (std::unique_ptr<Attachment> fresh = openStore(c, name))
         return use(c, std::move(fresh));
     const std::string cellFile = chosenCellFile(c);
-    if (!current && !cellFile.empty() && !c.embeddingTried)
+    if (embedding == Embedding::Allowed && !current && !cellFile.empty() && !c.embeddingTried)
         embedOnce(lock, c, cellFile);
     return c.current.load(std::memory_order_relaxed);
 }
@@ -146,8 +148,13 @@ std::string folderOfThisLibrary() {
 }  // namespace
 
 Attachment* attachment() {
-    Attachment* current = choice().current.load(std::memory_order_acquire);
-    return current && current->isLive() ? current : attachSlowly();
+    Attachment* current = knownAttachment();
+    return current && current->isLive() ? current : attachSlowly(Embedding::Allowed);
+}
+
+Attachment* runningStore() {
+    Attachment* current = knownAttachment();
+    return current && current->isLive() ? current : attachSlowly(Embedding::Forbidden);
 }
 
 Attachment* knownAttachment() {

@@ -7,6 +7,10 @@
 
 #include "store/attachment.h"
 
+// The store in use, attaching to a running one, without serving a cell where none runs: for log lines, which may be
+// written with locks held that the start of a cell would wait for.
+Attachment* runningStore();
+
 // The store in use without trying to attach; may be null or ended.
 Attachment* knownAttachment();
 
