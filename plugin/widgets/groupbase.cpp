@@ -4,8 +4,10 @@
 #include <ostrel/store.h>
 
 #include <QAction>
+#include <QDir>
 #include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QGridLayout>
 
 #include "groupfile/groupfile.h"
@@ -13,6 +15,18 @@
 
 QDWindow* displayWindow = nullptr;
 bool Display_QD_Window = false;
+
+namespace {
+
+// Where the name itself leads, or else beside the form: a form and its groups are moved together.
+QString placeOf(const QString& fileName) {
+    const QFileInfo form(QFile::decodeName(ParentUIFile));
+    if (form.filePath().isEmpty() || QFile::exists(fileName) || !form.absoluteDir().exists(fileName))
+        return fileName;
+    return form.absoluteDir().filePath(fileName);
+}
+
+}  // namespace
 
 GroupBase::GroupBase(QWidget* parent, const char* widgetClass) : QGroupBox(parent), memory(this, widgetClass) {}
 
@@ -80,9 +94,11 @@ void GroupBase::setFileName(const QString& fn) {
         return;
     last_fileName = fn;
     last_orientation = orientation;
-    QFile file(fn);
-    if (!file.open(QIODevice::ReadOnly))
+    QFile file(placeOf(fn));
+    if (!file.open(QIODevice::ReadOnly)) {
+        missing = fn;
         return;
+    }
     clearLayout();
     auto* grid = new QGridLayout;
     fill(grid, file.readAll());
@@ -91,6 +107,8 @@ void GroupBase::setFileName(const QString& fn) {
     resize(size());
     updateGeometry();
     fileName = fn;
+    readFrom = file.fileName();
+    missing.clear();
     memory.remember("FileName", fileName);
     initLayout = true;
 }
@@ -134,13 +152,17 @@ void GroupBase::renameVariable(const QString& newName, int row, int col) {
     }
 }
 
-void GroupBase::saveNames() {
-    if (fileName.isEmpty() || !namesChanged)
-        return;
+QVector<GroupVariable> GroupBase::variables() const {
     QVector<GroupVariable> variables;
     for (int i = 0; i < varNames.size(); ++i)
         variables.append({varNames[i], varRow[i], varCol[i]});
-    saveGroup(fileName, writeGroup(title(), variables));
+    return variables;
+}
+
+void GroupBase::saveNames() {
+    if (fileName.isEmpty() || !namesChanged)
+        return;
+    saveGroup(readFrom, writeGroup(title(), variables()));
     namesChanged = false;
 }
 
@@ -151,13 +173,13 @@ void GroupBase::openEditor(const char* closedSlot) {
     if (!displayWindow)
         displayWindow = new QDWindow(nullptr);
     connect(displayWindow, SIGNAL(closed(QString)), this, closedSlot);
-    displayWindow->show(fileName);
+    displayWindow->show(readFrom);
 }
 
 void GroupBase::editorClosed(const QString& editedFile, const char* closedSlot) {
     if (!editedFile.isEmpty()) {
         initLayout = false;
-        setFileName(editedFile);
+        setFileName(editedFile == readFrom ? fileName : editedFile);
     }
     if (displayWindow)
         disconnect(displayWindow, SIGNAL(closed(QString)), this, closedSlot);

@@ -10,11 +10,13 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include "core/formmemory.h"
 
 class QDWindow;
 class QGridLayout;
+struct GroupVariable;
 
 // The one editor window of the process, made when it is first needed, and whether it is open: only one group is edited
 // at a time.
@@ -35,7 +37,8 @@ public:
     QColor getgBackColor() const { return gBackColor; }
     QColor getTextColor() const { return textColor; }
     // The group file in force. A file that cannot be opened changes nothing. The file is read once, until another name
-    // or another orientation is set or the editor closes.
+    // or another orientation is set or the editor closes. A relative name that leads nowhere is looked for beside the
+    // form as well.
     QString getFileName() const { return fileName; }
     void setFileName(const QString& fn);
     // Names beside their values, or above them. Another orientation builds the read-outs anew.
@@ -47,6 +50,13 @@ public:
     QString getCheckBoxVarName() const { return boxVarName; }
     QString getName() const { return name; }
     void setName(const QString& newName);
+
+    // For hosts. The file that was read, which is also the one that is saved; empty without.
+    QString filePath() const { return readFrom; }
+    // The file that was asked for last, where it could not be read; empty otherwise.
+    QString missingFile() const { return missing; }
+    // What the read-outs show, in the order of the file, saved or not.
+    QVector<GroupVariable> variables() const;
 
 protected:
     GroupBase(QWidget* parent, const char* widgetClass);
@@ -91,6 +101,8 @@ private:
     QColor gBackColor;
     QFont grpFont;
     QString fileName;
+    QString readFrom;  // what the file's name came to
+    QString missing;
     // What the last load was asked for, successful or not.
     Qt::Orientation last_orientation = Qt::Horizontal;
     QString last_fileName;
