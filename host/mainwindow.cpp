@@ -45,15 +45,16 @@ MainWindow::MainWindow(const QString& path, CellWatch* watch, Manners manners)
     // Widgets connect to the control while they are built.
     m_control = new DisplayControl(this);
     runQtUIWindow = m_control;
-    m_unsaved = new UnsavedChanges(m_path, this);
+    m_unsaved = new UnsavedChanges(m_path, m_control, this);
     m_formWatch = new FormWatch(this);
     m_bindings = new FormBindings(nullptr, watch->state(), this);
     connect(m_bindings, &FormBindings::storeUsable, &SignalSlotSingleton::getInstance(),
             &SignalSlotSingleton::readFromOstrel);
     layOut();
     const QByteArray text = FormLoader::readForm(path);
-    build(text, manners == Manners::Asks ? offerRecovery(text) : QByteArray());
+    build(text, manners == Manners::Asks ? offerRecovery(text) : KeptChanges());
     if (manners == Manners::Asks) {
+        tellMerged(nullptr, m_unsaved->unplaced(), {});
         addMenu();
         connect(m_formWatch, &FormWatch::formChanged, this, &MainWindow::offerReload);
     }
@@ -102,31 +103,37 @@ void MainWindow::addMenu() {
     add(tr("&Close"), QKeySequence(tr("Ctrl+Q")), &MainWindow::close);
 }
 
-// The changes to begin with, packed; empty for none.
-QByteArray MainWindow::offerRecovery(const QByteArray& text) {
+// The changes to begin with.
+KeptChanges MainWindow::offerRecovery(const QByteArray& text) {
     const std::optional<FoundRecovery> found = findRecovery(m_path);
+    if (!found)
+        return {};
+    const KeptChanges kept = KeptChanges::unpacked(found->changes);
     FormChanges changes;
-    bool sameForm = false;
-    if (!found || !changes.takeOver(found->changes, text, &sameForm) || !changes.isDirty())
-        return QByteArray();
+    bool sameForm = true;
+    if (!kept.form.isEmpty())
+        changes.takeOver(kept.form, text, &sameForm);
+    if (!changes.isDirty() && kept.groups.isEmpty())
+        return {};
     RecoveryOffer offer{QFileInfo(m_path).fileName(), found->written, changes.summary(), {}, {}};
+    for (const GroupChange& change : kept.groups)
+        offer.changes.append(lineOf(change));
     changes.appliedTo(text, &offer.unplaced);
     if (!sameForm)
         offer.formChanged = QFileInfo(m_path).lastModified();
     const RecoveryAnswer answer = askRecovery(offer);
     if (answer == RecoveryAnswer::Later)
-        return QByteArray();
+        return {};
     // Restored changes have this display's own file before the one that they come from goes.
-    const bool kept = answer == RecoveryAnswer::Discard || RecoveryFile(m_path).write(found->changes);
-    if (kept)
+    if (answer == RecoveryAnswer::Discard || RecoveryFile(m_path).write(found->changes))
         QFile::remove(found->path);
-    return answer == RecoveryAnswer::Restore ? found->changes : QByteArray();
+    return answer == RecoveryAnswer::Restore ? kept : KeptChanges();
 }
 
 // Throws Failure, with the former form still on show.
-void MainWindow::build(const QByteArray& text, const QByteArray& packed) {
+void MainWindow::build(const QByteArray& text, const KeptChanges& kept) {
     FormChanges added;
-    const QByteArray shown = packed.isEmpty() || !added.takeOver(packed) ? text : added.appliedTo(text);
+    const QByteArray shown = kept.form.isEmpty() || !added.takeOver(kept.form) ? text : added.appliedTo(text);
     QWidget* widget = nullptr;
     {
         const FormChanges::Hold hold(formChanges());
@@ -134,9 +141,10 @@ void MainWindow::build(const QByteArray& text, const QByteArray& packed) {
         widget = form.widget.get();
         m_bindings->setForm(widget, m_watch->state());
         m_bindings->applyUnits(form.units);
+        m_unsaved->formLeaves();
         place(std::move(form));
     }
-    m_unsaved->formLoaded(widget, text, packed);
+    m_unsaved->formLoaded(widget, text, kept);
     m_formWatch->follow(m_path, text);
     for (OstrelBase* each : widget->findChildren<OstrelBase*>())
         connect(each, &OstrelBase::saveUIfile, this, &MainWindow::save);
@@ -152,9 +160,9 @@ void MainWindow::place(LoadedForm form) {
     m_column->addWidget(m_area, 1);
 }
 
-bool MainWindow::rebuild(const QByteArray& packed) {
+bool MainWindow::rebuild(const KeptChanges& kept) {
     try {
-        build(FormLoader::readForm(m_path), packed);
+        build(FormLoader::readForm(m_path), kept);
         m_offer->hide();
         tell(m_watch->state());
         return true;
@@ -186,50 +194,51 @@ void MainWindow::takePlace(const Options& options) {
 }
 
 bool MainWindow::save() {
-    emit m_control->saveConfig();
     return settle(m_unsaved->save());
 }
 
 bool MainWindow::saveAs() {
     const QString path = QFileDialog::getSaveFileName(this, tr("Save Form As"), m_path, tr("Forms (*.ui)"));
-    if (path.isEmpty())
-        return false;
-    emit m_control->saveConfig();
-    return settle(m_unsaved->saveAs(path));
+    return !path.isEmpty() && settle(m_unsaved->saveAs(path));
 }
 
 // What is to be done after saving: true when all is saved.
-bool MainWindow::settle(const FormSaving& saving) {
+bool MainWindow::settle(const Saving& saving) {
     if (FormChanges* changes = formChanges(); changes && saving.fault.isEmpty()) {
         m_path = changes->path();
         m_formWatch->follow(m_path, changes->text());
         m_offer->hide();
     }
-    if (m_manners == Manners::Silent) {
-        if (!saving.fault.isEmpty())
-            std::fprintf(stderr, "ostrel-display: %s\n", qPrintable(saving.fault));
-        return saving.isComplete();
-    }
+    if (m_manners == Manners::Silent)
+        return tellSilently(saving);
+    if (!saving.groupFaults.isEmpty())
+        tellGroupsNotSaved(this, saving.groupFaults);
     if (!saving.fault.isEmpty())
         return tellSavingFailed(this, saving.fault) && saveAs();
     tellMerged(this, saving.unplaced, saving.overwritten);
     return saving.isComplete();
 }
 
+bool MainWindow::tellSilently(const Saving& saving) {
+    QStringList faults = saving.groupFaults;
+    if (!saving.fault.isEmpty())
+        faults.append(saving.fault);
+    for (const QString& fault : qAsConst(faults))
+        std::fprintf(stderr, "ostrel-display: %s\n", qPrintable(fault));
+    return saving.isComplete();
+}
+
 void MainWindow::revert() {
+    m_unsaved->look();
     if (m_unsaved->any() && !askRevert(this, formName(), m_unsaved->summary()))
         return;
-    rebuild(QByteArray());
+    rebuild({});
 }
 
 void MainWindow::reload() {
-    FormChanges* changes = formChanges();
-    const QByteArray packed = changes && changes->isDirty() ? changes->packed() : QByteArray();
-    if (!rebuild(packed) || packed.isEmpty())
-        return;
-    QStringList unplaced;
-    changes->appliedTo(changes->text(), &unplaced);
-    tellMerged(this, unplaced, {});
+    m_unsaved->look();
+    if (rebuild(m_unsaved->kept()))
+        tellMerged(this, m_unsaved->unplaced(), {});
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -16,9 +16,10 @@ class OfferBar;
 class QLabel;
 class QVBoxLayout;
 class UnsavedChanges;
-struct FormSaving;
+struct KeptChanges;
 struct LoadedForm;
 struct Options;
+struct Saving;
 
 // Whether there is somebody to answer questions. A display without has no menu either.
 enum class Manners { Asks, Silent };
@@ -50,11 +51,12 @@ protected:
 private:
     void layOut();
     void addMenu();
-    QByteArray offerRecovery(const QByteArray& text);
-    void build(const QByteArray& text, const QByteArray& packed);
+    KeptChanges offerRecovery(const QByteArray& text);
+    void build(const QByteArray& text, const KeptChanges& kept);
     void place(LoadedForm form);
-    bool rebuild(const QByteArray& packed);
-    bool settle(const FormSaving& saving);
+    bool rebuild(const KeptChanges& kept);
+    bool settle(const Saving& saving);
+    bool tellSilently(const Saving& saving);
     void tell(const CellState& state);
     void showBindings();
     void showChanges();

@@ -102,16 +102,25 @@ bool tellSavingFailed(QWidget* window, const QString& fault) {
     return question.ask(close, close) == other;
 }
 
+void tellGroupsNotSaved(QWidget* window, const QStringList& faults) {
+    Question note(
+        window, QMessageBox::Warning, "groupsNotSaved", words("Changes of a group are not saved."),
+        words("These files cannot be written:") + listed(faults) + words("\n\nThe changes stay in this display."));
+    auto* close = note.add("close", words("Close"), QMessageBox::RejectRole);
+    note.ask(close, close);
+}
+
 void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten) {
     if (unplaced.isEmpty() && overwritten.isEmpty())
         return;
     QStringList parts;
     if (!unplaced.isEmpty())
-        parts.append(words("The form has no such widgets any more. These changes stay unsaved:") + listed(unplaced));
+        parts.append(words("There is no place for these changes any more. They stay unsaved:") + listed(unplaced));
     if (!overwritten.isEmpty())
         parts.append(words("Changed here and on the disk alike. The form now has the values of this display:") +
                      listed(overwritten));
-    Question note(window, QMessageBox::Information, "mergeNote", words("The form was changed on the disk as well."),
+    Question note(window, QMessageBox::Information, "mergeNote",
+                  words("The form or a group of it was changed on the disk as well."),
                   parts.join(QStringLiteral("\n\n")));
     auto* close = note.add("close", words("Close"), QMessageBox::RejectRole);
     note.ask(close, close);

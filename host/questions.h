@@ -7,7 +7,6 @@
 #include <QStringList>
 
 class QWidget;
-struct FormSaving;
 
 enum class ClosingAnswer { Save, Discard, Cancel };
 ClosingAnswer askClosing(QWidget* window, const QString& form, const QStringList& changes);
@@ -26,6 +25,8 @@ RecoveryAnswer askRecovery(const RecoveryOffer& offer);
 
 // True when the operator wants to save under another name instead.
 bool tellSavingFailed(QWidget* window, const QString& fault);
+// A line for each group.
+void tellGroupsNotSaved(QWidget* window, const QStringList& faults);
 // What saving or reloading could not do as everybody may expect; says nothing where there is nothing to say.
 void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten);
 void tellNotBuilt(QWidget* window, const QString& fault);

@@ -1,17 +1,13 @@
 // What an operator changes in a form: marked, saved, asked for, recovered.
-#include <ostrel-display/uifilewriter.h>
-
-#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <csignal>
 
 #include "displaycontrol.h"
+#include "editing.h"
 #include "fabric/timermoderator.h"
 #include "formwatch.h"
 #include "hostlink/globals.h"
@@ -19,54 +15,8 @@
 #include "qttests.h"
 #include "testcell.h"
 #include "unsavedchanges.h"
-#include "window.h"
 
 namespace {
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-// For people who want to see what the tests see.
-void keepPicture(QWidget* widget, const QString& name) {
-    const QString folder = qEnvironmentVariable("OSTREL_TEST_PICTURES");
-    if (!folder.isEmpty())
-        widget->grab().save(QStringLiteral("%1/%2.png").arg(folder, name));
-}
-
-// Presses a button of the next question of that name, and keeps what it said.
-class Operator : public QObject {
-public:
-    Operator(const char* question, const char* button) : m_question(question), m_button(button) {
-        connect(&m_timer, &QTimer::timeout, this, &Operator::look);
-        m_timer.start(20);
-    }
-    const QString& read() const { return m_read; }
-    bool wasAsked() const { return !m_read.isEmpty(); }
-
-private:
-    void look() {
-        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!question || question->objectName() != m_question)
-            return;
-        m_timer.stop();
-        m_read = question->text() + '\n' + question->informativeText();
-        keepPicture(question, m_question);
-        QTest::mouseClick(question->findChild<QPushButton*>(m_button), Qt::LeftButton);
-    }
-
-    QString m_question;
-    QString m_button;
-    QString m_read;
-    QTimer m_timer;
-};
 
 QFont largeFont() {
     QFont font;
@@ -115,7 +65,7 @@ private slots:
 
 private:
     void open(Manners manners = Manners::Asks);
-    QStringList leftBeside() const;
+    QStringList leftBeside() const { return leftBesideForm(m_form); }
     QString leftByAnother();
     FormWatch* formWatch() { return m_window->window().findChild<FormWatch*>(); }
     void edit() { m_window->widget("speed")->setName("OIL_TEMP"); }
@@ -152,34 +102,15 @@ void UnsavedTest::cleanupTestCase() {
     m_cell.reset();
 }
 
-// As a process of its own would: with a writer of its own.
 void UnsavedTest::open(Manners manners) {
-    m_window.reset();
-    delete writer;
-    writer = nullptr;
-    qstrcpy(ParentUIFile, QFile::encodeName(m_form).constData());
-    m_window = std::make_unique<Window>(m_form, manners);
+    openAnew(m_window, m_form, manners);
     EVENTUALLY(m_window->looksGood());
     EVENTUALLY(m_window->widget("speed")->getInitFlag());
 }
 
-QStringList UnsavedTest::leftBeside() const {
-    return QDir(m_folder->path()).entryList({".live.ui.unsaved-*"}, QDir::Files | QDir::Hidden);
-}
-
-// What a display leaves that was killed: the process of its name is gone.
 QString UnsavedTest::leftByAnother() {
     edit();
-    if (!QTest::qWaitFor([&] { return leftBeside().size() == 1; }, patience))
-        return QString();
-    const QByteArray changes = contentOf(m_folder->filePath(leftBeside().first()));
-    const QString process = QString::number(QCoreApplication::applicationPid());
-    const QString left = m_folder->filePath(leftBeside().first().replace("-" + process + "-", "-999999999-"));
-    m_window.reset();
-    for (const QString& own : leftBeside())
-        QFile::remove(m_folder->filePath(own));
-    write(left, changes);
-    return left;
+    return dieWith(m_window, m_form);
 }
 
 void UnsavedTest::loadedFormHasNoChanges() {
@@ -341,16 +272,7 @@ void UnsavedTest::savesUnderAnotherName() {
     edit();
     const QString copy = m_folder->filePath("copy.ui");
     QCOMPARE(formChanges()->path(), m_form);
-    QTimer typist;
-    connect(&typist, &QTimer::timeout, this, [&] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        typist.stop();
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(copy);
-        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-    });
-    typist.start(20);
+    const PersonAtFileDialog person(copy);
     QVERIFY(m_window->window().saveAs());
     QCOMPARE(contentOf(m_form), m_original);
     QVERIFY(
