@@ -6,6 +6,7 @@
 #include "fabric/ostrelgblreconfigevent.h"
 #include "hostlink/globals.h"
 #include "unsavedchanges.h"
+#include "widgets/groupbase.h"
 
 namespace {
 
@@ -58,6 +59,10 @@ BindingCount FormBindings::count() const {
         else if (wantsVariable(widget))
             count.missing.append(widget->getName());
     }
+    if (m_form)
+        for (const QGroupBox* box : m_form->findChildren<QGroupBox*>())
+            if (const auto* group = dynamic_cast<const GroupBase*>(box); group && !group->missingFile().isEmpty())
+                count.missingFiles.append(group->missingFile());
     return count;
 }
 

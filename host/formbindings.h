@@ -16,7 +16,8 @@ class OstrelGblConfigEvent;
 
 struct BindingCount {
     int bound = 0;
-    QStringList missing;  // names that the store does not know, one entry for each widget
+    QStringList missing;       // names that the store does not know, one entry for each widget
+    QStringList missingFiles;  // group files that cannot be read, one entry for each group
 };
 
 class FormBindings : public QObject {

@@ -288,8 +288,12 @@ void MainWindow::showChanges() {
 
 void MainWindow::showBindings() {
     const BindingCount count = m_bindings->count();
-    const int missing = count.missing.size();
+    const int missing = count.missing.size() + count.missingFiles.size();
     setText(m_bindingField, widgetsText(count.bound, "bound") + QStringLiteral(", ") + widgetsText(missing, "missing"));
-    m_bindingField->setToolTip(missing ? tr("Not in the store: %1").arg(count.missing.join(QStringLiteral(", ")))
-                                       : QString());
+    QStringList lines;
+    if (!count.missing.isEmpty())
+        lines.append(tr("Not in the store: %1").arg(count.missing.join(QStringLiteral(", "))));
+    if (!count.missingFiles.isEmpty())
+        lines.append(tr("Group files that cannot be read: %1").arg(count.missingFiles.join(QStringLiteral(", "))));
+    m_bindingField->setToolTip(lines.join(QLatin1Char('\n')));
 }
