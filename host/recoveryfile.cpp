@@ -8,14 +8,17 @@
 
 namespace {
 
-// In ticks since the machine was started; empty without such a process. With its number it names a process for good.
+// Since when it lives, in ticks since the machine was started; empty without such a process. With its number it names a
+// process for good. A dead one that its parent has not asked how it ended keeps both, and lives no more.
 QString startOf(const QString& process) {
     QFile file(QStringLiteral("/proc/%1/stat").arg(process));
     if (!file.open(QIODevice::ReadOnly))
         return QString();
     // The program's name stands in parentheses and may hold anything.
     const QByteArray stat = file.readAll();
-    return QString::fromLatin1(stat.mid(stat.lastIndexOf(')') + 2).split(' ').value(19));
+    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
+    const bool dead = fields[0] == "Z" || fields[0] == "X";
+    return dead ? QString() : QString::fromLatin1(fields.value(19));
 }
 
 QString prefix(const QFileInfo& form) {

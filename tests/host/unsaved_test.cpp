@@ -1,4 +1,7 @@
 // What an operator changes in a form: marked, saved, asked for, recovered.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -61,6 +64,7 @@ private slots:
     void discardedRecoveryIsGone();
     void postponedRecoveryIsOfferedAgain();
     void changesOfALivingDisplayAreNotOffered();
+    void changesOfADisplayThatNobodyWaitedForAreOffered();
     void silentDisplayIsNotOfferedARecovery();
 
 private:
@@ -399,6 +403,30 @@ void UnsavedTest::changesOfALivingDisplayAreNotOffered() {
     edit();
     EVENTUALLY(leftBeside().size() == 1);
     QVERIFY(!findRecovery(m_form));
+}
+
+// A killed display whose parent has not asked how it ended keeps its number and its start.
+void UnsavedTest::changesOfADisplayThatNobodyWaitedForAreOffered() {
+    edit();
+    EVENTUALLY(leftBeside().size() == 1);
+    const QByteArray changes = contentOf(m_folder->filePath(leftBeside().first()));
+    const pid_t child = fork();
+    if (child == 0) {
+        pause();
+        _exit(0);
+    }
+    const QString process = QString::number(child);
+    const QString start = contentOf("/proc/" + process + "/stat").split(' ').value(21);
+    write(m_folder->filePath(".live.ui.unsaved-" + QSysInfo::machineHostName() + "-" + process + "-" + start), changes);
+    const bool offeredAlive = findRecovery(m_form).has_value();
+    kill(child, SIGKILL);
+    siginfo_t ended{};
+    waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT);
+    const std::optional<FoundRecovery> found = findRecovery(m_form);
+    waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED);
+    QVERIFY(!offeredAlive);
+    QVERIFY(found);
+    QCOMPARE(found->changes, changes);
 }
 
 void UnsavedTest::silentDisplayIsNotOfferedARecovery() {
