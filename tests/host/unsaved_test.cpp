@@ -40,6 +40,7 @@ private slots:
     void cleanupTestCase();
     void loadedFormHasNoChanges();
     void changeIsMarked();
+    void changesAreNamedAsOperatorsKnowThem();
     void statusColourIsNoChange();
     void keysSaveTheForm();
     void savedFormSaysTheChangeAndNothingElse();
@@ -134,6 +135,20 @@ void UnsavedTest::changeIsMarked() {
     QVERIFY(!m_window->window().isWindowModified());
 }
 
+void UnsavedTest::changesAreNamedAsOperatorsKnowThem() {
+    write(m_form, QByteArray(m_original).replace("CYL_TEMP:1", "not_set"));
+    open();
+    m_window->widget("cycles")->setProperty("valueFont", largeFont());
+    m_window->widget("cycles")->setProperty("backColor", QColor(Qt::yellow));
+    m_window->widget("cylinder")->setName("CYL_TEMP:0");
+    m_window->widget("pump")->setName("not_set");
+    edit();
+    m_window->widget("speed")->setUnits("degF");
+    const QString lines = m_window->window().findChild<QLabel*>("changesField")->toolTip();
+    QCOMPARE(lines.split('\n'), QStringList({"CYCLES: back colour, value font", "no variable → CYL_TEMP:0",
+                                             "PUMP_ON → no variable", "ENGINE_SPEED → OIL_TEMP: units"}));
+}
+
 void UnsavedTest::statusColourIsNoChange() {
     QVERIFY(m_window->widget("speed")->getInitFlag());
     m_window->widget("speed")->setColor(Qt::red);
@@ -209,7 +224,7 @@ void UnsavedTest::closingAsksAndSaves() {
     const Operator person("closingQuestion", "save");
     QVERIFY(m_window->window().close());
     QVERIFY(person.read().contains("Save the changes to \"live.ui\" before closing?"));
-    QVERIFY(person.read().contains("speed: name"));
+    QVERIFY(person.read().contains("ENGINE_SPEED → OIL_TEMP"));
     QVERIFY(contentOf(m_form) != m_original);
     m_window.reset();
     QVERIFY(leftBeside().isEmpty());
@@ -350,7 +365,7 @@ void UnsavedTest::changesOfADisplayThatDiedAreOffered() {
     const Operator person("recoveryQuestion", "restore");
     open();
     QVERIFY(person.read().contains("Restore the unsaved changes to \"live.ui\"?"));
-    QVERIFY(person.read().contains("speed: name"));
+    QVERIFY(person.read().contains("ENGINE_SPEED → OIL_TEMP"));
     QVERIFY(!person.read().contains("was changed as well"));
     QCOMPARE(shown(), QString("OIL_TEMP"));
     QVERIFY(m_window->window().isWindowModified());

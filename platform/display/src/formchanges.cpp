@@ -2,13 +2,13 @@
 
 #include <QCryptographicHash>
 #include <QHash>
-#include <QMap>
 #include <QWidget>
 #include <QXmlStreamReader>
 #include <algorithm>
 
 #include "formdocument.h"
 #include "formfile.h"
+#include "formwords.h"
 #include "livewidgets.h"
 
 uint qHash(const FormKey& key, uint seed) {
@@ -22,21 +22,18 @@ struct Entry {
     QVariant last;
     bool changed = false;
     FormElement element;  // of a change: <property> as it is to be
+    QString called;       // of a change that was packed before: what it was made to
 };
-
-QString nameOf(const FormEdit& edit) {
-    return QStringLiteral("%1: %2").arg(edit.objectName, edit.propertyName());
-}
 
 QString hashOf(const QByteArray& text) {
     return QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex());
 }
 
-QStringList namesOf(const std::vector<FormEdit>& edits) {
-    QStringList names;
-    for (const FormEdit& edit : edits)
-        names.append(nameOf(edit));
-    return names;
+QString attributeOf(const FormElement& element, const char* name) {
+    for (const FormAttribute& attribute : element.attributes)
+        if (attribute.name == QLatin1String(name))
+            return attribute.value;
+    return QString();
 }
 
 // Those of `edits` that have no widget in `document`; they are taken out.
@@ -72,6 +69,8 @@ struct FormChanges::Private {
         opened = true;
     }
     std::vector<FormEdit> edits() const;
+    QString called(const FormEdit& edit);
+    QStringList linesOf(const std::vector<FormEdit>& edits, bool together);
     bool judge(const FormKey& key, Entry& entry, bool live);
     bool isNews(const FormEdit& edit, const FormElement& own);
     void settle(const std::vector<FormEdit>& saved);
@@ -89,6 +88,31 @@ std::vector<FormEdit> FormChanges::Private::edits() const {
                std::tuple(other.objectName, other.propertyName(), other.className);
     });
     return edits;
+}
+
+QString FormChanges::Private::called(const FormEdit& edit) {
+    const QString packed = entries.value({edit.className, edit.objectName, edit.propertyName()}).called;
+    return packed.isEmpty() ? calledIn(form(), edit) : packed;
+}
+
+// For people. `together`: one line for each object.
+QStringList FormChanges::Private::linesOf(const std::vector<FormEdit>& edits, bool together) {
+    QStringList lines;
+    for (auto first = edits.begin(); first != edits.end();) {
+        const auto other = std::find_if(first, edits.end(), [&](const FormEdit& edit) {
+            return !together || edit.objectName != first->objectName || edit.className != first->className;
+        });
+        const auto end = together ? other : first + 1;
+        ChangedObject object{called(*first), QString(), {}};
+        for (; first != end; ++first) {
+            if (isNameOfVariable(*first))
+                object = {called(*first), variableOf(*first), object.properties};
+            else
+                object.properties.append(wordsOf(first->propertyName()));
+        }
+        lines.append(lineOf(object));
+    }
+    return lines;
 }
 
 bool FormChanges::Private::isNews(const FormEdit& edit, const FormElement& own) {
@@ -122,19 +146,20 @@ void FormChanges::Private::settle(const std::vector<FormEdit>& saved) {
         changed -= entry.changed ? 1 : 0;
         entry.changed = false;
         entry.own = entry.last;
+        entry.called.clear();
     }
 }
 
 QStringList FormChanges::Private::changedMeanwhile(const FormDocument& now, const std::vector<FormEdit>& placed) {
-    QStringList names;
+    std::vector<FormEdit> changedToo;
     for (const FormEdit& edit : placed) {
         const auto said = form() ? form()->property(edit.className, edit.objectName, edit.propertyName())
                                  : std::optional<FormElement>();
         const auto says = now.property(edit.className, edit.objectName, edit.propertyName());
         if (said != says && !now.says(edit))
-            names.append(nameOf(edit));
+            changedToo.push_back(edit);
     }
-    return names;
+    return linesOf(changedToo, false);
 }
 
 FormChanges::Hold::Hold(FormChanges* changes) : m_changes(changes) {
@@ -185,13 +210,7 @@ int FormChanges::count() const {
 }
 
 QStringList FormChanges::summary() const {
-    QMap<QString, QStringList> properties;
-    for (const FormEdit& edit : d->edits())
-        properties[edit.objectName].append(edit.propertyName());
-    QStringList lines;
-    for (auto at = properties.begin(); at != properties.end(); ++at)
-        lines.append(QStringLiteral("%1: %2").arg(at.key(), at->join(QStringLiteral(", "))));
-    return lines;
+    return d->linesOf(d->edits(), true);
 }
 
 QVariant FormChanges::value(const FormKey& key) const {
@@ -247,7 +266,8 @@ FormSaving FormChanges::save() {
         return saving;
     }
     std::vector<FormEdit> placed = d->edits();
-    saving.unplaced = namesOf(takeUnplaced(placed, *document));
+    const std::vector<FormEdit> unplaced = takeUnplaced(placed, *document);
+    saving.unplaced = d->linesOf(unplaced, false);
     if (*now != d->text)
         saving.overwritten = d->changedMeanwhile(*document, placed);
     const QByteArray written = document->with(placed);
@@ -256,6 +276,9 @@ FormSaving FormChanges::save() {
     if (!saving.fault.isEmpty())
         return saving;
     const bool wasDirty = isDirty();
+    // The form that is known from now on has no name for them.
+    for (const FormEdit& edit : unplaced)
+        d->entries[{edit.className, edit.objectName, edit.propertyName()}].called = d->called(edit);
     d->setText(written);
     d->settle(placed);
     if (isDirty() != wasDirty)
@@ -283,7 +306,7 @@ QByteArray FormChanges::appliedTo(const QByteArray& form, QStringList* unplaced)
     std::vector<FormEdit> placed = d->edits();
     const std::vector<FormEdit> lost = takeUnplaced(placed, *document);
     if (unplaced)
-        *unplaced += namesOf(lost);
+        *unplaced += d->linesOf(lost, false);
     return document->with(placed);
 }
 
@@ -291,9 +314,9 @@ QByteArray FormChanges::packed() const {
     QString text =
         QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<changes form=\"%1\">\n").arg(hashOf(d->text));
     for (const FormEdit& edit : d->edits())
-        text += QStringLiteral(" <change class=\"%1\" object=\"%2\">%3</change>\n")
+        text += QStringLiteral(" <change class=\"%1\" object=\"%2\" called=\"%3\">%4</change>\n")
                     .arg(escapedAttribute(edit.className), escapedAttribute(edit.objectName),
-                         elementText(edit.property, {}));
+                         escapedAttribute(d->called(edit)), elementText(edit.property, {}));
     return (text + QStringLiteral("</changes>\n")).toUtf8();
 }
 
@@ -308,15 +331,17 @@ bool FormChanges::takeOver(const QByteArray& packed, const QByteArray& form, boo
         *madeFor = changes.attributes.contains({QStringLiteral("form"), hashOf(form), {}});
     const bool wasDirty = isDirty();
     for (const FormElement& change : changes.children) {
-        if (change.attributes.size() != 2 || change.children.size() != 1 ||
-            change.children.first().attributes.isEmpty())
+        if (change.name != QLatin1String("change") || change.children.size() != 1)
             continue;
         const FormElement& property = change.children.first();
+        if (attributeOf(property, "name").isEmpty())
+            continue;
         Entry& entry =
-            d->entries[{change.attributes[0].value, change.attributes[1].value, property.attributes.first().value}];
+            d->entries[{attributeOf(change, "class"), attributeOf(change, "object"), attributeOf(property, "name")}];
         d->changed += entry.changed ? 0 : 1;
         entry.changed = true;
         entry.element = property;
+        entry.called = attributeOf(change, "called");
     }
     if (isDirty() != wasDirty)
         emit dirtyChanged(isDirty());

@@ -22,7 +22,8 @@ struct FormKey {
 
 Q_DECL_EXPORT uint qHash(const FormKey& key, uint seed = 0);
 
-// Changes are named "object: property" where people read of them.
+// Where people read of changes they are named "BSFC: units", or "BSFC → NOX" for another variable. An object without a
+// variable goes by its label, and without that by its name in the form.
 struct FormSaving {
     QString fault;            // one line, empty when the file holds what it is to hold
     QStringList unplaced;     // the form has no such widget any more; they stay unsaved
@@ -65,7 +66,7 @@ public:
     // True when a live value differs from what the form says as far as that is known.
     bool isDirty() const;
     int count() const;
-    // A line for each changed object: "speed: name, units".
+    // A line for each changed object: "BSFC → NOX: units".
     QStringList summary() const;
 
     // The last value, or an invalid one where none was remembered.
