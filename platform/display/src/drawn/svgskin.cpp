@@ -3,6 +3,7 @@
 #include <QCache>
 #include <QDebug>
 #include <QFile>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <cmath>
@@ -45,6 +46,10 @@ int cost(const QSize& pixels) {
 }
 
 }  // namespace
+
+qreal pixelRatio(const QPainter& painter) {
+    return painter.paintEngine()->paintDevice()->devicePixelRatioF();
+}
 
 SvgSkin::SvgSkin(QString file) : m_file(std::move(file)) {}
 

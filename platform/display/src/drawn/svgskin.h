@@ -10,10 +10,15 @@
 #include <QString>
 #include <QVector>
 
+class QPainter;
+
 // What a skin shows in place of a colour of its file. The file has colours of its own, so that it can be looked at and
 // edited as it is; those that a widget decides about are its key colours.
 using SkinColour = QPair<QRgb, QRgb>;
 using SkinColours = QVector<SkinColour>;
+
+// The pixel ratio of what a painter paints on: of the screen, or of the picture that a widget is rendered into.
+qreal pixelRatio(const QPainter& painter);
 
 // A skin is a file whose elements, named by their id, are the states or the pieces of a widget: "circle-on", "face". An
 // element fills the pixmap exactly, so a skin gives each of them a frame, a <rect fill="none">, as large as what is to
