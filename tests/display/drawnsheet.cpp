@@ -1,5 +1,6 @@
 // All drawn widgets in all their states on one sheet, to be looked at: drawnsheet FILE.png [RATIO]
 #include <ostrel-display/qled.h>
+#include <ostrel-display/qtsvgdialgauge.h>
 
 #include <QApplication>
 #include <QFormLayout>
@@ -52,14 +53,88 @@ QWidget* lamps(int side) {
     return board;
 }
 
+QtSvgDialGauge* dial(const QString& skin, const QString& label, double minimum, double maximum, double value) {
+    auto* gauge = new QtSvgDialGauge(nullptr);
+    gauge->setSkin(skin);
+    gauge->setLabel(label);
+    gauge->setMinimum(minimum);
+    gauge->setMaximum(maximum);
+    gauge->setValue(value);
+    gauge->setFixedSize(160, 160);
+    return gauge;
+}
+
+void setLimits(QtSvgDialGauge* gauge, const QVector<double>& limits) {
+    const color3 colours[] = {{1, 1, 0}, {1, 0, 1}, {1, 0, 0}};
+    QVector<arc> arcs;
+    for (int i = 0; i < 6; ++i)
+        arcs.append(gauge->makeArc(!qIsNaN(limits[i]), colours[i % 3], i / 3, limits[i]));
+    gauge->setAllArcs(arcs[0], arcs[1], arcs[2], arcs[3], arcs[4], arcs[5]);
+}
+
+QVector<QtSvgDialGauge*> dials() {
+    const double none = qQNaN();
+    const auto polished = QStringLiteral("Speedometer3");
+    QVector<QtSvgDialGauge*> all;
+    all.append(dial(polished, QStringLiteral("SPEED[RPM]"), 0, 8000, 3120));
+    setLimits(all.last(), {1000, 700, 400, 6500, 7000, 7500});
+    all.last()->setTicks(9);
+    all.append(dial(QStringLiteral("Speedometer2"), QStringLiteral("OIL_PRESSURE[KPA]"), 0, 600, 412));
+    setLimits(all.last(), {150, 100, none, none, none, none});
+    all.last()->setTicks(7);
+    all.append(dial(QStringLiteral("Speedometer1"), QStringLiteral("COOLANT[DEG_C]"), 0, 140, 92.4));
+    setLimits(all.last(), {none, none, none, 105, 115, 125});
+    all.last()->setTicks(8);
+    all.last()->setPrecision(1);
+    all.append(dial(polished, QStringLiteral("TORQUE[NM]"), -237, 451, 130));
+    all.last()->setSmartTicks(true);
+    all.append(dial(QStringLiteral("Speedometer2"), QStringLiteral("LAMBDA"), 0.7, 1.3, 1.01));
+    all.last()->setPrecision(1);
+    all.last()->setTicks(7);
+    all.last()->setStartAngle(-90);
+    all.last()->setEndAngle(90);
+    all.append(dial(QStringLiteral("Speedometer1"), QStringLiteral("HEADING[DEG]"), 0, 360, 221));
+    all.last()->setTicks(13);
+    all.last()->setStartAngle(0);
+    all.last()->setEndAngle(360);
+    all.append(dial(polished, QStringLiteral("ABOVE[V]"), 0, 100, 132));
+    all.append(dial(polished, QStringLiteral("BELOW[V]"), 0, 100, -7));
+    all.append(dial(polished, QStringLiteral("NO VALUE[V]"), 0, 100, none));
+    all.append(dial(polished, QStringLiteral("DOWNWARDS[V]"), 100, 0, 80));
+    setLimits(all.last(), {20, none, none, 70, none, none});
+    all.append(dial(polished, QStringLiteral("DISABLED[V]"), 0, 100, 40));
+    setLimits(all.last(), {20, none, none, 70, none, none});
+    all.last()->setEnabled(false);
+    all.append(dial(polished, QStringLiteral("REMOTE[V]"), 0, 100, 40));
+    all.last()->set_remote();
+    return all;
+}
+
+QWidget* dialBoard() {
+    auto* board = new QWidget;
+    auto* grid = new QGridLayout(board);
+    QtSvgDialGauge* large = dial(QStringLiteral("Speedometer3"), QStringLiteral("SPEED[RPM]"), 0, 8000, 3120);
+    setLimits(large, {1000, 700, 400, 6500, 7000, 7500});
+    large->setTicks(9);
+    large->setFixedSize(600, 600);
+    grid->addWidget(large, 2, 0, 1, 3);
+    const QVector<QtSvgDialGauge*> all = dials();
+    for (int i = 0; i < all.size(); ++i)
+        grid->addWidget(all[i], i / 6, i % 6);
+    return board;
+}
+
 QWidget* board(const QPalette& palette) {
     auto* widget = new QWidget;
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
-    auto* layout = new QHBoxLayout(widget);
-    layout->addWidget(lamps(40));
-    layout->addWidget(lamps(20));
-    layout->addStretch();
+    auto* layout = new QVBoxLayout(widget);
+    auto* row = new QHBoxLayout;
+    row->addWidget(lamps(40));
+    row->addWidget(lamps(20));
+    row->addStretch();
+    layout->addLayout(row);
+    layout->addWidget(dialBoard());
     return widget;
 }
 
