@@ -1,6 +1,7 @@
 // All drawn widgets in all their states on one sheet, to be looked at: drawnsheet FILE.png [RATIO]
 #include <ostrel-display/qled.h>
 #include <ostrel-display/qtsvgdialgauge.h>
+#include <ostrel-display/slider.h>
 
 #include <QApplication>
 #include <QFormLayout>
@@ -110,17 +111,74 @@ QVector<QtSvgDialGauge*> dials() {
     return all;
 }
 
+Slider* slider(Qt::Orientation orientation, const QString& label, double minimum, double maximum, double value) {
+    auto* bar = new Slider(nullptr);
+    bar->Orientation = orientation;
+    bar->setLabel(label);
+    bar->setLabelVisible(true);
+    bar->Minimum = minimum;
+    bar->Maximum = maximum;
+    bar->Value = value;
+    bar->setFixedSize(orientation == Qt::Horizontal ? QSize(300, 66) : QSize(92, 190));
+    return bar;
+}
+
+// One of each state.
+QVector<Slider*> sliders(Qt::Orientation orientation) {
+    QVector<Slider*> all;
+    all.append(slider(orientation, QStringLiteral("Speed"), 0, 8000, 3120));
+    all.last()->MajorTicks = 5;
+    all.append(slider(orientation, QStringLiteral("Torque"), -250, 450, 130));
+    all.last()->MajorTicks = 8;
+    all.last()->BarColor = QColor(240, 150, 20);
+    all.append(slider(orientation, QStringLiteral("Lambda"), 0.7, 1.3, 1.01));
+    all.last()->Precision = 1;
+    all.last()->MajorTicks = 7;
+    all.last()->MinorTicks = 1;
+    all.last()->BarColor = QColor(120, 190, 60);
+    all.append(slider(orientation, QStringLiteral("Downwards"), 100, 0, 30));
+    all.append(slider(orientation, QStringLiteral("Above"), 0, 100, 130));
+    all.append(slider(orientation, QStringLiteral("Below"), 0, 100, -3));
+    all.append(slider(orientation, QStringLiteral("No value"), 0, 100, qQNaN()));
+    all.append(slider(orientation, QStringLiteral("Disabled"), 0, 100, 60));
+    all.last()->setEnabled(false);
+    all.append(slider(orientation, QStringLiteral("Remote"), 0, 100, 60));
+    all.last()->set_remote();
+    return all;
+}
+
+QWidget* sliderBoard() {
+    auto* board = new QWidget;
+    auto* grid = new QGridLayout(board);
+    const QVector<Slider*> across = sliders(Qt::Horizontal);
+    for (int i = 0; i < across.size(); ++i)
+        grid->addWidget(across[i], i / 2, i % 2);
+    auto* row = new QHBoxLayout;
+    for (Slider* upright : sliders(Qt::Vertical))
+        row->addWidget(upright);
+    grid->addLayout(row, 6, 0, 1, 2);
+    return board;
+}
+
 QWidget* dialBoard() {
     auto* board = new QWidget;
     auto* grid = new QGridLayout(board);
-    QtSvgDialGauge* large = dial(QStringLiteral("Speedometer3"), QStringLiteral("SPEED[RPM]"), 0, 8000, 3120);
-    setLimits(large, {1000, 700, 400, 6500, 7000, 7500});
-    large->setTicks(9);
-    large->setFixedSize(600, 600);
-    grid->addWidget(large, 2, 0, 1, 3);
     const QVector<QtSvgDialGauge*> all = dials();
     for (int i = 0; i < all.size(); ++i)
         grid->addWidget(all[i], i / 6, i % 6);
+    return board;
+}
+
+// The same dial as large as on a wall, and all bars.
+QWidget* largeBoard() {
+    auto* board = new QWidget;
+    auto* row = new QHBoxLayout(board);
+    QtSvgDialGauge* large = dial(QStringLiteral("Speedometer3"), QStringLiteral("SPEED[RPM]"), 0, 8000, 3120);
+    setLimits(large, {1000, 700, 400, 6500, 7000, 7500});
+    large->setTicks(9);
+    large->setFixedSize(560, 560);
+    row->addWidget(large);
+    row->addWidget(sliderBoard());
     return board;
 }
 
@@ -135,6 +193,7 @@ QWidget* board(const QPalette& palette) {
     row->addStretch();
     layout->addLayout(row);
     layout->addWidget(dialBoard());
+    layout->addWidget(largeBoard());
     return widget;
 }
 

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void minorTicksDivideEvenly();
     void numbers_data();
     void numbers();
+    void numbersKeepClearOfEachOther();
     void aReadingTellsAHundredthOfTheScale();
 };
 
@@ -158,6 +159,17 @@ void LinearScaleTest::numbers() {
     QFETCH(int, precision);
     QFETCH(QString, text);
     QCOMPARE(numberText(value, precision), text);
+}
+
+void LinearScaleTest::numbersKeepClearOfEachOther() {
+    std::vector<QRectF> numbers;
+    QCOMPARE(clearStep(numbers, 1.0), size_t(1));
+    for (int i = 0; i < 12; ++i)
+        numbers.emplace_back(i * 10.0, 0.0, 8.0, 5.0);
+    QCOMPARE(clearStep(numbers, 1.0), size_t(1));
+    QCOMPARE(clearStep(numbers, 3.0), size_t(2));
+    QCOMPARE(clearStep(numbers, 13.0), size_t(3));
+    QCOMPARE(clearStep(numbers, 1000.0), size_t(12));
 }
 
 void LinearScaleTest::aReadingTellsAHundredthOfTheScale() {

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QtMath>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "drawn/contrast.h"
@@ -326,7 +327,7 @@ void QtSvgDialGaugeTest::whatIsOnTheScreenIsWhatAWholePaintShows() {
         // A turned picture is rounded by the region that it is painted in.
         for (int y = 0; y < whole.height(); ++y)
             for (int x = 0; x < whole.width(); ++x)
-                QVERIFY2(isAbout(screen.pixelColor(x, y), whole.pixelColor(x, y), 4),
+                QVERIFY2(isAbout(screen.pixelColor(x, y), whole.pixelColor(x, y), 30),
                          qPrintable(QStringLiteral("%1 at %2, %3").arg(value).arg(x).arg(y)));
     }
 }
@@ -509,8 +510,9 @@ void QtSvgDialGaugeTest::arcsThatAreTheSamePaintNothing() {
     dial.setArcs(arcs);
     QCOMPARE(shown.paints.countAfterEvents(), 1);
     for (int i = 0; i < 6; ++i) {
-        for (const arc& other : {dial.makeArc(1, red, 1, 81.0), dial.makeArc(1, magenta, 1, 81.0),
-                                 dial.makeArc(1, magenta, 0, 81.0), dial.makeArc(0, magenta, 0, 81.0)}) {
+        for (const arc& other :
+             {dial.makeArc(1, red, 1, 81.0), dial.makeArc(1, magenta, 1, 81.0), dial.makeArc(1, magenta, 0, 81.0),
+              dial.makeArc(1, magenta, 0, 80.0), dial.makeArc(0, magenta, 0, 81.0)}) {
             const int before = shown.paints.count();
             arcs[i] = other;
             dial.setArcs(arcs);
@@ -626,6 +628,7 @@ void QtSvgDialGaugeTest::skinsAreApart() {
 void QtSvgDialGaugeTest::itIsSharpAtRatioTwo() {
     Dial dial(160);
     dial.setLabel(QStringLiteral("SPEED[RPM]"));
+    pictureOf(dial);
     const QImage picture = pictureOf(dial, 2.0);
     QCOMPARE(picture.size(), QSize(320, 320));
     // In a picture that was only enlarged, each block of two by two is of one colour.
@@ -708,32 +711,31 @@ void QtSvgDialGaugeTest::textIsLegibleOnEveryFace() {
 
 void QtSvgDialGaugeTest::fontPaletteAndStateAreFollowed() {
     ShownDial shown;
-    QImage before = pictureOf(shown.dial);
-    const auto isRepainted = [&] {
-        const int count = shown.paints.countAfterEvents();
-        shown.paints.forget();
-        const QImage now = pictureOf(shown.dial);
-        const bool isOther = now != before;
-        before = now;
-        shown.paints.forget();
-        return count > 0 && isOther;
-    };
     QFont font = shown.dial.font();
     font.setBold(true);
-    shown.dial.setFont(font);
-    QVERIFY(isRepainted());
-    shown.dial.setPalette(darkPalette());
-    QVERIFY(isRepainted());
-    shown.dial.setEnabled(false);
-    QVERIFY(isRepainted());
+    const QVector<std::function<void(Dial&)>> changes = {
+        [&](Dial& dial) { dial.setFont(font); },
+        [](Dial& dial) { dial.setPalette(darkPalette()); },
+        [](Dial& dial) { dial.setEnabled(false); },
+        [](Dial& dial) { dial.resize(150, 150); },
+    };
+    // It shows what a dial shows that has never been another.
+    for (int i = 0; i < changes.size(); ++i) {
+        const QImage before = pictureOf(shown.dial);
+        shown.paints.forget();
+        changes[i](shown.dial);
+        QVERIFY2(shown.paints.countAfterEvents() > 0, qPrintable(QString::number(i)));
+        QVERIFY2(pictureOf(shown.dial) != before, qPrintable(QString::number(i)));
+        Dial fresh;
+        for (int k = 0; k <= i; ++k)
+            changes[k](fresh);
+        QVERIFY2(pictureOf(shown.dial) == pictureOf(fresh), qPrintable(QString::number(i)));
+    }
     const QSize hint = shown.dial.sizeHint();
     font.setPointSize(40);
     shown.dial.setFont(font);
     QVERIFY(shown.dial.sizeHint().width() > hint.width());
     QVERIFY(hint.width() >= 160 && shown.dial.minimumSizeHint().width() < hint.width());
-    shown.dial.resize(150, 150);
-    QCOMPARE(pictureOf(shown.dial).size(), QSize(150, 150));
-    QVERIFY(!drawnRect(pictureOf(shown.dial), darkPalette().color(QPalette::Window)).isEmpty());
 }
 
 void QtSvgDialGaugeTest::aRemoteDialIsPlainlyNotLive() {

@@ -250,7 +250,8 @@ void DialFace::paintNumbers(QPainter& painter, const std::vector<Tick>& all) con
     painter.setFont(font);
     painter.setPen(m_look.text);
     const QFontMetricsF metrics(font);
-    std::vector<std::pair<QRectF, QString>> numbers;
+    std::vector<QRectF> places;
+    QStringList texts;
     for (const Tick& tick : all) {
         if (tick.text.isEmpty())
             continue;
@@ -259,29 +260,15 @@ void DialFace::paintNumbers(QPainter& painter, const std::vector<Tick>& all) con
         const double height = metrics.capHeight();
         const double inwards = std::abs(std::sin(angle)) * width / 2.0 + std::abs(std::cos(angle)) * height / 2.0;
         const QPointF middle = pointAt(angleAt(tick.at), numbersRadius - inwards / m_unit);
-        numbers.emplace_back(QRectF(middle.x() - width / 2.0, middle.y() - height / 2.0, width, height), tick.text);
+        places.emplace_back(middle.x() - width / 2.0, middle.y() - height / 2.0, width, height);
+        texts.append(tick.text);
     }
-    // Every number, or every second one, or as many as keep clear of each other.
-    const auto areClear = [&](size_t step) {
-        const double gap = metrics.averageCharWidth() * 0.3;
-        QRectF last;
-        for (size_t i = 0; i < numbers.size(); i += step) {
-            const QRectF rect = numbers[i].first.adjusted(-gap, -gap, gap, gap);
-            if (rect.intersects(last))
-                return false;
-            last = rect;
-        }
-        return true;
-    };
-    size_t step = 1;
-    while (step < numbers.size() && !areClear(step))
-        ++step;
-    for (size_t i = 0; i < numbers.size(); i += step) {
-        const QRectF& rect = numbers[i].first;
+    const size_t step = clearStep(places, metrics.averageCharWidth() * 0.6);
+    for (size_t i = 0; i < places.size(); i += step) {
         // After a whole turn the last one stands where the first does.
-        if (i > 0 && rect.intersects(numbers.front().first))
+        if (i > 0 && places[i].intersects(places.front()))
             break;
-        painter.drawText(QPointF(rect.left(), rect.bottom()), numbers[i].second);
+        painter.drawText(places[i].bottomLeft(), texts[int(i)]);
     }
 }
 

@@ -105,6 +105,19 @@ QString numberText(double value, int precision) {
     return text.toDouble() == 0.0 && text.startsWith(QLatin1Char('-')) ? text.mid(1) : text;
 }
 
+size_t clearStep(const std::vector<QRectF>& numbers, double gap) {
+    const auto areClear = [&](size_t step) {
+        for (size_t i = step; i < numbers.size(); i += step)
+            if (numbers[i].adjusted(-gap, -gap, gap, gap).intersects(numbers[i - step]))
+                return false;
+        return true;
+    };
+    size_t step = 1;
+    while (step < numbers.size() && !areClear(step))
+        ++step;
+    return step;
+}
+
 int readingPrecision(const LinearScale& scale, int precision) {
     if (!scale.hasLength())
         return precision;

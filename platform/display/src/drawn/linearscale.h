@@ -2,6 +2,7 @@
 #ifndef OSTREL_DISPLAY_DRAWN_LINEARSCALE_H
 #define OSTREL_DISPLAY_DRAWN_LINEARSCALE_H
 
+#include <QRectF>
 #include <QString>
 #include <vector>
 
@@ -43,6 +44,10 @@ extern const QString noValueText;
 
 // With so many decimals; a number too long to be read at a glance with six digits and an exponent. Zero has no sign.
 QString numberText(double value, int precision);
+
+// 1 where all numbers keep clear of each other, 2 where every second one does, and so on. They stand in the order of
+// the scale; a step that is their count leaves the first alone.
+size_t clearStep(const std::vector<QRectF>& numbers, double gap);
 
 // The decimals that tell a hundredth of the scale, and no fewer than those given.
 int readingPrecision(const LinearScale& scale, int precision);
