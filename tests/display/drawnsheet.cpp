@@ -119,7 +119,7 @@ Slider* slider(Qt::Orientation orientation, const QString& label, double minimum
     bar->Minimum = minimum;
     bar->Maximum = maximum;
     bar->Value = value;
-    bar->setFixedSize(orientation == Qt::Horizontal ? QSize(300, 66) : QSize(92, 190));
+    bar->setFixedSize(orientation == Qt::Horizontal ? QSize(340, 80) : QSize(92, 190));
     return bar;
 }
 

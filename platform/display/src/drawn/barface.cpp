@@ -37,7 +37,7 @@ void BarFace::layOut(const QSize& size) {
     for (const Tick& tick : m_ticks)
         widest = std::max(widest, metrics.horizontalAdvance(tick.text));
     QRectF room = QRectF(QPointF(0.0, 0.0), size).adjusted(margin, margin, -margin, -margin);
-    const double belowLabel = (m_look.isVertical ? 2.0 : 1.0 + tickHeight) * metrics.height() + leastTrack + margin;
+    const double belowLabel = (2.0 + tickHeight) * metrics.height() + 2.0 * margin;
     if (!m_look.label.isEmpty() && room.height() >= metrics.height() + belowLabel) {
         m_label = QRectF(room.left(), room.top(), room.width(), metrics.height());
         room.setTop(m_label.bottom());
@@ -48,9 +48,9 @@ void BarFace::layOut(const QSize& size) {
     const double numbers = (m_look.isVertical ? widest : metrics.height()) + margin;
     // The numbers at the ends stand half beyond them.
     const double half = (m_look.isVertical ? metrics.height() : widest) / 2.0 + 1.0;
-    m_hasTicks = across >= leastTrack + m_tickLength;
-    m_hasNumbers = across >= leastTrack + m_tickLength + numbers && along >= 2.0 * half + leastTrack;
-    const double beside = (m_hasTicks ? m_tickLength : 0.0) + (m_hasNumbers ? numbers : 0.0);
+    m_hasTicks = across >= leastTrack + m_tickLength + margin;
+    m_hasNumbers = across >= leastTrack + m_tickLength + margin + numbers && along >= 2.0 * half + leastTrack;
+    const double beside = (m_hasTicks ? m_tickLength + margin : 0.0) + (m_hasNumbers ? numbers : 0.0);
     const double ends = m_hasNumbers ? half : 0.0;
     const double thickness = std::clamp(across - beside, std::min(leastTrack, across), mostTrack * metrics.height());
     const double first = std::floor((across - beside - thickness) / 2.0);
@@ -200,6 +200,9 @@ void BarFace::paintWords(QPainter& painter, const QString& words) const {
     if (m_look.isVertical)
         painter.rotate(-90.0);
     painter.setFont(m_look.font);
+    const double thickness = std::min(m_track.width(), m_track.height());
+    if (thickness < room.height())
+        painter.fillRect(painter.boundingRect(room, Qt::AlignCenter, words), m_look.palette.color(QPalette::Window));
     painter.setPen(textColour());
     painter.drawText(room, Qt::AlignCenter, words);
     painter.restore();
