@@ -48,6 +48,7 @@ private slots:
     void groupsChangeCountsUntilSaved();
     void widgetWithoutVariableCanBeEdited();
     void reconfigurationIsNoChange();
+    void aliasThatTheCellGetsOrLosesIsNoChange();
     void closingWithoutChangesAsksNothing();
     void closingAsksAndSaves();
     void closingAsksAndDiscards();
@@ -213,6 +214,27 @@ void UnsavedTest::reconfigurationIsNoChange() {
     m_cell->signal(SIGHUP);
     BECOMES(m_window->value("later"), "-");
     QVERIFY(!m_window->window().isWindowModified());
+}
+
+// The widgets take other names, and units with them.
+void UnsavedTest::aliasThatTheCellGetsOrLosesIsNoChange() {
+    write(m_form, QByteArray(m_original)
+                      .replace("<string>CYCLES<", "<string>OIL_TEMP<")
+                      .replace("<widget class=\"ZelValue\" name=\"cycles\">",
+                               "<widget class=\"ZelValue\" name=\"cycles\"><property "
+                               "name=\"units\"><string>degF</string></property>"));
+    open();
+    const QSignalSpy dirty(formChanges(), &FormChanges::dirtyChanged);
+    const QByteArray cellFile = contentOf(m_cell->file("cell.toml"));
+    m_cell->write(cellFile + "OIL = \"OIL_TEMP\"\n");
+    m_cell->signal(SIGHUP);
+    BECOMES(shown("cycles"), "OIL");
+    BECOMES(m_window->units("cycles"), "degF");
+    m_cell->write(cellFile);
+    m_cell->signal(SIGHUP);
+    BECOMES(shown("cycles"), "OIL_TEMP");
+    BECOMES(m_window->units("cycles"), "degF");
+    QVERIFY2(dirty.isEmpty(), qPrintable(m_window->window().findChild<QLabel*>("changesField")->toolTip()));
 }
 
 void UnsavedTest::closingWithoutChangesAsksNothing() {
