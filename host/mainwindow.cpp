@@ -183,7 +183,11 @@ QLabel* MainWindow::addField(const char* name) {
 }
 
 void MainWindow::takePlace(const Options& options) {
-    QSize size = sizeHint();
+    // It has laid out empty fields until now. Of its width the window takes no notice, nor it of its frames and grip.
+    statusBar()->layout()->activate();
+    layout()->invalidate();
+    const int statusWidth = statusBar()->sizeHint().width() + 3 * fontMetrics().height();
+    QSize size = sizeHint().expandedTo({statusWidth, 0});
     if (options.geometry)
         size = QSize(options.geometry->width, options.geometry->height);
     else if (options.screenshot.empty())  // a picture may be larger than the screen
