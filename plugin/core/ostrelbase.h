@@ -149,10 +149,11 @@ protected:
     QString* getUpdatedStrValue(bool hideUnits, char* display_format, char* units, double cValue);
     // Applies the limit colour, and finishes the first load of the widget.
     void checkStatus(bool startup);
-    // Points the typed pointer of the bound record's kind at it, and takes the format of a selected member.
+    // Points the typed pointer of the bound record's kind at it, and takes the format of a selected member. In a
+    // designer it may take back the units that the form gave.
     RecordView viewRecord();
     // True when the widget's typed pointers were made of another record than the present one: it must bind again.
-    bool isBoundElsewhere() const { return ptrToOstrelVarChanged() || _ptr != m_viewedRecord; }
+    bool isBoundElsewhere() const;
     // Whether a tick is for sampling, and now.
     bool isMyTick(int interval) const { return interval == getSampleRate() && !_pause && !_cfg_in_progress; }
     // Hand a property to the form writer, as the operator's change once the widget has finished its first loading.
@@ -245,10 +246,13 @@ protected:
 
 private:
     const void* m_viewedRecord = nullptr;  // of the last viewRecord(); to compare, never to follow
+    SHARED_MEMORY m_viewedPart{};          // the same
+    QString m_unitsOfForm;                 // in a designer, to be given back by the next viewRecord()
 
     // What a sample leaves in updateFirst_.
     enum class Refresh { Done, Again, AsBefore };
 
+    QString ownNameOf(const QString& name, SHARED_MEMORY* mem) const;
     bool namesDifferInMember() const;
     void endReconfiguration();
     void takeMemberFormat(const char* format);

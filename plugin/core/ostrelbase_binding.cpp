@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 #include <cstring>
+#include <utility>
 
 #include "core/ostrelbase.h"
 #include "fabric/timermoderator.h"
@@ -24,6 +25,36 @@ bool findAliasOfTarget(const QString& target, char** alias) {
 bool isArray(SM_VARI_TYPE kind) {
     return kind >= REAL_ARRAY_TYPE && kind <= LOGI_ARRAY_TYPE;
 }
+
+// Whether variables of that kind are named with a part of them behind their label.
+bool hasParts(SM_VARI_TYPE kind) {
+    return isArray(kind) || kind == STAT_TYPE || kind == COMP_TYPE || kind == PROP_TYPE || kind == EMIS_TYPE;
+}
+
+// What the store finds under that name, written out where it is an alias.
+QString writtenOut(const QString& name) {
+    SHARED_MEMORY mem{};
+    short index = 0;
+    if (find_alias_label(name.toLatin1().data(), &mem, &index) != 0 || mem.vari_type != ALIAS_TYPE)
+        return name;
+    const auto* alias = static_cast<const ALIAS_VARIABLE*>(get_vrbl_adr(mem));
+    return alias ? recordText(alias->var.label) : name;
+}
+
+// The label with the member or the index behind it that the name has.
+QString withPartOf(const QString& name, const QString& label) {
+    static const QRegularExpression mark(QStringLiteral("[.:]"));
+    const int part = name.indexOf(mark);
+    if (part < 0)
+        return label;
+    return label.endsWith(name[part]) ? label + name.mid(part + 1) : label + name.mid(part);
+}
+
+bool isSamePart(const SHARED_MEMORY& one, const SHARED_MEMORY& other) {
+    return one.offset == other.offset && one.member_adr == other.member_adr;
+}
+
+const QString noLabel = QStringLiteral("unsupported");
 
 template <class Record>
 const Record* recordAt(const void* address) {
@@ -54,11 +85,15 @@ VAR_FIND_STATUS OstrelBase::setupVariable(const QString& name) {
     QString wantedName = name;  // what _backupName becomes
     QString localName = name;   // what is looked up
     VAR_FIND_STATUS result = VARIABLE_NOTFOUND;
+    const bool wasUnbound = !_ptr;
 
     const auto finish = [&] {
         _backupName = wantedName;
         _oldName = _name;
         _name = shownName;
+        // A form gives the units first, and then the name of the variable that is to be shown in them. A host gives the
+        // units once more; a designer would save the form without them.
+        m_unitsOfForm = inDesigner && wasUnbound && result == VARIABLE_CHANGED ? getUnits() : QString();
         // A new variable starts in its own units.
         if (_oldName != _name && result == VARIABLE_CHANGED)
             setUnits(QString());
@@ -103,7 +138,7 @@ VAR_FIND_STATUS OstrelBase::setupVariable(const QString& name) {
             if (_real_name != notSet)
                 shownName = localName = _real_name;
             else
-                shownName = getNameFromShmem(&found);
+                shownName = ownNameOf(shownName, &found);
             keepWish();
         }
     } else if (!inDesigner) {
@@ -127,12 +162,23 @@ VAR_FIND_STATUS OstrelBase::setupVariable(const QString& name) {
     }
 
     const void* oldptr = _ptr;
+    const SHARED_MEMORY oldmem = _mem;
     if (configureSharedMem(localName.toLatin1().data()) == 0 && _ptr) {
-        // Two members of one record share its address; the names tell them apart.
-        const bool changed = _ptr != oldptr || namesDifferInMember();
+        // Two parts of one record share its address: handles and names tell them apart. The same part under the same
+        // name is no other variable, whatever its own name is.
+        const bool isSame = isSamePart(_mem, oldmem);
+        const bool changed = _ptr != oldptr || !isSame || (_name != shownName && namesDifferInMember());
         result = changed ? VARIABLE_CHANGED : VARIABLE_FOUND;
     }
     return finish();
+}
+
+// A form that is being designed is saved with this name, so it must lead to the same part again.
+QString OstrelBase::ownNameOf(const QString& name, SHARED_MEMORY* mem) const {
+    const QString label = getNameFromShmem(mem);
+    if (!hasParts(mem->vari_type))
+        return label;
+    return label == noLabel ? name : withPartOf(writtenOut(name), label);
 }
 
 bool OstrelBase::namesDifferInMember() const {
@@ -158,7 +204,7 @@ void OstrelBase::updateUIName(VAR_FIND_STATUS status, const QString& name, bool 
 QString OstrelBase::getNameFromShmem(SHARED_MEMORY* mem) const {
     const void* record = get_vrbl_adr(*mem);
     if (!record)
-        return QStringLiteral("unsupported");
+        return noLabel;
     switch (mem->vari_type) {
         case REAL_TYPE:
             return recordText(recordAt<REAL_VARIABLE>(record)->label);
@@ -186,7 +232,7 @@ QString OstrelBase::getNameFromShmem(SHARED_MEMORY* mem) const {
         case STRING_ARRAY_TYPE:
             return recordText(recordAt<REAL_ARRAY_VARIABLE>(record)->label);
         default:
-            return QStringLiteral("unsupported");
+            return noLabel;
     }
 }
 
@@ -247,6 +293,10 @@ bool OstrelBase::ptrToOstrelVarChanged() const {
     }
 }
 
+bool OstrelBase::isBoundElsewhere() const {
+    return ptrToOstrelVarChanged() || _ptr != m_viewedRecord || !isSamePart(_mem, m_viewedPart);
+}
+
 void OstrelBase::takeMemberFormat(const char* format) {
     if (format)
         copyText(formatString, QByteArray(format, static_cast<int>(strnlen(format, sizeof(formatString)))));
@@ -256,6 +306,9 @@ RecordView OstrelBase::viewRecord() {
     RecordView view;
     view.known = true;
     m_viewedRecord = _ptr;
+    m_viewedPart = _mem;
+    if (!m_unitsOfForm.isEmpty())
+        setUnits(std::exchange(m_unitsOfForm, QString()));
     switch (_mem.vari_type) {
         case REAL_TYPE:
             rptr = static_cast<REAL_VARIABLE*>(_ptr);

@@ -1,4 +1,4 @@
-// The widget collection as a display builder meets it, with no store running.
+// The widget collection as a display builder meets it: without a store, and with a cell that Qt Designer serves itself.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -10,13 +10,48 @@
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QXmlStreamReader>
 #include <functional>
+#include <utility>
 
 #include "paths.h"
 
 namespace {
 
 constexpr int limit = 60000;
+
+// Aliases that stand for a member or an element, as the store has them.
+constexpr std::pair<const char*, const char*> aliasesOfTheDemo[] = {{"N_MEAN", "SPEED_STAT.AV"},
+                                                                    {"NOX_MEAN", "NOX_STAT.AV"},
+                                                                    {"T_EXH_1", "CYL_EXH_TEMP:0"},
+                                                                    {"P_CYL_1", "CYL_PRESSURE:0"}};
+
+// What a form says of the variables of its widgets: their names and units, by the widgets' names.
+QStringList variablesIn(const QString& file) {
+    QFile form(file);
+    QStringList lines;
+    if (!form.open(QIODevice::ReadOnly))
+        return lines;
+    QXmlStreamReader xml(&form);
+    QStringList widgets;
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        if (token == QXmlStreamReader::EndElement && xml.name() == QLatin1String("widget"))
+            widgets.removeLast();
+        if (token != QXmlStreamReader::StartElement)
+            continue;
+        const QString name = xml.attributes().value(QLatin1String("name")).toString();
+        if (xml.name() == QLatin1String("widget")) {
+            widgets.append(name);
+        } else if (xml.name() == QLatin1String("property") &&
+                   (name == QLatin1String("name") || name == QLatin1String("units"))) {
+            xml.readNextStartElement();
+            lines.append(widgets.last() + QLatin1Char('.') + name + QLatin1String(" = ") + xml.readElementText());
+        }
+    }
+    lines.sort();
+    return lines;
+}
 
 class Designer : public testing::Test {
 protected:
@@ -39,6 +74,53 @@ protected:
         environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
         m_designer.setProcessEnvironment(environment);
         m_designer.setProcessChannelMode(QProcess::MergedChannels);
+    }
+
+    // Serves the demo cell inside of Qt Designer.
+    void embedDemoCell() {
+        QProcessEnvironment environment = m_designer.processEnvironment();
+        environment.insert(QStringLiteral("OSTREL_CELL"),
+                           QString(paths::sources) + QStringLiteral("/demo-cell/cell.toml"));
+        m_designer.setProcessEnvironment(environment);
+    }
+
+    // A copy of the file with one more label in its upper left corner, outside of all layouts and as narrow as their
+    // margin.
+    void copyWithLabel(const QString& from, const QString& name) {
+        QFile original(from);
+        ASSERT_TRUE(original.open(QIODevice::ReadOnly)) << qPrintable(from);
+        QByteArray text = original.readAll();
+        const int end = text.lastIndexOf("</widget>");
+        ASSERT_GT(end, 0);
+        text.insert(end,
+                    "<widget class=\"QLabel\" name=\"mover\"><property name=\"geometry\"><rect><x>0</x><y>0</y>"
+                    "<width>60</width><height>8</height></rect></property></widget>");
+        write(name, text.constData());
+    }
+
+    // As a display builder does, with a click and an arrow key.
+    void moveLabelAndSave() {
+        ASSERT_TRUE(comesToRest(QStringLiteral("at-mover")));
+        const QStringList at = told(QStringLiteral("at-mover")).split(' ');
+        mouse({"mousemove", at[0], at[1], "click", "1"});
+        ASSERT_TRUE(comesTrue([this] {
+            mouse({"key", "Right"});
+            QThread::msleep(400);
+            return !told(QStringLiteral("edited")).isEmpty();
+        }));
+        mouse({"key", "ctrl+s"});
+        ASSERT_TRUE(comesTrue([this] { return !told(QStringLiteral("saved")).isEmpty(); }));
+    }
+
+    // What the witness tells of it stays the same for a while.
+    bool comesToRest(const QString& key) {
+        QString rested;
+        return comesTrue([&] {
+            const QString before = rested;
+            rested = told(key);
+            QThread::msleep(400);
+            return !rested.isEmpty() && rested == before;
+        });
     }
 
     void TearDown() override {
@@ -146,6 +228,32 @@ TEST_F(Designer, ShowsAFormWithAZelValueAsTheRealWidget) {
     open(QStringLiteral("value.ui"));
     EXPECT_TRUE(comesTrue([this] { return told(QStringLiteral("placed")) == QLatin1String("ZelValue speed"); }));
 }
+
+// A form is opened, edited and saved while the cell is there, so that its widgets are bound to variables. What they
+// have made of the names must not become what the form says.
+class DesignerWithCell : public Designer, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DesignerWithCell, SavesNamesAndUnits) {
+    embedDemoCell();
+    const QString original = QString(paths::sources) + QLatin1String(GetParam());
+    copyWithLabel(original, QStringLiteral("form.ui"));
+    open(QStringLiteral("form.ui"));
+    moveLabelAndSave();
+    QStringList expected = variablesIn(original);
+    // Where aliases are not to be shown, a variable has its own name.
+    if (original.endsWith(QLatin1String("parts.ui")))
+        for (const auto& [alias, name] : aliasesOfTheDemo)
+            expected.replaceInStrings(QLatin1String(" = ") + QLatin1String(alias),
+                                      QLatin1String(" = ") + QLatin1String(name));
+    const QStringList saved = variablesIn(path(QStringLiteral("form.ui")));
+    EXPECT_EQ(expected.join('\n').toStdString(), saved.join('\n').toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, DesignerWithCell,
+                         testing::Values("/demo-cell/forms/overview.ui", "/demo-cell/forms/simple.ui",
+                                         "/demo-cell/forms/states.ui", "/demo-cell/forms/groups.ui",
+                                         "/tests/designer/parts.ui"),
+                         [](const auto& form) { return QFileInfo(form.param).baseName().toStdString(); });
 
 }  // namespace
 

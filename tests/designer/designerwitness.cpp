@@ -6,6 +6,7 @@
 #include <QDesignerFormWindowManagerInterface>
 #include <QDesignerWidgetBoxInterface>
 #include <QIcon>
+#include <QMdiSubWindow>
 #include <QSaveFile>
 #include <QTextStream>
 #include <QTimer>
@@ -17,6 +18,14 @@ namespace {
 QString position(QWidget* widget, QPoint inside) {
     const QPoint point = widget->mapToGlobal(inside);
     return QStringLiteral("%1 %2").arg(point.x()).arg(point.y());
+}
+
+// Brings the upper left corner of a form that is larger than its place in the program into view.
+void scrollToCorner(QWidget* form) {
+    while (form && !qobject_cast<QMdiSubWindow*>(form))
+        form = form->parentWidget();
+    if (form && (form->x() < 0 || form->y() < 0))
+        form->move(0, 0);
 }
 
 }  // namespace
@@ -73,6 +82,7 @@ void DesignerWitness::report() {
         form = m_core->formWindowManager()->formWindow(0);
     if (!form || !form->mainContainer())
         return;
+    scrollToCorner(form);
     QSaveFile file(qEnvironmentVariable("OSTREL_WITNESS"));
     if (!file.open(QIODevice::WriteOnly))
         return;
@@ -82,7 +92,9 @@ void DesignerWitness::report() {
     out << "form " << position(form->mainContainer(), form->mainContainer()->rect().center()) << "\n";
     for (QWidget* child : form->mainContainer()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (form->isManaged(child))
-            out << "placed " << child->metaObject()->className() << " " << child->objectName() << "\n";
+            out << "placed " << child->metaObject()->className() << " " << child->objectName() << "\n"
+                << "at-" << child->objectName() << " " << position(child, child->rect().center()) << "\n";
+    out << (form->isDirty() ? "edited" : "saved") << " " << form->fileName() << "\n";
     out.flush();
     file.commit();
 }

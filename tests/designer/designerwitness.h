@@ -8,7 +8,8 @@
 class QDesignerFormEditorInterface;
 
 // Once a form is open it writes to the file in OSTREL_WITNESS, again and again: the widget box's entries of the group
-// "Ostrel", where on the screen the entry ZelValue and the form lie, and the class of each widget on the form.
+// "Ostrel", where on the screen the entry ZelValue, the form and each widget on it lie, the class of each, and whether
+// the form has changes that its file does not have.
 class DesignerWitness : public QObject, public QDesignerCustomWidgetInterface {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QDesignerCustomWidgetInterface")

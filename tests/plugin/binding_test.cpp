@@ -33,6 +33,11 @@ private Q_SLOTS:
     void anAliasBindsWhatItStandsFor();
     void theOwnNameIsShownWhereAliasesAreOff();
     void theLabelIsShownWhereTheOwnNameIsUnknown();
+    void theLabelKeepsThePartAskedFor_data();
+    void theLabelKeepsThePartAskedFor();
+    void aliasesOfTwoPartsOfOneRecordAreTwoVariables();
+    void aPartUnderItsAliasStaysTheSameVariable();
+    void aFormKeepsItsUnitsInADesigner();
     void theAliasOfTheOwnNameIsTriedNext();
     void anAliasWithoutTextShowsTheName();
     void anotherMemberOfTheSameRecordIsAChange();
@@ -365,6 +370,115 @@ void BindingTest::theLabelIsShownWhereTheOwnNameIsUnknown() {
                           "get_vrbl_adr SPEED", "find_variable RPM_NOW", "get_vrbl_adr SPEED"}));
     QCOMPARE(widget.getName(), QString("SPEED"));
     QCOMPARE(widget._backupName, QString("ASKED_FOR"));
+}
+
+void BindingTest::theLabelKeepsThePartAskedFor_data() {
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("member") << "SPEED_STAT.SD"
+                            << "SPEED_STAT.SD";
+    QTest::newRow("alias of a member") << "SPREAD"
+                                       << "SPEED_STAT.SD";
+    QTest::newRow("label of all members") << "SPEED_STAT."
+                                          << "SPEED_STAT.";
+    QTest::newRow("member of a gas") << "AIR.O2"
+                                     << "AIR.O2";
+    QTest::newRow("property") << "FLOW.DD"
+                              << "FLOW.DD";
+    QTest::newRow("emission") << "EXHAUST.MF_CO"
+                              << "EXHAUST.MF_CO";
+    QTest::newRow("element") << "TEMP:1"
+                             << "TEMP:1";
+    QTest::newRow("alias of an element") << "T_1"
+                                         << "TEMP:1";
+    QTest::newRow("whole array") << "TEMP"
+                                 << "TEMP";
+    QTest::newRow("integer element") << "CODES:2"
+                                     << "CODES:2";
+    QTest::newRow("string element") << "STEPS:3"
+                                    << "STEPS:3";
+    // The record of a logical array has no label that is known.
+    QTest::newRow("logical element") << "VALVES:1"
+                                     << "VALVES:1";
+    QTest::newRow("alias of a logical element") << "INLET"
+                                                << "INLET";
+    QTest::newRow("real") << "SPEED"
+                          << "SPEED";
+    QTest::newRow("alias of a real") << "RPM_NOW"
+                                     << "SPEED";
+}
+
+// Qt Designer reads the name back when it saves the form.
+void BindingTest::theLabelKeepsThePartAskedFor() {
+    QFETCH(QString, asked);
+    QFETCH(QString, shown);
+    inDesigner = true;
+    platform().statistics("SPEED_STAT.").member("AV", 0, 1).member("SD", 4, 2);
+    platform().composition("AIR.").member("O2", 2, 20);
+    platform().property("FLOW.").member("DD", 24, 3);
+    platform().emission("EXHAUST.").member("MF_CO", 19, 4);
+    platform().realArray("TEMP");
+    platform().integerArray("CODES");
+    platform().stringArray("STEPS");
+    platform().logicalArray("VALVES");
+    platform().real("SPEED");
+    platform().alias("SPREAD", "SPEED_STAT.SD");
+    platform().alias("T_1", "TEMP:1");
+    platform().alias("INLET", "VALVES:0");
+    platform().alias("RPM_NOW", "SPEED");
+    Probe widget;
+    widget.setName(asked);
+    widget.setDisplayAlias(false);
+    QCOMPARE(widget.getName(), shown);
+    QVERIFY(widget.ptr());
+    const SHARED_MEMORY bound = widget.mem();
+    widget.setName(widget.getName());
+    QCOMPARE(widget.getName(), shown);
+    QCOMPARE(short(widget.mem().offset), short(bound.offset));
+}
+
+void BindingTest::aliasesOfTwoPartsOfOneRecordAreTwoVariables() {
+    auto array = platform().realArray("TEMP");
+    array[0].value = 401;
+    array[1].value = 402;
+    for (int i : {0, 1}) {
+        SHARED_MEMORY& element = platform().handle(QStringLiteral("TEMP:%1").arg(i));
+        element.member_adr = &array[size_t(i)];
+    }
+    platform().alias("T_0", "TEMP:0");
+    platform().alias("T_1", "TEMP:1");
+    Probe widget;
+    widget.setDisplayAlias(false);
+    QCOMPARE(widget.setupVariable("T_0"), VARIABLE_CHANGED);
+    QCOMPARE(widget.setupVariable("T_1"), VARIABLE_CHANGED);
+    QCOMPARE(widget.setupVariable("T_1"), VARIABLE_FOUND);
+    QCOMPARE(widget.mem().member_adr, static_cast<void*>(&array[1]));
+}
+
+// The units that an operator has chosen for it are not those of another variable.
+void BindingTest::aPartUnderItsAliasStaysTheSameVariable() {
+    platform().statistics("SPEED_STAT.").member("AV", 0, 1).member("SD", 4, 2);
+    platform().alias("N_MEAN", "SPEED_STAT.AV");
+    Probe widget;
+    QCOMPARE(widget.setupVariable("SPEED_STAT.AV"), VARIABLE_CHANGED);
+    QCOMPARE(widget.getName(), QString("N_MEAN"));
+    QCOMPARE(widget.setupVariable("N_MEAN"), VARIABLE_FOUND);
+}
+
+// It gives them before the name, as Qt Designer writes them.
+void BindingTest::aFormKeepsItsUnitsInADesigner() {
+    platform().real("SPEED").units("RPM");
+    platform().real("TORQUE").units("NM");
+    for (bool designer : {true, false}) {
+        inDesigner = designer;
+        Probe widget;
+        widget.setUnits("RAD/S");
+        widget.setName("SPEED");
+        QCOMPARE(widget.getUnits(), QString(designer ? "RAD/S" : ""));
+        widget.setUnits("HZ");
+        widget.setName("TORQUE");
+        QCOMPARE(widget.getUnits(), QString());
+    }
 }
 
 void BindingTest::theAliasOfTheOwnNameIsTriedNext() {
