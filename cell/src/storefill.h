@@ -21,8 +21,8 @@ struct Placed {
 
 class StoreContents {
 public:
-    // Before begin: nothing of the model will be refused. False, with the reason, where something would be; the store is
-    // then as it was.
+    // Before begin: nothing of the model will be refused. False, with the reason, where something would be; the store
+    // is then as it was.
     static bool reserve(ostrel_server* server, const CellModel& model, std::string& reason);
 
     // Between begin and commit. False, with the reason, where the store refuses a variable.

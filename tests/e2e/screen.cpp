@@ -33,8 +33,7 @@ bool matches(const QString& pattern, const QString& text) {
 Screen::Screen() {
     QDir(m_folder.path()).mkpath(QStringLiteral("plugins/designer"));
     QDir(m_folder.path()).mkpath(QStringLiteral("plugins/generic"));
-    QFile::link(QString(paths::screenWitness),
-                m_folder.filePath(QStringLiteral("plugins/generic/libwitness.so")));
+    QFile::link(QString(paths::screenWitness), m_folder.filePath(QStringLiteral("plugins/generic/libwitness.so")));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), m_folder.filePath(QStringLiteral("plugins")));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("screenwitness"));

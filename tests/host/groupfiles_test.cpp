@@ -116,7 +116,8 @@ void GroupFilesTest::missingFilesAreCountedAndNamed() {
     open(group("ZelGroup", "oil", "groups/oil.grp") + group("ZelGroup", "gone", "groups/gone.grp") +
          group("ZelGroup_fl", "nowhere", "/nowhere/at/all.grp") + widget("ZelGroup", "plain", {}));
     BECOMES(m_window->field("bindingField"), "4 bound, 2 missing");
-    QVERIFY2(toolTip().contains("Group files that cannot be read: groups/gone.grp, /nowhere/at/all.grp"), qPrintable(toolTip()));
+    QVERIFY2(toolTip().contains("Group files that cannot be read: groups/gone.grp, /nowhere/at/all.grp"),
+             qPrintable(toolTip()));
     QVERIFY2(!toolTip().contains("store"), qPrintable(toolTip()));
     keepPicture(&m_window->window(), "missinggroup");
 }

@@ -35,8 +35,8 @@ ostrel_server* ostrel_server_open(const ostrel_server_options* options, char* me
 // Ends the store cleanly: clients keep what they have linked, the name is free again. Frees `server`.
 void ostrel_server_close(ostrel_server* server);
 
-// Lets go of the store without ending it: it stays for the next server to adopt, as after a server's death. For one that
-// has adopted it and cannot go on. Frees `server`.
+// Lets go of the store without ending it: it stays for the next server to adopt, as after a server's death. For one
+// that has adopted it and cannot go on. Frees `server`.
 void ostrel_server_leave(ostrel_server* server);
 
 // 1 when the store was left by a dead server and adopted.
