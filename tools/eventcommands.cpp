@@ -16,6 +16,8 @@ constexpr size_t payloadRoom = 256;
 
 void mustExist(std::string name) {
     int id = 0;
+    if (!mayUseEvents())
+        throw Failure(name + ": you may read this store but not use its events");
     if (event_get_id(name.data(), &id) != 0)
         throw Failure(name + ": no such event" + didYouMean(name, eventNames(), "; 'ostrel status' lists all"));
 }

@@ -9,6 +9,12 @@
 
 #include "fieldtext.h"
 
+// Whoever may only read the store cannot use its events, nor even see them.
+inline bool mayUseEvents() {
+    ostrel_event_info_t info{};
+    return ostrel_event_info(0, &info) != OSTREL_EVENT_NO_STORE;
+}
+
 inline std::vector<ostrel_event_info_t> eventList() {
     std::vector<ostrel_event_info_t> events;
     ostrel_event_info_t info{};

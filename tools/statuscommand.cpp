@@ -55,6 +55,10 @@ void printAreas() {
 }
 
 void printEvents(const std::vector<ostrel_event_info_t>& events) {
+    if (!mayUseEvents()) {
+        std::printf("%-16s not for this user, who may read the store only\n", "events");
+        return;
+    }
     std::printf("%-16s %zu\n", "events", events.size());
     for (const auto& event : events) {
         const std::string period = event.period_ms > 0 ? ", every " + std::to_string(event.period_ms) + " ms" : "";
@@ -87,7 +91,7 @@ int statusCommand(const ostrel_store_status& store, bool json) {
         for (const auto& event : events)
             eventList.push_back(eventJson(event));
         status.emplace_back("areas", areaList);
-        status.emplace_back("events", eventList);
+        status.emplace_back("events", mayUseEvents() ? Json(eventList) : Json());
         std::puts(Json(status).text().c_str());
         return store.alive != 0 ? 0 : 1;
     }

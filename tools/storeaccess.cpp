@@ -10,6 +10,8 @@ ostrel_store_status openStore(const std::optional<std::string>& name) {
         throw Failure(message);
     ostrel_store_status status{};
     ostrel_store_get_status(&status);
+    if (!status.found && message[0] != '\0')
+        throw Failure(message);
     if (!status.found) {
         throw Failure("no store named '" + std::string(status.name) +
                       "' is running; start one with ostrel-cell FILE.toml" +

@@ -158,16 +158,6 @@ Record* writable(const Variable& variable) {
     return static_cast<Record*>(const_cast<void*>(variable.record));
 }
 
-// Why the last write of this process to the variable was refused; 0 where it was stored. Writing a real has no result.
-short lastRefusal(const Variable& variable) {
-    short refusal = 0;
-    ostrel_write write{};
-    for (uint64_t after = 0; ostrel_next_write(after, &write) == 0; after = write.number)
-        if (write.pid == getpid() && fieldText(write.variable) == variable.fullName)
-            refusal = write.refusal;
-    return refusal;
-}
-
 void accept(const Variable& variable, const std::string& value, short result) {
     switch (result) {
         case OSTREL_STORED:
@@ -188,8 +178,7 @@ void writeNumber(const Variable& variable, const std::string& text, const std::s
     const double value = inOwnUnits(variable, numberGiven(variable.name, text), units);
     switch (variable.handle.vari_type) {
         case REAL_TYPE:
-            set_real_variable(writable<REAL_VARIABLE>(variable), value);
-            accept(variable, text, lastRefusal(variable));
+            accept(variable, text, ostrel_set_real(writable<REAL_VARIABLE>(variable), value));
             break;
         case INT_TYPE:
             accept(variable, text,

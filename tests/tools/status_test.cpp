@@ -1,4 +1,7 @@
+#include <unistd.h>
+
 #include <csignal>
+#include <fstream>
 
 #include "paths.h"
 #include "toolstest.h"
@@ -99,6 +102,43 @@ TEST_F(Status, TakesTheStoreFromTheEnvironment) {
     const Outcome outcome = run({paths::command, "get", "CYCLES"});
     unsetenv("OSTREL_STORE");
     EXPECT_EQ(outcome.output, "CYCLES 42\n");
+}
+
+// A client that may read the store and not write to it. Only root can become somebody else.
+TEST_F(Status, TellsAReaderThatEventsAreNotForHim) {
+    const std::string name = freshStoreName();
+    std::string lines = "[cell]\nname = \"readable\"\nmode = \"0644\"\nevents = [\"PURGE\"]\n[real.A]\nvalue = 2\n";
+    const std::filesystem::path file = cellFile().parent_path() / "readable.toml";
+    std::ofstream(file) << lines;
+    Program served({paths::cell, file, "--store", name});
+    ASSERT_TRUE(served.prints(1));
+    const auto reader = [&](const Arguments& words) {
+        Arguments all{paths::command, "--store", name};
+        all.insert(all.begin(), {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"});
+        all.insert(all.end(), words.begin(), words.end());
+        return run(all);
+    };
+    const bool startable = geteuid() == 0 && reader({"--version"}).status == 0;
+    if (!startable)
+        GTEST_SKIP() << "the program cannot be started as somebody else here";
+    EXPECT_EQ(reader({"get", "A"}).output, "A 2.00\n");
+    EXPECT_EQ(reader({"set", "A", "3"}).errors, "ostrel: A: you may read this store but not write to it\n");
+    for (const char* verb : {"raise", "wait"})
+        EXPECT_EQ(reader({"event", verb, "PURGE"}).errors,
+                  "ostrel: PURGE: you may read this store but not use its events\n");
+    EXPECT_NE(reader({"status"}).output.find("\nevents           not for this user, who may read the store only\n"),
+              std::string::npos);
+    EXPECT_NE(reader({"--json", "status"}).output.find("\"events\":null"), std::string::npos);
+    served.signal(SIGTERM);
+    EXPECT_EQ(served.finish().status, 0);
+}
+
+TEST_F(Status, TellsWhatIsThereInThePlaceOfAStore) {
+    const std::string name = freshStoreName();
+    const std::string object = "/dev/shm/ostrel-" + name;
+    std::ofstream(object) << std::string(100, 'x');
+    EXPECT_EQ(run({paths::command, "--store", name, "get", "A"}).errors, "ostrel: '" + name + "': is cut short\n");
+    std::filesystem::remove(object);
 }
 
 // The store that is used where none is named runs, and is left alone.

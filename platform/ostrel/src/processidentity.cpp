@@ -1,6 +1,7 @@
 #include "processidentity.h"
 
 #include <pthread.h>
+#include <pwd.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -39,6 +40,15 @@ ProcessIdentity processIdentity() {
     const char* name = program_invocation_short_name;
     std::memcpy(identity.name, name, strnlen(name, sizeof identity.name - 1));
     return identity;
+}
+
+std::string userName(uid_t uid) {
+    passwd entry{};
+    passwd* found = nullptr;
+    char buffer[4096];
+    if (getpwuid_r(uid, &entry, buffer, sizeof buffer, &found) == 0 && found)
+        return found->pw_name;
+    return std::to_string(uid);
 }
 
 uint64_t processStart(pid_t pid) {

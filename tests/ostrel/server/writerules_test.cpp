@@ -149,7 +149,8 @@ TEST(ReadOnlyClient, IsRefusedAndGoesOn) {
         if (find_variable(text("REAL"), &real) != 0 || find_variable(text("LOGI"), &logical) != 0 ||
             find_variable(text("REALS:1"), &element) != 0)
             _exit(101);
-        set_real_variable(static_cast<REAL_VARIABLE*>(get_vrbl_adr(real)), 1);
+        if (ostrel_set_real(static_cast<REAL_VARIABLE*>(get_vrbl_adr(real)), 1) != OSTREL_READ_ONLY)
+            _exit(103);
         auto* record = static_cast<LOGICAL_VARIABLE*>(get_vrbl_adr(logical));
         if (set_logical(record, 1) != OSTREL_READ_ONLY || ostrel_store_logical(record, 1) != OSTREL_READ_ONLY ||
             ostrel_set_array_element(&element, 1, nullptr) != OSTREL_READ_ONLY || record->value != 0)
@@ -177,6 +178,16 @@ TEST_F(WriteRules, ValuesOutsideTheLimitsAreRefusedAndTheLimitsThemselvesAreNot)
     EXPECT_EQ(+variable->update_count, 3u);
     set_real_variable(variable, noNumber);
     EXPECT_EQ(+variable->value, 10);
+}
+
+TEST_F(WriteRules, ARealTellsWhatBecameOfIt) {
+    ASSERT_EQ(server.tell("rule REAL 1 0 1"), "ok");
+    REAL_VARIABLE* variable = record<REAL_VARIABLE>("REAL");
+    EXPECT_EQ(ostrel_set_real(variable, 0.5), OSTREL_STORED);
+    EXPECT_EQ(ostrel_set_real(variable, 2), OSTREL_OUTSIDE);
+    EXPECT_EQ(ostrel_set_real(record<REAL_VARIABLE>("FREE"), noNumber), OSTREL_NO_VALUE);
+    EXPECT_EQ(ostrel_set_real(nullptr, 0), OSTREL_NO_RECORD);
+    EXPECT_EQ(+variable->value, 0.5);
 }
 
 TEST_F(WriteRules, OneLimitAloneHolds) {

@@ -1,8 +1,10 @@
 // What is answered where no store runs, where one comes later, and where one is damaged.
 #include <fcntl.h>
 #include <ostrel/events.h>
+#include <pwd.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -80,6 +82,35 @@ TEST_F(Absent, NamesThatNoStoreCanHaveAreRefused) {
         EXPECT_GT(ostrel_store_open(name.c_str(), nullptr, message, sizeof message), 1) << name;
         EXPECT_NE(std::strlen(message), 0u) << name;
     }
+}
+
+// A store that this user may not even read: another user's, or the owner's own without any permission.
+TEST(ForbiddenStore, IsSaidToBeSomebodyElses) {
+    const std::string store = newStoreName();
+    ServerProcess server;
+    ASSERT_EQ(server.tell("open " + store + (geteuid() == 0 ? " 0600" : " 0200")), "ok 0");
+    const std::string owner = getpwuid(geteuid())->pw_name;
+    const std::string expected = "exists, but this user may not read it: it belongs to " + owner + " and has mode " +
+                                 (geteuid() == 0 ? "0600" : "0200");
+    const pid_t client = fork();
+    if (client == 0) {
+        const uid_t nobody = 65534;
+        if (geteuid() == 0 && setresuid(nobody, nobody, nobody) != 0)
+            _exit(100);
+        char message[300] = "";
+        EXPECT_EQ(ostrel_store_open(store.c_str(), nullptr, message, sizeof message), 1);
+        EXPECT_TRUE(std::string(message).starts_with("'" + store + "': " + expected)) << message;
+        ServerProcess second;
+        const std::string answer = second.tell("open " + store);
+        const bool isRunning = second.pid() > 0;  // where this user may start the program
+        EXPECT_TRUE(!isRunning || answer.find(store + ": it belongs to " + owner) != std::string::npos) << answer;
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(client, &status, 0), client);
+    EXPECT_EQ(status, 0);
+    server.tell("close");
+    removeObjectsOf(store);
 }
 
 // Serves a store of the name that is used where none is given, which the tests must not be found in.
@@ -180,6 +211,15 @@ TEST_F(Damaged, AServerReplacesWhatIsNoStore) {
     ASSERT_EQ(server.tell("open " + store), "ok 0");
     configure({"put 54 1 SPEED"});
     EXPECT_EQ(find("SPEED"), 0);
+}
+
+TEST_F(Damaged, OpeningTellsWhatIsThere) {
+    char message[200] = "none";
+    EXPECT_EQ(ostrel_store_open(store.c_str(), nullptr, message, sizeof message), 1);
+    EXPECT_STREQ(message, "");
+    place(std::string(100, 'x'), 1 << 28);
+    EXPECT_EQ(ostrel_store_open(store.c_str(), nullptr, message, sizeof message), 1);
+    EXPECT_EQ(message, "'" + store + "': is no store");
 }
 
 // Random bytes over a store in use: answers may be wrong then, but nothing may be read or written outside of it.

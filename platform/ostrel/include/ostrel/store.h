@@ -98,6 +98,7 @@ void fre_shrd_mem(SM_AREA_ID area);
 // What has a result gives 0 for a value stored, another number for one refused; a refused value changes nothing. The
 // cell decides what may be written to a variable. Each write, also a refused one, is kept in the list of writes.
 void set_real_variable(REAL_VARIABLE* var, double value);
+short int ostrel_set_real(REAL_VARIABLE* var, double value);
 short int set_integer(INTEGER_VARIABLE* var, int value);
 short int set_logical(LOGICAL_VARIABLE* var, short int value);
 
@@ -148,8 +149,9 @@ short int ostrel_next_write(uint64_t after, ostrel_write* write);
 
 // Chooses the store before any other call of this library: its name (null: OSTREL_STORE or "cell"), or with
 // `cell_file` a private store made from that file inside this process, simulation included. Returns 0 when the store
-// can be used, 1 when it is not running (later calls go on trying), another number when `cell_file` cannot be served;
-// `message` then holds the reasons, a line each. Without this call OSTREL_STORE and OSTREL_CELL decide. A name is 1 to
+// can be used; 1 when it is not running or cannot be used (later calls go on trying), `message` then holds the reason
+// where something is there, such as another user's store; another number when `cell_file` cannot be served, `message`
+// then holds the reasons, a line each. Without this call OSTREL_STORE and OSTREL_CELL decide. A name is 1 to
 // 63 letters, digits, points, hyphens and underscores; another one gives a number above 1 and a reason too, also where
 // it stands in OSTREL_STORE. Where what was asked for cannot be had, no store is used until the next call chooses.
 int ostrel_store_open(const char* name, const char* cell_file, char* message, size_t message_size);

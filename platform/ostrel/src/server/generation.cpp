@@ -163,6 +163,10 @@ void adoptOrMake(ostrel_server& server, std::string& problem) {
         problem = "may not be written by this user; its memory belongs to another one";
         return;
     }
+    if (look == StoreLook::Forbidden) {
+        problem = damage;
+        return;
+    }
     if (look == StoreLook::Usable) {
         setAccessOfAll(objects, server.access);
         server.store = useAttachment(std::make_unique<Attachment>(std::move(objects), server.name));

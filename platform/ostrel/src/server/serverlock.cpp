@@ -41,7 +41,8 @@ bool ServerLock::acquire(const std::string& storeName, std::string& problem) {
     for (;;) {
         const int fd = shm_open(object.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
         if (fd < 0) {
-            problem = "cannot lock it: " + std::string(std::strerror(errno));
+            problem = errno == EACCES ? ownershipOf(object) + "; end its server as that user, or take another name"
+                                      : "cannot lock it: " + std::string(std::strerror(errno));
             return false;
         }
         if (flock(fd, LOCK_EX | LOCK_NB) != 0) {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "monotonic.h"
+#include "processidentity.h"
 
 namespace {
 

@@ -26,7 +26,8 @@ struct Choice {
     std::optional<std::string> name;
     std::optional<std::string> cellFile;
     bool embeddingTried = false;
-    std::string lastProblem;
+    std::string problem;  // that the last look found
+    bool callerTells = false;
     void* reconfigPage = nullptr;
 };
 
@@ -70,15 +71,16 @@ Attachment* use(Choice& c, std::unique_ptr<Attachment> fresh) {
     return used;
 }
 
-void tellProblem(Choice& c, const std::string& name, const std::string& problem) {
-    if (problem != std::exchange(c.lastProblem, problem))
+void noteProblem(Choice& c, const std::string& name, const std::string& problem) {
+    const bool isTold = problem == std::exchange(c.problem, problem) || std::exchange(c.callerTells, false);
+    if (!isTold && !problem.empty())
         log_error(__FILE__, __LINE__, 1, 0, "store %s: %s", name.c_str(), problem.c_str());
 }
 
 bool refuses(Choice& c, const std::string& name) {
     const std::string problem = problemOfStoreName(name);
     if (!problem.empty())
-        tellProblem(c, name, problem);
+        noteProblem(c, name, problem);
     return !problem.empty();
 }
 
@@ -86,11 +88,8 @@ std::unique_ptr<Attachment> openStore(Choice& c, const std::string& name) {
     std::string problem;
     StoreObjects objects;
     const StoreLook look = openStoreObjects(objects, name, problem);
-    if (look == StoreLook::Usable)
-        return std::make_unique<Attachment>(std::move(objects), name);
-    if (look == StoreLook::Damaged)
-        tellProblem(c, name, problem);
-    return nullptr;
+    noteProblem(c, name, look == StoreLook::Absent ? "" : problem);
+    return look == StoreLook::Usable ? std::make_unique<Attachment>(std::move(objects), name) : nullptr;
 }
 
 // Set while this thread looks for the store, so that a log line about it does not look for it again.
@@ -186,9 +185,11 @@ Attachment* ownerOfElement(const void* address, size_t size) {
     return nullptr;
 }
 
-void chooseStore(const char* name, const char* cellFile) {
+void chooseStore(const char* name, const char* cellFile, bool callerTells) {
     Choice& c = choice();
     const std::lock_guard lock(c.mutex);
+    c.problem.clear();
+    c.callerTells = callerTells;
     c.name = name ? std::optional<std::string>(name) : std::nullopt;
     c.cellFile = cellFile ? std::optional<std::string>(cellFile) : std::nullopt;
     const Attachment* current = c.current.load(std::memory_order_relaxed);
@@ -196,6 +197,12 @@ void chooseStore(const char* name, const char* cellFile) {
         c.current.store(nullptr, std::memory_order_release);
     // The caller embeds the cell itself, and hears of a failure.
     c.embeddingTried = c.embeddingTried || cellFile;
+}
+
+std::string problemOfStore() {
+    Choice& c = choice();
+    const std::lock_guard lock(c.mutex);
+    return c.problem;
 }
 
 std::string storeName() {

@@ -23,8 +23,12 @@ Attachment* ownerOfRecord(const void* record, int kind, RecordPlace& place);
 // The attachment, present or earlier, that has this address in its memory of elements.
 Attachment* ownerOfElement(const void* address, size_t size);
 
-// Chooses the store. A null text leaves that to the environment.
-void chooseStore(const char* name, const char* cellFile);
+// Chooses the store. A null text leaves that to the environment. A problem that the next look finds is not logged where
+// the caller tells it himself.
+void chooseStore(const char* name, const char* cellFile, bool callerTells);
+
+// Why the store of that name cannot be used though something is there; empty where it is in use or absent.
+std::string problemOfStore();
 
 // The name of the store that is used, or looked for.
 std::string storeName();

@@ -6,7 +6,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <utility>
+
+#include "processidentity.h"
 
 SharedObject::~SharedObject() {
     if (m_data)
@@ -108,6 +111,15 @@ int SharedObject::mapOver(void* address, size_t offset, size_t length) const {
     const int protection = m_writable ? PROT_READ | PROT_WRITE : PROT_READ;
     void* data = mmap(address, length, protection, MAP_SHARED | MAP_FIXED, m_fd, static_cast<off_t>(offset));
     return data == MAP_FAILED ? errno : 0;
+}
+
+std::string ownershipOf(const std::string& name) {
+    struct stat status {};
+    if (stat((objectFolder + name).c_str(), &status) != 0)
+        return "it belongs to another user";
+    char mode[8] = "";
+    std::snprintf(mode, sizeof mode, "%04o", status.st_mode & 07777U);
+    return "it belongs to " + userName(status.st_uid) + " and has mode " + mode;
 }
 
 bool leadsTo(const std::string& name, int fd) {

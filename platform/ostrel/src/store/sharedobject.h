@@ -7,12 +7,18 @@
 #include <cstddef>
 #include <string>
 
+// Where the system shows shared memory objects as files.
+inline const std::string objectFolder = "/dev/shm";
+
 // Who may use the objects of a store.
 struct Access {
     mode_t mode = 0600;
     bool hasGroup = false;
     gid_t group = 0;
 };
+
+// Whose an object is that may not be opened: its owner and mode, for people.
+std::string ownershipOf(const std::string& name);
 
 // True where that name leads to the object that is open there.
 bool leadsTo(const std::string& name, int fd);

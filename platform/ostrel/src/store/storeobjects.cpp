@@ -136,6 +136,11 @@ StoreLook openHeader(SharedObject& header, const std::string& name, Capacities& 
         error = header.open(headerObject(name), headerObjectBytes, false);
     if (error == ENOENT)
         return StoreLook::Absent;
+    if (error == EACCES) {
+        problem = "exists, but this user may not read it: " + ownershipOf(headerObject(name)) +
+                  "; mode and group in its cell file decide who may";
+        return StoreLook::Forbidden;
+    }
     if (error != 0) {
         problem = error == ENODATA ? "is cut short" : std::strerror(error);
         return StoreLook::Damaged;
@@ -219,13 +224,12 @@ std::string nextGenerationName(const std::string& name) {
 
 int replaceStoreObjects(const std::string& name) {
     // POSIX can remove and open a shared memory object but not rename it; here they are files of this folder.
-    const std::string folder = "/dev/shm";
     const std::string next = nextGenerationName(name);
     int error = 0;
     shm_unlink(headerObject(name).c_str());
     const auto move = [&](const std::string& suffix) {
-        if (std::rename((folder + objectName(next, suffix)).c_str(), (folder + objectName(name, suffix)).c_str()) !=
-                0 &&
+        if (std::rename((objectFolder + objectName(next, suffix)).c_str(),
+                        (objectFolder + objectName(name, suffix)).c_str()) != 0 &&
             errno != ENOENT)
             error = errno;
     };

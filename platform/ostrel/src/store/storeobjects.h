@@ -29,8 +29,9 @@ Capacities defaultCapacities();
 // What a look at a store's objects came to.
 enum class StoreLook {
     Usable,
-    Absent,  // no store of that name, or none yet, or one that has just ended
-    Damaged  // something of that name that cannot be used
+    Absent,     // no store of that name, or none yet, or one that has just ended
+    Forbidden,  // one that this user may not even read
+    Damaged     // something of that name that cannot be used
 };
 
 // Empty for the name of a store: 1 to 63 letters, digits, points, underscores and hyphens that cannot be taken for a

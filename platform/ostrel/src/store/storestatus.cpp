@@ -69,17 +69,23 @@ int openEmbedded(const char* cellFile, char* message, size_t messageSize) {
 int ostrel_store_open(const char* name, const char* cell_file, char* message, size_t message_size) {
     if (message && message_size > 0)
         message[0] = '\0';
-    chooseStore(name, cell_file);
+    chooseStore(name, cell_file, message && message_size > 0);
     const std::string chosen = storeName();
     const std::string problem = name || !cell_file ? problemOfStoreName(chosen) : "";
+    const auto tell = [&](const std::string& reason) {
+        if (message && message_size > 0 && !reason.empty())
+            snprintf(message, message_size, "'%.80s': %s", chosen.c_str(), reason.c_str());
+    };
     if (!problem.empty()) {
-        if (message && message_size > 0)
-            snprintf(message, message_size, "'%.80s': %s", chosen.c_str(), problem.c_str());
+        tell(problem);
         return 3;
     }
     if (cell_file)
         return openEmbedded(cell_file, message, message_size);
-    return attachment() ? 0 : 1;
+    if (attachment())
+        return 0;
+    tell(problemOfStore());
+    return 1;
 }
 
 int ostrel_store_get_status(ostrel_store_status* status) {

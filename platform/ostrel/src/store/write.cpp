@@ -237,9 +237,15 @@ short writeStringElement(const WriteTarget& target, STRING_ARRAY_MEMBER& element
 
 }  // namespace
 
+short int ostrel_set_real(REAL_VARIABLE* var, double value) {
+    const auto target = targetOf(var, REAL_TYPE);
+    if (!target)
+        return OSTREL_NO_RECORD;
+    return writeNumber(*target, var->value, value, [&] { return storeReal(*var, value); });
+}
+
 void set_real_variable(REAL_VARIABLE* var, double value) {
-    if (const auto target = targetOf(var, REAL_TYPE))
-        writeNumber(*target, var->value, value, [&] { return storeReal(*var, value); });
+    ostrel_set_real(var, value);
 }
 
 short int set_integer(INTEGER_VARIABLE* var, int value) {

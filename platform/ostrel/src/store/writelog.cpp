@@ -1,8 +1,5 @@
 #include "store/writelog.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <bit>
 #include <charconv>
@@ -144,15 +141,6 @@ ostrel_write describeNote(uint64_t number, const WriteNote& note) {
     describeValue(write.old_value, note.oldValue, note.kind);
     describeValue(write.new_value, note.newValue, note.kind);
     return write;
-}
-
-std::string userName(uid_t uid) {
-    passwd entry{};
-    passwd* found = nullptr;
-    char buffer[4096];
-    if (getpwuid_r(uid, &entry, buffer, sizeof buffer, &found) == 0 && found)
-        return found->pw_name;
-    return std::to_string(uid);
 }
 
 short int ostrel_next_write(uint64_t after, ostrel_write* write) {

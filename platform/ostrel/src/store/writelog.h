@@ -39,6 +39,5 @@ uint64_t oldestKept(const WriteMemory& memory);
 
 // The note for people; without the name of the user.
 ostrel_write describeNote(uint64_t number, const WriteNote& note);
-std::string userName(uid_t uid);
 
 #endif
