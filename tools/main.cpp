@@ -39,7 +39,8 @@ std::function<int()> inStore(Arguments& a, std::function<int()> run) {
 }
 
 void addListAndInfo(CLI::App& app, Arguments& a) {
-    auto* list = app.add_subcommand("list", "Lists variables with kind, value, units, section and aliases");
+    auto* list =
+        app.add_subcommand("list", "Lists variables with kind, value, units, section and aliases, section by section");
     list->add_option("PATTERN", a.pattern, "Names to list, such as 'OIL*'; case does not count");
     list->add_flag("--names", a.namesOnly, "Prints names and aliases alone, a line each");
     runs(list, a, inStore(a, [&a] { return (a.namesOnly ? namesCommand : listCommand)(a.pattern, a.json); }));
@@ -120,8 +121,8 @@ void addAll(CLI::App& app, Arguments& a) {
         "Exit status: 0 done, 1 failed, 2 wrong usage.\n"
         "Examples:\n"
         "  ostrel list 'OIL*'\n"
-        "  ostrel get ENGINE_SPEED --units 1/s\n"
-        "  ostrel set SPEED_SETPOINT 1500 rpm\n"
+        "  ostrel get ENGINE_SPEED --units Hz\n"
+        "  ostrel set SPEED_SP 1500 rpm\n"
         "  ostrel watch ENGINE_SPEED OIL_TEMP --rate 500 --changes");
     addListAndInfo(app, a);
     addGetAndSet(app, a);

@@ -62,7 +62,7 @@ void checkLabel(const std::string& label, const std::vector<std::string>& before
 }
 
 void readDimensionLabels(const toml::array& list, size_t dimension, TableReader& reader, ArrayShape& shape) {
-    if (list.size() > shape.sizes[dimension]) {
+    if (!list.empty() && list.size() != shape.sizes[dimension]) {
         reader.fault(lineOf(list), "there are " + std::to_string(list.size()) + " labels for " +
                                        std::to_string(shape.sizes[dimension]) + " elements");
         return;

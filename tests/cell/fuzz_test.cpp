@@ -63,7 +63,7 @@ texts = ["a", "b"]
 expr = "C"
 [real_array.ARR]
 size = [3]
-labels = ["ONE", "TWO"]
+labels = ["ONE", "TWO", "THREE"]
 value = [1, 2, 3]
 [string_array.W]
 size = [2, 2]

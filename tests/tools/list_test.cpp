@@ -24,6 +24,15 @@ TEST_F(List, ShowsEveryVariableOfTheCellOnce) {
     EXPECT_EQ(json({"list"}).array().size(), 15);
 }
 
+TEST_F(List, GoesBySectionAndThereByTheOrderOfTheFile) {
+    std::vector<std::string> names;
+    for (const QJsonValue& entry : json({"list"}).array())
+        names.push_back(entry.toObject()["name"].toString().toStdString());
+    EXPECT_EQ(names, (std::vector<std::string>{"ENGINE_SPEED", "OIL_TEMP", "OIL_PRESSURE", "RATIO", "CLOCK", "CYCLES",
+                                               "FAN_SPEED", "PUMP_ON", "DOOR", "TEST_NAME", "CYL_TEMP", "COUNTS",
+                                               "STEPS", "VALVES", "SPEED_STAT."}));
+}
+
 TEST_F(List, TellsKindValueUnitsSectionAndAliases) {
     const auto entries = byName(json({"list"}));
     const QJsonObject speed = entries.at("ENGINE_SPEED");
