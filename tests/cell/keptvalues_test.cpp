@@ -109,6 +109,16 @@ TEST_F(KeptValues, ThatDoNotFitAnyMoreLeaveTheRest) {
     EXPECT_EQ(number("GOOD"), 8);
 }
 
+// min and max are for what clients write; an expression gives what it gives, and goes on from there.
+TEST_F(KeptValues, OfAnExpressionMayLieOutsideMinAndMax) {
+    put("ostrel-kept 1\nreal HOURS - 9\nreal SP - 9\nend 2\n");
+    serve(scans +
+          "[real.HOURS]\nexpr = \"HOURS + 0\"\nmax = 5\nvalue = 2\npersist = true\n"
+          "[real.SP]\nmax = 5\nvalue = 2\npersist = true\n");
+    EXPECT_EQ(number("HOURS"), 9);
+    EXPECT_EQ(number("SP"), 2);
+}
+
 TEST_F(KeptValues, SayInALineWhatDoesNotFit) {
     put("ostrel-kept 1\nreal SP rpm 5\nend 1\n");
     CellModel model;

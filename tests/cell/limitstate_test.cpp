@@ -96,6 +96,18 @@ TEST(LimitState, UsesTheNormalColour) {
     EXPECT_EQ(statusFor(limits, 0), 512);
 }
 
+TEST(LimitState, ALogicalsAlarmShowsThroughItsAge) {
+    LogicalStates states;
+    states.alarm = TRUE_IS_ALARM;
+    states.alarmStatus = 1025;
+    states.falseStatus = 256;
+    Limits limits;
+    limits.rules[VARIABLE_AGE_LIMIT] = {true, 5, 768};
+    EXPECT_EQ(statusForLogical(states, limits, true, judgeLogical(states, limits, true, 6, 0)), 1025);
+    EXPECT_EQ(statusForLogical(states, limits, false, judgeLogical(states, limits, false, 6, 0)), 768);
+    EXPECT_EQ(statusForLogical(states, limits, false, judgeLogical(states, limits, false, 5, 0)), 256);
+}
+
 TEST(LimitState, JudgesLogicals) {
     LogicalStates states;
     states.alarmStatus = 1025;

@@ -86,6 +86,22 @@ TEST_F(Reload, KeepsTheWindowOfAStatistic) {
     EXPECT_GT(number("S.NM"), 20);
 }
 
+TEST_F(Reload, StartsTheWindowOfAStatisticThatBecameAnotherOne) {
+    const std::string watched = scans + "[real.X]\n[real.OTHER]\n";
+    const std::string stat = "[stat.S]\nsource = \"X\"\ninterval = 60\nconfidence = 95\n";
+    for (const char* other : {"[stat.S]\nsource = \"OTHER\"\ninterval = 60\nconfidence = 95\n",
+                              "[stat.S]\nsource = \"X\"\ninterval = 50\nconfidence = 95\n",
+                              "[stat.S]\nsource = \"X\"\ninterval = 60\nconfidence = 90\n"}) {
+        serve(watched + stat);
+        scan(10);
+        goodReload(watched + stat);
+        EXPECT_GT(number("S.NM"), 10) << "the same goes on";
+        goodReload(watched + other);
+        EXPECT_LT(number("S.NM"), 5) << other;
+        stop();
+    }
+}
+
 TEST_F(Reload, ChangesTheShapeOfAnArray) {
     serve(scans + "[real_array.A]\nsize = 2\nvalue = 1\n");
     goodReload(scans + "[real_array.A]\nsize = [2, 2]\nvalue = 3\n");

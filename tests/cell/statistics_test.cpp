@@ -61,6 +61,21 @@ TEST(Statistics, DescribesTheLine) {
     EXPECT_NEAR(members[E1], std::sqrt(rest / 42) / slope, 1e-12);
 }
 
+// The same line falling: the relative error of the slope has no sign.
+TEST(Statistics, DescribesALineThatFalls) {
+    StatWindow window(8, 1, 95);
+    double time = 10;
+    for (double value : {9, 7, 5, 5, 4, 4, 4, 2})
+        window.add(time++, value);
+    const StatMembers members = window.compute();
+    const StatMembers rising = knownMembers();
+    EXPECT_NEAR(members[C1], -rising[C1], 1e-12);
+    EXPECT_NEAR(members[RS], rising[RS], 1e-12);
+    EXPECT_NEAR(members[E0], rising[E0], 1e-12);
+    EXPECT_NEAR(members[E1], rising[E1], 1e-12);
+    EXPECT_GT(members[E1], 0);
+}
+
 TEST(Statistics, DescribesTheConfidence) {
     const StatMembers members = knownMembers();
     const double error = std::sqrt(32.0 / 7) / std::sqrt(8.0);

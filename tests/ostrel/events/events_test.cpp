@@ -103,6 +103,39 @@ TEST_F(Events, unknownOnesAreNotMadeByTheWay) {
     EXPECT_EQ(store.layout().threads[0].used, 0U) << "a thread that is attached to nothing holds no place";
 }
 
+TEST_F(Events, theFirstOneIsFoundAsTheOthersAre) {
+    std::array<char, 32> config{"config"};
+    int eid = 0;
+    int again = 0;
+    EXPECT_EQ(event_get_id(config.data(), &eid), 0);
+    EXPECT_GT(eid, 0);
+    EXPECT_EQ(ostrel_event_create("config", &again), 0);
+    EXPECT_EQ(again, eid);
+    EXPECT_EQ(createTimer("config", 100, again), OSTREL_EVENT_EXISTS);
+    ostrel_event_info_t info{};
+    EXPECT_EQ(ostrel_event_info(0, &info), 0);
+    EXPECT_STREQ(info.name, "config");
+    EXPECT_NE(ostrel_event_info(1, &info), 0) << "there is one of that name";
+    EXPECT_EQ(raise("config"), 0);
+    EXPECT_EQ(raised("config"), 1U);
+}
+
+TEST_F(Events, whatADetachedQueueHadDroppedStaysCounted) {
+    const int some = eventId("some");
+    attach("some", 2);
+    for (int number = 0; number < 5; ++number)
+        raise("some");
+    EXPECT_EQ(dropped("some"), 3U);
+    event_detach(some);
+    EXPECT_EQ(dropped("some"), 3U) << "without having been read before";
+    onOwnThread([] {
+        attach("some", 1);
+        raise("some");
+        raise("some");
+    });
+    EXPECT_EQ(dropped("some"), 4U);
+}
+
 TEST_F(Events, haveOneIdPerName) {
     const int first = eventId("first");
     const int second = eventId("second");

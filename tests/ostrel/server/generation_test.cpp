@@ -176,8 +176,8 @@ TEST_F(Generation, IsNotSeenBeforeItsCommit) {
 }
 
 TEST_F(Generation, KeepsValuesAndRulesOfNamesThatStay) {
-    configure(
-        {"put 54 1 GONE", "put 54 1 A", "put 57 7 TEXT", "array 15 FIELD 2 3", "array 15 OTHER 4", "rule A 1 0 10"});
+    configure({"put 54 1 GONE", "put 54 1 A", "put 57 7 TEXT", "array 15 FIELD 2 3", "array 15 OTHER 4",
+               "put 54 1 LEAST", "rule A 1 0 10", "rule LEAST 1 -5 -1"});
     set_real_variable(record<REAL_VARIABLE>("A"), 7);
     set_string_variable(record<STRING_VARIABLE>("TEXT"), text("hot"));
     SHARED_MEMORY element = handle("FIELD:1:2");
@@ -189,6 +189,7 @@ TEST_F(Generation, KeepsValuesAndRulesOfNamesThatStay) {
     ASSERT_EQ(server.tell("begin -1"), "ok");
     EXPECT_EQ(server.tell("put 54 1 A"), "ok 0");
     EXPECT_EQ(server.tell("put 57 7 TEXT"), "ok 0");
+    EXPECT_EQ(server.tell("put 54 1 LEAST"), "ok 0");
     EXPECT_EQ(server.tell("put 54 1 NEW"), "ok 1");
     EXPECT_EQ(server.tell("array 15 FIELD 2 3"), "ok 0");
     EXPECT_EQ(server.tell("array 15 OTHER 5"), "ok 1");
@@ -202,6 +203,15 @@ TEST_F(Generation, KeepsValuesAndRulesOfNamesThatStay) {
     EXPECT_EQ(+record<REAL_VARIABLE>("A")->index, handle("A").index);
     set_real_variable(record<REAL_VARIABLE>("A"), 11);
     EXPECT_EQ(real("A"), 7) << "the rule goes with the name";
+    set_real_variable(record<REAL_VARIABLE>("A"), -1);
+    EXPECT_EQ(real("A"), 7);
+    for (const double inside : {0.0, 10.0}) {
+        set_real_variable(record<REAL_VARIABLE>("A"), inside);
+        EXPECT_EQ(real("A"), inside);
+    }
+    EXPECT_EQ(ostrel_set_real(record<REAL_VARIABLE>("LEAST"), -5), OSTREL_STORED);
+    EXPECT_EQ(ostrel_set_real(record<REAL_VARIABLE>("LEAST"), -6), OSTREL_OUTSIDE);
+    EXPECT_EQ(ostrel_set_real(record<REAL_VARIABLE>("LEAST"), 0), OSTREL_OUTSIDE);
     EXPECT_NE(find("GONE"), 0);
 }
 

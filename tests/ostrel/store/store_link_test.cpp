@@ -1,4 +1,7 @@
 // Linking to memory: areas, arrays and private blocks.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <cstring>
 
 #include "ostrel/storefixture.h"
@@ -116,6 +119,18 @@ TEST_F(Link, AnArrayLinksByItsNameAlone) {
     EXPECT_EQ(_MEMORY_LINK_SIZE("COUNTS:1:1", &size), elements);
     EXPECT_EQ(_MEMORY_LINK_SIZE("SPEED", &size), nullptr);
     EXPECT_EQ(_MEMORY_LINK_SIZE(nullptr, &size), nullptr);
+}
+
+TEST_F(Link, APrivateBlockIsOneForAllProcesses) {
+    const pid_t other = fork();
+    if (other == 0) {
+        auto* block = static_cast<char*>(get_private_shrd_mem(text("shared_block"), 5000));
+        std::strcpy(block + 4000, "from another process");
+        _exit(0);
+    }
+    ASSERT_EQ(waitpid(other, nullptr, 0), other);
+    const auto* block = static_cast<const char*>(get_private_shrd_mem(text("shared_block"), 5000));
+    EXPECT_STREQ(block + 4000, "from another process");
 }
 
 TEST_F(Link, APrivateBlockIsSharedByItsName) {

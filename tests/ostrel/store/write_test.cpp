@@ -1,5 +1,6 @@
 // Writing variables, with the book-keeping of each write.
 #include <ostrel/events.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <climits>
@@ -212,6 +213,49 @@ TEST_F(Write, ElementsAreStoredByTheirHandle) {
     const auto* note = static_cast<STRING_ARRAY_MEMBER*>(handle("TEXTS:0").member_adr);
     EXPECT_EQ(std::string(note->value), std::string(255, 'y'));
     EXPECT_NE(set("TEXTS:0", 0, nullptr), 0);
+}
+
+TEST_F(Write, AnElementRaisesTheEventOfTheStateItGoesTo) {
+    ASSERT_EQ(ostrel_event_create("el_on", nullptr), 0);
+    ASSERT_EQ(ostrel_event_create("el_off", nullptr), 0);
+    auto* array = static_cast<LOGICAL_ARRAY_VARIABLE*>(get_vrbl_adr(handle("LOGIS")));
+    std::strcpy(array->true_event_name, "el_on");
+    std::strcpy(array->false_event_name, "el_off");
+    array->signal_on_true = 1;
+    const SHARED_MEMORY element = handle("LOGIS:1");
+    const auto set = [&](double value, unsigned long long on, unsigned long long off) {
+        EXPECT_EQ(ostrel_set_array_element(&element, value, nullptr), 0);
+        EXPECT_EQ(raised("el_on"), on) << value;
+        EXPECT_EQ(raised("el_off"), off) << value;
+    };
+    set(0, 0, 0);
+    set(1, 1, 0);
+    set(2, 1, 0);
+    set(0, 1, 0);
+    array->signal_on_true = 0;
+    array->signal_on_false = 1;
+    set(0, 1, 0);
+    set(1, 1, 0);
+    set(0, 1, 1);
+    EXPECT_NE(ostrel_set_array_element(&element, noNumber, nullptr), 0);
+}
+
+TEST_F(Write, AForkedChildSignsWithItsOwnPid) {
+    set_real_variable(real, 1);
+    const pid_t child = fork();
+    if (child == 0) {
+        set_real_variable(real, 2);
+        _exit(0);
+    }
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    EXPECT_EQ(+real->value, 2);
+    EXPECT_EQ(+real->last_pid, child);
+    ostrel_write last{};
+    for (uint64_t after = 0; ostrel_next_write(after, &last) == 0;)
+        after = last.number;
+    EXPECT_EQ(last.pid, child);
+    set_real_variable(real, 3);
+    EXPECT_EQ(+real->last_pid, getpid());
 }
 
 TEST_F(Write, WhatIsNoElementIsRefused) {
