@@ -12,6 +12,7 @@
 
 #include "groupfile/groupfile.h"
 #include "hostlink/globals.h"
+#include "widgets/checkboxvariable.h"
 
 QDWindow* displayWindow = nullptr;
 bool Display_QD_Window = false;
@@ -26,9 +27,15 @@ QString placeOf(const QString& fileName) {
     return form.absoluteDir().filePath(fileName);
 }
 
+// A reconfiguration is announced to bound widgets alone, and a group is none: it looks at the store's count of them.
+constexpr int watchPeriodMs = 500;
+
 }  // namespace
 
-GroupBase::GroupBase(QWidget* parent, const char* widgetClass) : QGroupBox(parent), memory(this, widgetClass) {}
+GroupBase::GroupBase(QWidget* parent, const char* widgetClass)
+    : QGroupBox(parent), memory(this, widgetClass), switched(std::make_unique<CheckBoxVariable>()) {
+    connect(&reconfigurationWatch, &QTimer::timeout, this, [this] { followStore(); });
+}
 
 GroupBase::~GroupBase() = default;
 
@@ -187,11 +194,39 @@ void GroupBase::editorClosed(const QString& editedFile, const char* closedSlot) 
 }
 
 bool GroupBase::findLogical(const QString& variable) {
-    SHARED_MEMORY mem{};
-    if (find_variable(variable.toLatin1().data(), &mem) != 0 || mem.vari_type != LOGI_TYPE)
-        return false;
-    lptr = static_cast<LOGICAL_VARIABLE*>(get_vrbl_adr(mem));
-    return lptr != nullptr;
+    // No designer moves its store under a form, and nothing else has ticks there either.
+    if (!inDesigner)
+        reconfigurationWatch.start(watchPeriodMs);
+    return switched->find(variable);
+}
+
+void GroupBase::forgetLogical() {
+    reconfigurationWatch.stop();
+    switched->forget();
+}
+
+// Kept from writing: what the variable says is nobody's wish.
+void GroupBase::showVariable() {
+    isShowingVariable = true;
+    setChecked(switched->isOn());
+    isShowingVariable = false;
+}
+
+void GroupBase::followStore() {
+    const bool wasFound = switched->isFound();
+    if (!switched->follow())
+        return;
+    if (!switched->isFound())
+        valid_logi = false;
+    else if (!wasFound)
+        variableCame();
+    else if (valid_logi)
+        showVariable();
+}
+
+void GroupBase::variableCame() {
+    valid_logi = true;
+    showVariable();
 }
 
 void GroupBase::leadVariable() {
@@ -201,5 +236,11 @@ void GroupBase::leadVariable() {
 }
 
 void GroupBase::writeToggle(bool on) {
-    lptr->value = on ? 1 : 0;
+    if (isShowingVariable)
+        return;
+    // The record of the last look-up may be another variable's by now.
+    if (switched->follow() && !switched->isFound())
+        valid_logi = false;
+    else if (!switched->store(on))
+        showVariable();
 }

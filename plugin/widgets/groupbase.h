@@ -2,18 +2,19 @@
 #ifndef OSTREL_WIDGETS_GROUPBASE_H
 #define OSTREL_WIDGETS_GROUPBASE_H
 
-#include <ostrel/records.h>
-
 #include <QColor>
 #include <QFont>
 #include <QGroupBox>
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QVector>
+#include <memory>
 
 #include "core/formmemory.h"
 
+class CheckBoxVariable;
 class QDWindow;
 class QGridLayout;
 struct GroupVariable;
@@ -78,24 +79,34 @@ protected:
     void applyBackColor(const QColor& color);
     void applyFont(const QFont& font);
 
-    // True when the store has the variable and it is a logical one: `lptr` leads to it.
+    // The variable of the check box: true when the store has it and it is a logical one. From then on a reconfiguration
+    // of the store has it looked up again.
     bool findLogical(const QString& variable);
+    void forgetLogical();
     // The check box leads: its state goes to the variable, now and with each toggling.
     void leadVariable();
+    // What cannot be stored leaves the check box with the state of the variable.
     void writeToggle(bool on);
+    // Checks the box as the variable is, and stores nothing.
+    void showVariable();
+    // The store has the variable now, and had it not when it was named.
+    virtual void variableCame();
 
     FormMemory memory;
+    std::unique_ptr<CheckBoxVariable> switched;
     bool namesChanged = false;  // a read-out shows another variable than the group file says
-    bool valid_logi = false;    // the check box may write to *lptr
+    bool valid_logi = false;    // the check box may write to its variable
     QColor textColor;
     QString boxVarName;
     Qt::Orientation orientation = Qt::Horizontal;
-    LOGICAL_VARIABLE* lptr = nullptr;
 
 private:
+    void followStore();
     void clearLayout();
     void fill(QGridLayout* grid, const QByteArray& text);
 
+    QTimer reconfigurationWatch;
+    bool isShowingVariable = false;
     bool initLayout = false;  // false: the next setFileName() reads the file in any case
     QString name;
     QColor gBackColor;

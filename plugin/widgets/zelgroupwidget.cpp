@@ -5,6 +5,7 @@
 
 #include "hostlink/globals.h"
 #include "ui_zelgroupwidget.h"
+#include "widgets/checkboxvariable.h"
 #include "widgets/zel_simplevalue.h"
 
 ZelGroup::ZelGroup(QWidget* parent) : GroupBase(parent, "ZelGroup"), ui(std::make_unique<Ui::ZelGroup>()) {
@@ -56,7 +57,7 @@ void ZelGroup::setTextColor(QColor color) {
 void ZelGroup::setCheckBoxVarName(const QString& checkboxVarName) {
     if (checkboxVarName.isEmpty()) {
         boxVarName.clear();
-        lptr = nullptr;
+        forgetLogical();
         var_found = false;
         return;
     }
@@ -64,6 +65,7 @@ void ZelGroup::setCheckBoxVarName(const QString& checkboxVarName) {
     boxVarName = checkboxVarName;
     memory.remember("checkboxVarName", boxVarName);
     const bool found = findLogical(boxVarName);
+    isFirstName = !initVarName;
     if (!initVarName) {
         initVarName = true;
         if (found)
@@ -77,9 +79,15 @@ void ZelGroup::setCheckBoxVarName(const QString& checkboxVarName) {
 
 // Kept: a variable that is false when the form names it is never written by the check box.
 void ZelGroup::followVariable() {
-    const bool on = lptr->value != 0;
-    valid_logi = on;
-    setChecked(on);
+    valid_logi = switched->isOn();
+    showVariable();
+}
+
+void ZelGroup::variableCame() {
+    if (isFirstName)
+        followVariable();
+    else
+        GroupBase::variableCame();
 }
 
 void ZelGroup::checkToggleStatus(bool toggle) {

@@ -49,9 +49,11 @@ private:
     void initContextMenu() override;
     QWidget* makeValue(const QString& variable, int row, int column) override;
     void followVariable();
+    void variableCame() override;
 
     bool var_found = false;
     bool initVarName = false;
+    bool isFirstName = false;  // the variable in force is the one that was named first
     std::unique_ptr<Ui::ZelGroup> ui;
 };
 

@@ -5,6 +5,7 @@
 
 #include "hostlink/globals.h"
 #include "ui_zelgroupwidget_fl.h"
+#include "widgets/checkboxvariable.h"
 #include "widgets/zel_simplevalue_fl.h"
 
 ZelGroup_fl::ZelGroup_fl(QWidget* parent) : GroupBase(parent, "ZelGroup_fl"), ui(std::make_unique<Ui::ZelGroup_fl>()) {
@@ -62,7 +63,7 @@ void ZelGroup_fl::colorValues() {
 void ZelGroup_fl::setCheckBoxVarName(const QString& checkboxVarName) {
     if (checkboxVarName.isEmpty()) {
         boxVarName.clear();
-        lptr = nullptr;
+        forgetLogical();
         return;
     }
     boxVarName = checkboxVarName;
@@ -75,7 +76,7 @@ void ZelGroup_fl::setCheckBoxVarName(const QString& checkboxVarName) {
 
 void ZelGroup_fl::checkToggleStatus(bool toggle) {
     // Without a name the check box may still be valid and has no variable to write to.
-    if (valid_logi && lptr)
+    if (valid_logi && switched->isFound())
         writeToggle(toggle);
 }
 
