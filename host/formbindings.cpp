@@ -101,8 +101,6 @@ void FormBindings::bindAgain() {
     // A name or units that a widget takes over from the new store are nobody's edit of the form.
     const FormChanges::Hold hold(formChanges());
     for (OstrelBase* widget : widgets()) {
-        // A widget that still holds a record would keep its pointer of that kind and show the old store's value.
-        widget->clearMem();
         widget->globalConfigEvent(started, allAreas);
         widget->globalConfigEvent(ended, allAreas);
     }

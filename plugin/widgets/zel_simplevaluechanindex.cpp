@@ -26,14 +26,19 @@ const std::array<std::pair<const char*, int>, 6> areas{{
     {"DIGITAL OUTPUT LOGICAL VARIABLES", DO_LOGI_MEM},
 }};
 
-// The counts of channels, linked when first asked for.
-const SYSTEM_ATTRIBUTES* systemAttributes() {
+// The counts of channels, linked when first asked for, and again after each reconfiguration: the next generation of a
+// store has counts of its own.
+const SYSTEM_ATTRIBUTES* systemAttributes(int reconfigurations) {
     static SYSTEM_ATTRIBUTES* attributes = nullptr;
-    if (!attributes) {
-        void* base = nullptr;
-        if (link_to_memory(SYS_ATTR_MEM, &base) == 0)
-            attributes = static_cast<SYSTEM_ATTRIBUTES*>(base);
-    }
+    static int linkedAt = 0;
+    if (attributes && linkedAt == reconfigurations)
+        return attributes;
+    const bool wasLinked = attributes;
+    void* base = nullptr;
+    attributes = link_to_memory(SYS_ATTR_MEM, &base) == 0 ? static_cast<SYSTEM_ATTRIBUTES*>(base) : nullptr;
+    linkedAt = reconfigurations;
+    if (wasLinked)
+        fre_shrd_mem(SYS_ATTR_MEM);
     return attributes;
 }
 
@@ -96,7 +101,7 @@ void ZelSimpleValueChanIndex::bindWhenPlaced() {
 }
 
 int ZelSimpleValueChanIndex::getLogicalNumVars(int sm_code) const {
-    const SYSTEM_ATTRIBUTES* attributes = systemAttributes();
+    const SYSTEM_ATTRIBUTES* attributes = systemAttributes(Reconfig_data->generic_reconfig_count);
     if (!attributes)
         return 0;
     switch (sm_code) {

@@ -2,10 +2,17 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <cstring>
 #include <fstream>
 
 #include "hostlink/globals.h"
 #include "ostrel/storefixture.h"
+#include "widgets/zel_simplevalue.h"
+#include "widgets/zel_simplevalue_fl.h"
+#include "widgets/zel_simplevaluechanindex.h"
+#include "widgets/zel_value.h"
 #include "widgets/zelgroupwidget.h"
 #include "widgets/zelgroupwidget_fl.h"
 
@@ -25,10 +32,9 @@ bool happens(const std::function<bool()>& condition) {
 
 class LiveWidgets : public StoreTest {
 protected:
-    void SetUp() override {
+    LiveWidgets() {
         inDesigner = false;
         RemoteDisplay = false;
-        StoreTest::SetUp();
     }
 
     // The next generation of the store, with these variables.
@@ -182,6 +188,234 @@ TEST_F(LiveWidgets, NamingTheVariableThatLeadsStoresNothing) {
     group.setCheckBoxVarName("RUN");
     EXPECT_TRUE(group.isChecked());
     EXPECT_TRUE(writes().empty());
+}
+
+// A variable of each kind, each with the name that a widget has for it.
+struct Variable {
+    const char* kind;
+    std::vector<std::string> configuration;
+    std::vector<std::string> configurationAnew;
+    std::string name;
+};
+
+void PrintTo(const Variable& variable, std::ostream* out) {
+    *out << variable.kind;
+}
+
+std::vector<Variable> variables() {
+    const auto same = [](const char* kind, const char* put, const char* name) {
+        return Variable{kind, {put}, {put}, name};
+    };
+    return {
+        same("real", "put 54 1 V", "V"),
+        same("integer", "put 55 2 V", "V"),
+        same("logical", "put 56 3 V", "V"),
+        same("string", "put 57 7 V", "V"),
+        same("statistics", "put 58 9 V.", "V.SD"),
+        same("composition", "put 53 10 V.", "V.O2"),
+        same("property", "put 53 11 V.", "V.DD"),
+        same("emission", "put 53 12 V.", "V.MF_CO"),
+        same("real_element", "array 15 V 3", "V:1"),
+        same("integer_element", "array 16 V 3", "V:1"),
+        same("string_element", "array 17 V 3", "V:1"),
+        same("logical_element", "array 18 V 3", "V:1"),
+        {"grown_real_array", {"array 15 V 3"}, {"array 15 V 70"}, "V:1"},
+        {"grown_integer_array", {"array 16 V 3"}, {"array 16 V 70"}, "V:1"},
+        {"grown_string_array", {"array 17 V 3"}, {"array 17 V 70"}, "V:1"},
+        {"grown_logical_array", {"array 18 V 3"}, {"array 18 V 70"}, "V:1"},
+        {"alias", {"put 55 2 V", "alias NICK V 1"}, {"put 55 2 V", "alias NICK V 1"}, "NICK"},
+        {"alias_of_an_element", {"array 16 V 3", "alias NICK V:1 1"}, {"array 16 V 70", "alias NICK V:1 1"}, "NICK"},
+    };
+}
+
+// Writes a digit into the variable, wherever it stands now, with the formats and texts that show it as that digit.
+void write(const std::string& name, int digit) {
+    SHARED_MEMORY mem{};
+    ASSERT_EQ(find_variable(const_cast<char*>(name.c_str()), &mem), 0) << name;
+    void* record = get_vrbl_adr(mem);
+    std::string text = std::to_string(digit);
+    const auto states = [digit](auto* logical) {
+        snprintf(logical->true_state, sizeof logical->true_state, "%i", digit);
+        snprintf(logical->false_state, sizeof logical->false_state, "%i", digit);
+    };
+    switch (mem.vari_type) {
+        case REAL_TYPE:
+            std::strcpy(static_cast<REAL_VARIABLE*>(record)->display_format, "%.0f");
+            set_real_variable(static_cast<REAL_VARIABLE*>(record), digit);
+            break;
+        case INT_TYPE:
+            std::strcpy(static_cast<INTEGER_VARIABLE*>(record)->display_format, "%i");
+            set_integer(static_cast<INTEGER_VARIABLE*>(record), digit);
+            break;
+        case LOGI_TYPE:
+            states(static_cast<LOGICAL_VARIABLE*>(record));
+            break;
+        case STRING_TYPE:
+            set_string_variable(static_cast<STRING_VARIABLE*>(record), text.data());
+            break;
+        case STAT_TYPE:
+            static_cast<STAT_VARIABLE*>(record)->stat[mem.stat_member].value = digit;
+            break;
+        case COMP_TYPE:
+            static_cast<COMP_VARIABLE*>(record)->fraction[mem.comp_member].value = digit;
+            break;
+        case PROP_TYPE:
+            static_cast<PROP_VARIABLE*>(record)->properties[mem.prop_member].value = digit;
+            break;
+        case EMIS_TYPE:
+            static_cast<EMIS_VARIABLE*>(record)->emission[mem.emis_member].value = digit;
+            break;
+        case LOGI_ARRAY_TYPE:
+            states(static_cast<LOGICAL_ARRAY_VARIABLE*>(record));
+            EXPECT_EQ(ostrel_set_array_element(&mem, digit % 2, nullptr), 0);
+            break;
+        default:
+            if (mem.vari_type == REAL_ARRAY_TYPE)
+                std::strcpy(static_cast<REAL_ARRAY_VARIABLE*>(record)->display_format, "%.0f");
+            if (mem.vari_type == INT_ARRAY_TYPE)
+                std::strcpy(static_cast<INTEGER_ARRAY_VARIABLE*>(record)->display_format, "%i");
+            EXPECT_EQ(ostrel_set_array_element(&mem, digit, text.data()), 0);
+    }
+}
+
+std::string shownBy(const OstrelBase& widget) {
+    const auto* field = widget.findChild<QLineEdit*>("value");
+    const QString text = field ? field->text() : widget.findChild<QLabel*>("value")->text();
+    return text.trimmed().toStdString();
+}
+
+template <class Widget>
+OstrelBase* make() {
+    return new Widget;
+}
+
+struct Readout {
+    const char* name;
+    OstrelBase* (*make)();
+    bool showsTexts;
+};
+
+void PrintTo(const Readout& readout, std::ostream* out) {
+    *out << readout.name;
+}
+
+constexpr Readout readouts[] = {{"ZelValue", make<ZelValue>, false},
+                                {"ZelSimpleValue", make<ZelSimpleValue>, true},
+                                {"ZelSimpleValue_fl", make<ZelSimpleValue_fl>, true}};
+
+// What a host tells its widgets when the store has changed.
+void announce(OstrelBase& widget) {
+    widget.globalConfigEvent(1, -1);
+    widget.globalConfigEvent(0, -1);
+}
+
+class MovedVariable : public LiveWidgets, public testing::WithParamInterface<std::tuple<Readout, Variable>> {
+protected:
+    void SetUp() override {
+        LiveWidgets::SetUp();
+        const auto& [readout, variable] = GetParam();
+        configure(variable.configuration);
+        write(variable.name, 3);
+        widget.reset(readout.make());
+        widget->setName(QString::fromStdString(variable.name));
+        ASSERT_EQ(shownBy(*widget), "3");
+    }
+
+    void expectToBeFollowed() {
+        announce(*widget);
+        const std::string& name = std::get<1>(GetParam()).name;
+        for (int digit : {4, 5}) {
+            write(name, digit);
+            widget->ostrelTimerEvent(widget->getSampleRate());
+            EXPECT_EQ(shownBy(*widget), std::to_string(digit));
+        }
+        EXPECT_EQ(widget->getName().toStdString(), name);
+    }
+
+    std::unique_ptr<OstrelBase> widget;
+};
+
+TEST_P(MovedVariable, IsFollowedIntoTheNextGeneration) {
+    makeGeneration(std::get<1>(GetParam()).configurationAnew);
+    expectToBeFollowed();
+}
+
+TEST_P(MovedVariable, IsFollowedWithinItsGeneration) {
+    configure(std::get<1>(GetParam()).configurationAnew);
+    expectToBeFollowed();
+}
+
+TEST_P(MovedVariable, IsFollowedWhenItWasAwayForAWhile) {
+    const std::vector<std::string> others{"put 54 1 ANOTHER", "put 55 2 MORE",  "put 56 3 LOGIC",   "put 57 7 TEXT",
+                                          "put 58 9 STAT.",   "put 53 10 GAS.", "put 53 11 FLUID.", "put 53 12 SMOKE."};
+    configure(others);
+    announce(*widget);
+    EXPECT_EQ(shownBy(*widget), "-");
+    std::vector<std::string> commands = others;
+    const auto& own = std::get<1>(GetParam()).configurationAnew;
+    commands.insert(commands.end(), own.begin(), own.end());
+    makeGeneration(commands);
+    expectToBeFollowed();
+}
+
+std::vector<std::tuple<Readout, Variable>> readoutsOfVariables() {
+    std::vector<std::tuple<Readout, Variable>> all;
+    for (const Readout& readout : readouts)
+        for (const Variable& variable : variables())
+            if (readout.showsTexts || std::string(variable.kind).find("string") == std::string::npos)
+                all.emplace_back(readout, variable);
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(Readouts, MovedVariable, testing::ValuesIn(readoutsOfVariables()), [](const auto& test) {
+    return std::string(std::get<0>(test.param).name) + "_" + std::get<1>(test.param).kind;
+});
+
+class Channel : public LiveWidgets {
+protected:
+    void bind(int index) {
+        widget.setMemCode(AI_REAL_MEM);
+        widget.setMemIndex(index);
+    }
+    std::string label() { return widget.findChild<QLabel*>("name")->text().toStdString(); }
+
+    ZelSimpleValueChanIndex widget;
+};
+
+TEST_F(Channel, ShowsWhatStandsAtItsPlaceInTheNextGeneration) {
+    configure({"put 6 1 CH_A", "put 6 1 CH_B"});
+    write("CH_B", 3);
+    bind(1);
+    EXPECT_EQ(label(), "CH_B");
+    EXPECT_EQ(shownBy(widget), "3");
+    makeGeneration({"put 6 1 CH_A", "put 6 1 CH_B"});
+    announce(widget);
+    write("CH_B", 4);
+    widget.ostrelTimerEvent(widget.getSampleRate());
+    EXPECT_EQ(shownBy(widget), "4");
+}
+
+// The counts of channels are those of the store in use.
+TEST_F(Channel, FindsAPlaceThatOnlyTheNextGenerationHas) {
+    configure({"put 6 1 CH_A"});
+    bind(1);
+    EXPECT_EQ(shownBy(widget), "-");
+    makeGeneration({"put 6 1 CH_A", "put 6 1 CH_B"});
+    announce(widget);
+    write("CH_B", 4);
+    widget.ostrelTimerEvent(widget.getSampleRate());
+    EXPECT_EQ(label(), "CH_B");
+    EXPECT_EQ(shownBy(widget), "4");
+}
+
+TEST_F(Channel, LosesAPlaceThatTheNextGenerationHasNot) {
+    configure({"put 6 1 CH_A", "put 6 1 CH_B"});
+    bind(1);
+    EXPECT_EQ(label(), "CH_B");
+    makeGeneration({"put 6 1 CH_A"});
+    announce(widget);
+    EXPECT_EQ(label(), "");
+    EXPECT_EQ(shownBy(widget), "-");
 }
 
 }  // namespace
