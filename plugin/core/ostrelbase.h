@@ -266,6 +266,7 @@ private:
     QString* sampleLogicalElement();
     bool converted(int code) const;
     void finishFirstLoad(bool startup);
+    bool canShowIn(char* units) const;
 };
 
 #endif

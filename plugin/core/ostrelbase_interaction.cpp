@@ -129,7 +129,17 @@ void OstrelBase::changeUnits() {
 // The dialog goes with the widget.
 void OstrelBase::viewProperties() {
     auto* dialog = new MyController(this, className, userInterfaceLock());
+    dialog->whenEdited([this](const char* property) {
+        if (std::strcmp(property, "units") == 0 && canShowIn(_units))
+            setName(QString(_name));
+    });
     dialog->show();
+}
+
+// Units are typed letter by letter, and the value stays as it was until they can show it: so must its label.
+bool OstrelBase::canShowIn(char* units) const {
+    double converted = 0.0;
+    return _ptr && (*units == '\0' || unitsConvert(1.0, get_variable_units(_mem), &converted, units) == 0);
 }
 
 void OstrelBase::copyVarName() {

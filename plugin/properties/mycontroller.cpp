@@ -1,7 +1,9 @@
 #include "properties/mycontroller.h"
 
 #include <QDialogButtonBox>
+#include <QShowEvent>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "properties/objectcontroller.h"
 
@@ -38,6 +40,18 @@ MyController::MyController(QWidget* parent) : QDialog(parent, Qt::Drawer) {
 }
 
 MyController::~MyController() = default;
+
+void MyController::whenEdited(std::function<void(const char* property)> callback) {
+    theController->whenEdited(std::move(callback));
+}
+
+void MyController::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    activateWindow();
+    theController->setFocus();
+}
 
 void MyController::layOut(QWidget* buttons) {
     auto* layout = new QVBoxLayout(this);

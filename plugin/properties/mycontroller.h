@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QStringList>
+#include <functional>
 
 class ObjectController;
 class QComboBox;
@@ -19,10 +20,17 @@ public:
     explicit MyController(QWidget* parent);
     ~MyController() override;
 
+    // Called with the property's name after each edit.
+    void whenEdited(std::function<void(const char* property)> callback);
+
 public Q_SLOTS:
     // There is nothing to take over, and nothing to take back.
     void accepted();
     void rejected();
+
+protected:
+    // The keys go to the properties at once.
+    void showEvent(QShowEvent* event) override;
 
 private:
     void layOut(QWidget* buttons);

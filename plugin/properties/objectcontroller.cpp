@@ -3,8 +3,11 @@
 #include <qttreepropertybrowser.h>
 #include <qtvariantproperty.h>
 
+#include <QColor>
 #include <QMetaProperty>
+#include <QTreeView>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "hostlink/globals.h"
 #include "properties/enumvalues.h"
@@ -54,6 +57,7 @@ private:
     QtAbstractPropertyBrowser* m_browser = nullptr;
     QtVariantPropertyManager* m_manager = nullptr;
     QtVariantPropertyManager* m_readOnlyManager = nullptr;  // its properties have no editors
+    std::function<void(const char*)> m_edited;
 };
 
 namespace {
@@ -61,6 +65,25 @@ namespace {
 bool isShown(const QMetaObject* metaObject, const QString& classToView) {
     return classToView == QLatin1String("ALL") || classToView == QLatin1String(metaObject->className());
 }
+
+// A colour that was not set is none; the browser would show it as black.
+class PropertyManager : public QtVariantPropertyManager {
+public:
+    using QtVariantPropertyManager::QtVariantPropertyManager;
+
+protected:
+    QString valueText(const QtProperty* property) const override {
+        return isUnset(property) ? ObjectController::tr("not set") : QtVariantPropertyManager::valueText(property);
+    }
+    QIcon valueIcon(const QtProperty* property) const override {
+        return isUnset(property) ? QIcon() : QtVariantPropertyManager::valueIcon(property);
+    }
+
+private:
+    bool isUnset(const QtProperty* property) const {
+        return valueType(property) == QVariant::Color && !value(property).value<QColor>().isValid();
+    }
+};
 
 QString path(const QtProperty* property, const QString& prefix) {
     return prefix.isEmpty() ? property->propertyName() : prefix + QLatin1Char('.') + property->propertyName();
@@ -76,8 +99,9 @@ void ObjectControllerPrivate::makeBrowser() {
     auto* layout = new QVBoxLayout(q_ptr);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_browser);
-    m_readOnlyManager = new QtVariantPropertyManager(q_ptr);
-    m_manager = new QtVariantPropertyManager(q_ptr);
+    q_ptr->setFocusProxy(m_browser->findChild<QTreeView*>());
+    m_readOnlyManager = new PropertyManager(q_ptr);
+    m_manager = new PropertyManager(q_ptr);
     m_browser->setFactoryForManager(m_manager, new QtVariantEditorFactory(q_ptr));
     QObject::connect(m_manager, SIGNAL(valueChanged(QtProperty*, const QVariant&)), q_ptr,
                      SLOT(slotValueChanged(QtProperty*, const QVariant&)));
@@ -271,6 +295,8 @@ void ObjectControllerPrivate::slotValueChanged(QtProperty* property, const QVari
         metaProperty.write(m_object, intToEnum(metaProperty.enumerator(), value.toInt()));
     else
         metaProperty.write(m_object, value);
+    if (m_edited)
+        m_edited(metaProperty.name());
     // A setter may change other properties too, or refuse the value.
     updateClassProperties(metaObject, true);
 }
@@ -353,6 +379,10 @@ QObject* ObjectController::object() const {
 void ObjectController::updateObject() {
     if (d_ptr->m_object)
         d_ptr->updateClassProperties(d_ptr->m_object->metaObject(), true);
+}
+
+void ObjectController::whenEdited(std::function<void(const char* property)> callback) {
+    d_ptr->m_edited = std::move(callback);
 }
 
 QString ObjectController::getDisplayName(const QString& propertyName) const {

@@ -7,6 +7,7 @@
 
 #include <QMap>
 #include <QWidget>
+#include <functional>
 
 class ObjectControllerPrivate;
 class QtProperty;
@@ -28,6 +29,8 @@ public:
     QObject* object() const;
     // Reads all values anew.
     void updateObject();
+    // Called with the property's name after each edit, before the other values are read anew.
+    void whenEdited(std::function<void(const char* property)> callback);
 
     // Names to show instead of those of properties and classes; "PROPERTY.PART" for a part of a property, such as the
     // family of a font. Like the filters they are read when an object is set.

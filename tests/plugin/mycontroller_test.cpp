@@ -7,6 +7,7 @@
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLayout>
 #include <QPointer>
 #include <QPushButton>
@@ -17,6 +18,7 @@
 #include <QTreeWidget>
 
 #include "plugintest.h"
+#include "properties/objectcontroller.h"
 #include "qttests.h"
 #include "widgets/zel_value.h"
 
@@ -120,6 +122,10 @@ private Q_SLOTS:
     void aColourChosenInTheDialogIsCached();
     void aBoxIsTickedByASecondClick();
     void aNameTypedBindsTheWidget();
+    void unitsTypedAreShownBesideTheValue();
+    void unitsOfAPartUnderItsAliasAreShownToo();
+    void aColourThatWasNotSetIsShownAsSuch();
+    void theDialogTakesTheKeysAndEscapeClosesIt();
     void keysAloneAreEnough();
     void escapeInAnEditorKeepsTheDialogOpen();
     void aValueSetWhileTheFormLoadsIsMarkedAsSuch();
@@ -333,11 +339,75 @@ void MyControllerTest::aNameTypedBindsTheWidget() {
     QVERIFY(Display::cached().contains("cacheProperty ZelValue display name SPEED changed"));
 }
 
+// A value and the units beside it are of the same units at each moment.
+void MyControllerTest::unitsTypedAreShownBesideTheValue() {
+    platform().real("P_OIL").value(4).units("BAR").format("%.1f");
+    platform().converts("BAR", "KPA", 100);
+    Display display;
+    display.setName("P_OIL");
+    const auto shown = [&display] {
+        display.ostrelTimerEvent(display.getSampleRate());
+        return display.findChild<QLineEdit*>("value")->text() + ' ' + display.findChild<QLabel*>("units_label")->text();
+    };
+    QCOMPARE(shown(), QString("4.0 BAR"));
+    const Dialog dialog = display.editing();
+    dialog.click("units");
+    dialog.type("KP");
+    QCOMPARE(shown(), QString("4.0 BAR"));
+    dialog.type("A");
+    QCOMPARE(shown(), QString("400.0 KPA"));
+    QCOMPARE(display.getUnits(), QString("KPA"));
+    for (int i = 0; i < 3; ++i)
+        dialog.press(Qt::Key_Backspace);
+    QCOMPARE(shown(), QString("4.0 BAR"));
+    QCOMPARE(display.getName(), QString("P_OIL"));
+    QCOMPARE(display.getUnits(), QString());
+}
+
+void MyControllerTest::unitsOfAPartUnderItsAliasAreShownToo() {
+    platform().statistics("P_STAT.").member("AV", 0, 4, "BAR", "%.1f");
+    platform().alias("P_MEAN", "P_STAT.AV");
+    platform().converts("BAR", "KPA", 100);
+    Display display;
+    display.setName("P_STAT.AV");
+    QCOMPARE(display.getName(), QString("P_MEAN"));
+    const Dialog dialog = display.editing();
+    dialog.click("units");
+    dialog.type("KPA");
+    QCOMPARE(display.findChild<QLineEdit*>("value")->text(), QString("400.0"));
+    QCOMPARE(display.findChild<QLabel*>("units_label")->text(), QString("KPA"));
+}
+
+void MyControllerTest::aColourThatWasNotSetIsShownAsSuch() {
+    Display display;
+    const Dialog dialog = display.editing();
+    QVERIFY(!display.getBackColor().isValid());
+    QCOMPARE(dialog.text("backColor"), QString("not set"));
+    QVERIFY(dialog.row("backColor")->icon(1).isNull());
+    display.setBColor(Qt::black);
+    dialog->findChild<ObjectController*>()->updateObject();
+    QCOMPARE(dialog.text("backColor"), QString("[0, 0, 0] (255)"));
+    QVERIFY(!dialog.row("backColor")->icon(1).isNull());
+}
+
+void MyControllerTest::theDialogTakesTheKeysAndEscapeClosesIt() {
+    Display display;
+    display.show();
+    display.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&display));
+    const Dialog dialog = display.editProperties();
+    QTRY_COMPARE(QApplication::activeWindow(), static_cast<QWidget*>(dialog.operator->()));
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget*>(dialog.tree()));
+    QSignalSpy finished(dialog.operator->(), SIGNAL(finished(int)));
+    dialog.press(Qt::Key_Escape);
+    QVERIFY(!dialog->isVisible());
+    QCOMPARE(finished.count(), 1);
+}
+
 void MyControllerTest::keysAloneAreEnough() {
     Display display;
     const Dialog dialog = display.editProperties();
     QVERIFY(dialog.isReady());
-    dialog.tree()->setFocus();
     platform().forgetCalls();
     dialog.press(Qt::Key_Right);
     for (int i = 0; i < valueProperties.indexOf("sampleRate") + 1; ++i)

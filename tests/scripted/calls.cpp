@@ -128,9 +128,18 @@ char* get_variable_units(SHARED_MEMORY mem) {
     const Slot* slot = platform().slotOf(mem);
     called("get_variable_units", slot ? slot->label : QStringLiteral("-"));
     static char none[] = "";
-    // Real and integer records have their units at the same place.
-    const bool number = mem.vari_type == REAL_TYPE || mem.vari_type == INT_TYPE;
-    return slot && number ? reinterpret_cast<REAL_VARIABLE*>(slot->record())->units : none;
+    if (!slot)
+        return none;
+    switch (mem.vari_type) {
+        case REAL_TYPE:
+        case INT_TYPE:
+            // At the same place in both.
+            return reinterpret_cast<REAL_VARIABLE*>(slot->record())->units;
+        case STAT_TYPE:
+            return reinterpret_cast<STAT_VARIABLE*>(slot->record())->stat[mem.offset].units;
+        default:
+            return none;
+    }
 }
 
 REAL_ARRAY_MEMBER* get_real_array_adr(REAL_ARRAY_VARIABLE* array, SHARED_MEMORY* mem) {
