@@ -17,7 +17,9 @@ struct FormKey {
     QString objectName;
     QString property;
 
-    bool operator==(const FormKey&) const = default;
+    bool operator==(const FormKey& other) const {
+        return className == other.className && objectName == other.objectName && property == other.property;
+    }
 };
 
 Q_DECL_EXPORT uint qHash(const FormKey& key, uint seed = 0);
