@@ -1,4 +1,4 @@
-// All drawn widgets in all their states on one sheet, to be looked at: drawnsheet FILE.png [RATIO]
+// All drawn widgets in all their states on one sheet, to be looked at: drawnsheet FILE.png [RATIO [EYE]]
 #include <ostrel-display/qled.h>
 #include <ostrel-display/qtsvgdialgauge.h>
 #include <ostrel-display/slider.h>
@@ -10,6 +10,7 @@
 #include <QMetaEnum>
 #include <cstdio>
 
+#include "drawn/contrast.h"
 #include "picture.h"
 
 namespace {
@@ -202,7 +203,9 @@ QWidget* board(const QPalette& palette) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: drawnsheet FILE.png [RATIO]\n");
+        std::fprintf(stderr,
+                     "usage: drawnsheet FILE.png [RATIO [EYE]]\n"
+                     "EYE grey sees no hues, EYE deuteranopia does not tell red from green.\n");
         return 2;
     }
     QWidget sheet;
@@ -218,6 +221,11 @@ int main(int argc, char** argv) {
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::white);
     sheet.render(&picture);
+    const QByteArray eye = argc > 3 ? argv[3] : "";
+    if (eye == "grey")
+        picture = seenBy(picture, withoutHue);
+    else if (eye == "deuteranopia")
+        picture = seenBy(picture, withoutRedAndGreen);
     if (!picture.save(QString::fromLocal8Bit(argv[1]))) {
         std::fprintf(stderr, "drawnsheet: %s cannot be written\n", argv[1]);
         return 1;

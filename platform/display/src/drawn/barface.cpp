@@ -113,6 +113,7 @@ void BarFace::paintScale(QPainter& painter) const {
 
 void BarFace::paintTicks(QPainter& painter) const {
     const QFontMetricsF metrics(m_look.font);
+    const double start = m_look.isVertical ? m_track.top() : m_track.left();
     const double length = m_look.isVertical ? m_track.height() : m_track.width();
     const bool hasMinors = length / double(std::max<size_t>(m_ticks.size(), 1)) >= leastTickDistance;
     const double edge = (m_look.isVertical ? m_track.right() : m_track.bottom()) + 1.5;
@@ -121,7 +122,7 @@ void BarFace::paintTicks(QPainter& painter) const {
     for (const Tick& tick : m_ticks) {
         if (!tick.isMajor && !hasMinors)
             continue;
-        const double along = std::floor(pixelAt(tick.at)) + (tick.at < 1.0 ? 0.5 : m_look.isVertical ? 0.5 : -0.5);
+        const double along = std::clamp(std::floor(pixelAt(tick.at)) + 0.5, start + 0.5, start + length - 0.5);
         const double end = edge + (tick.isMajor ? m_tickLength : m_tickLength * 0.55);
         painter.setPen(QPen(textColour(), tick.isMajor ? 1.5 : 1.0, Qt::SolidLine, Qt::FlatCap));
         painter.drawLine(m_look.isVertical ? QLineF(edge, along, end, along) : QLineF(along, edge, along, end));

@@ -29,6 +29,8 @@ constexpr double numberHeight = 13.5;
 constexpr double labelHeight = 12.5;
 constexpr double plateHeight = 21.0;
 constexpr double plateWidth = 62.0;
+// Beside the number of a value beyond the scale.
+constexpr double arrowSize = plateHeight * 0.3;
 
 // A text below this height, in pixels, is a smear.
 constexpr int leastTextHeight = 7;
@@ -85,7 +87,8 @@ bool areSame(const DialArcs& one, const DialArcs& other) {
     return std::equal(one.begin(), one.end(), other.begin(), isSame);
 }
 
-DialFace::DialFace(DialLook look, const QSize& size) : m_look(std::move(look)), m_skin(skinFile(m_look.skin)) {
+DialFace::DialFace(DialLook look, const QSize& size)
+    : m_look(std::move(look)), m_skin(skinFile(m_look.skin)), m_plateMetrics(m_look.font) {
     const int side = std::min(size.width(), size.height());
     m_square = QRect((size.width() - side) / 2, (size.height() - side) / 2, side, side);
     m_centre = QRectF(m_square).center();
@@ -104,6 +107,7 @@ DialFace::DialFace(DialLook look, const QSize& size) : m_look(std::move(look)), 
         if (const QString text = numberText(end, decimals); text.size() > widest.size())
             widest = text;
     m_plateFont = fontOf(plateHeight * 0.78, widest, m_plate.width() * 0.9);
+    m_plateMetrics = QFontMetricsF(m_plateFont);
 }
 
 double DialFace::sweep() const {
@@ -194,7 +198,7 @@ QFont DialFace::fontOf(double height, const QString& text, double width) const {
 SkinColours DialFace::skinColours() const {
     const QColor& back = m_look.back;
     const QColor& border = m_look.border;
-    QColor needle = legible(QColor(0xd8, 0x40, 0x1f), back, 2.5);
+    QColor needle = legible(isDark(back) ? QColor(0xff, 0x6a, 0x3a) : QColor(0xd8, 0x40, 0x1f), back, 2.5);
     if (m_look.skin == QLatin1String("Speedometer2"))
         needle = m_look.text;
     if (!m_look.isEnabled)
@@ -288,7 +292,7 @@ void DialFace::paintLabel(QPainter& painter) const {
         painter.drawText(room, Qt::AlignCenter, QFontMetricsF(font).elidedText(line, Qt::ElideMiddle, room.width()));
         // The units stand between the outermost numbers.
         room.moveTop(room.bottom());
-        room = room.adjusted(13.0 * m_unit, 0.0, -13.0 * m_unit, 0.0);
+        room = room.adjusted(17.0 * m_unit, 0.0, -17.0 * m_unit, 0.0);
     }
 }
 
@@ -325,11 +329,41 @@ void DialFace::paintArcs(QPainter& painter, const DialArcs& arcs) const {
     }
 }
 
-void DialFace::paintNeedle(QPainter& painter, qreal ratio, double angle) const {
-    const SkinColours colours = skinColours();
+QPixmap DialFace::needle(qreal ratio) const {
+    // At twice the size, so that it stays sharp when it is turned.
     const int side = m_square.width();
-    // Rendered at twice the size, so that it stays sharp when it is turned.
-    const QPixmap needle = m_skin.pixmap(QStringLiteral("needle"), QSize(side / 5, side * 2), ratio, colours);
+    return m_skin.pixmap(QStringLiteral("needle"), QSize(side / 5, side * 2), ratio, skinColours());
+}
+
+QPixmap DialFace::cap(qreal ratio) const {
+    return m_skin.pixmap(QStringLiteral("cap"), capRect().size(), ratio, skinColours());
+}
+
+QPixmap DialFace::plate(qreal ratio, int side) const {
+    const QRect rect = plateRect();
+    QPixmap picture(rect.size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(m_look.isEnabled ? 1.0 : faint);
+    painter.translate(-rect.topLeft());
+    painter.setPen(QPen(mixed(m_look.back, m_look.text, 0.45), 1.0));
+    painter.setBrush(side != 0 ? m_look.text : mixed(m_look.back, m_look.text, 0.05));
+    painter.drawRoundedRect(m_plate, 3.0 * m_unit, 3.0 * m_unit);
+    if (side == 0)
+        return picture;
+    const double size = arrowSize * m_unit;
+    const QPointF middle(m_plate.left() + size * 1.3, m_plate.center().y());
+    const double up = side > 0 ? -size : size;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_look.back);
+    painter.drawPolygon(QVector<QPointF>{middle + QPointF(-size * 0.8, -up * 0.7),
+                                         middle + QPointF(size * 0.8, -up * 0.7), middle + QPointF(0.0, up * 0.8)});
+    return picture;
+}
+
+void DialFace::paintNeedle(QPainter& painter, const QPixmap& needle, double angle) const {
     painter.save();
     painter.translate(m_centre);
     painter.rotate(angle);
@@ -339,34 +373,19 @@ void DialFace::paintNeedle(QPainter& painter, qreal ratio, double angle) const {
     painter.restore();
 }
 
-void DialFace::paintCap(QPainter& painter, qreal ratio) const {
-    const QRect rect = capRect();
-    painter.drawPixmap(rect.topLeft(), m_skin.pixmap(QStringLiteral("cap"), rect.size(), ratio, skinColours()));
-}
-
-void DialFace::paintPlate(QPainter& painter, const QString& text, int side) const {
-    const bool isBeyond = side != 0;
-    const QColor ground = isBeyond ? m_look.text : mixed(m_look.back, m_look.text, 0.05);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(m_look.isEnabled ? 1.0 : faint);
-    painter.setPen(QPen(mixed(m_look.back, m_look.text, 0.45), 1.0));
-    painter.setBrush(ground);
-    painter.drawRoundedRect(m_plate, 3.0 * m_unit, 3.0 * m_unit);
-    painter.setPen(isBeyond ? m_look.back : m_look.text);
+void DialFace::paintReading(QPainter& painter, const QString& text, int side) const {
     QRectF room = m_plate;
-    if (isBeyond) {
-        const double size = plateHeight * 0.3 * m_unit;
-        const QPointF middle(m_plate.left() + size * 1.3, m_plate.center().y());
-        const double up = side > 0 ? -size : size;
-        painter.setBrush(m_look.back);
-        painter.drawPolygon(QVector<QPointF>{middle + QPointF(-size * 0.8, -up * 0.7),
-                                             middle + QPointF(size * 0.8, -up * 0.7), middle + QPointF(0.0, up * 0.8)});
-        room.setLeft(middle.x() + size);
+    if (side != 0)
+        room.setLeft(m_plate.left() + arrowSize * m_unit * 2.3);
+    double width = m_plateMetrics.horizontalAdvance(text);
+    QFont font = m_plateFont;
+    if (width > room.width() - 2.0) {
+        font = fontOf(plateHeight * 0.78, text, room.width() - 2.0);
+        width = QFontMetricsF(font).horizontalAdvance(text);
     }
-    painter.setFont(m_plateFont);
-    if (QFontMetricsF(m_plateFont).horizontalAdvance(text) > room.width() - 2.0)
-        painter.setFont(fontOf(plateHeight * 0.78, text, room.width() - 2.0));
-    painter.drawText(room, Qt::AlignCenter, text);
-    painter.restore();
+    painter.setFont(font);
+    painter.setOpacity(m_look.isEnabled ? 1.0 : faint);
+    painter.setPen(side != 0 ? m_look.back : m_look.text);
+    const double capitals = QFontMetricsF(font).capHeight();
+    painter.drawText(QPointF(room.center().x() - width / 2.0, room.center().y() + capitals / 2.0), text);
 }

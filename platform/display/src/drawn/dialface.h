@@ -5,6 +5,7 @@
 #include <ostrel-display/qtsvgdialgauge.h>
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <array>
 #include <optional>
 
@@ -47,6 +48,7 @@ public:
     // How far its tip moves, in device-independent pixels.
     double tipWay(double fromAngle, double toAngle) const;
     QRect needleRect(double angle) const;
+    // Above the needle.
     QRect capRect() const;
     QRect plateRect() const;
     QString readingText(double value) const;
@@ -56,11 +58,14 @@ public:
     // The skin, the scale and the label, all that no value and no limit changes.
     void paintFace(QPainter& painter, qreal ratio) const;
     void paintArcs(QPainter& painter, const DialArcs& arcs) const;
-    void paintNeedle(QPainter& painter, qreal ratio, double angle) const;
-    // What the needle turns on; above it.
-    void paintCap(QPainter& painter, qreal ratio) const;
-    // The side as from sideOf().
-    void paintPlate(QPainter& painter, const QString& text, int side) const;
+
+    // The pieces that a new value moves, as pictures: the needle upright, the cap that it turns on, and the plate under
+    // the number for a side as from sideOf().
+    QPixmap needle(qreal ratio) const;
+    QPixmap cap(qreal ratio) const;
+    QPixmap plate(qreal ratio, int side) const;
+    void paintNeedle(QPainter& painter, const QPixmap& needle, double angle) const;
+    void paintReading(QPainter& painter, const QString& text, int side) const;
 
 private:
     QPointF pointAt(double angle, double radius) const;
@@ -85,6 +90,7 @@ private:
     QRectF m_plate;
     QRectF m_label;
     QFont m_plateFont;
+    QFontMetricsF m_plateMetrics;
 };
 
 #endif

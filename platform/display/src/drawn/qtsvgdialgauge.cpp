@@ -51,6 +51,10 @@ struct QtSvgDialGauge::Private {
     std::optional<DialFace> face;
     QPixmap facePicture;
     QPixmap ground;  // the face with the arcs
+    QPixmap needle;
+    QPixmap cap;
+    QPixmap plate;
+    int plateSide = 0;
     // What the screen shows, or will with the next paint event.
     std::optional<double> shownAngle;
     QString shownText;
@@ -117,13 +121,20 @@ void QtSvgDialGauge::Private::renderPictures(qreal ratio) {
         facePicture.fill(Qt::transparent);
         QPainter painter(&facePicture);
         currentFace().paintFace(painter, ratio);
+        needle = currentFace().needle(ratio);
+        cap = currentFace().cap(ratio);
+        plate = {};
         ground = {};
     }
-    if (!ground.isNull())
-        return;
-    ground = facePicture;
-    QPainter painter(&ground);
-    currentFace().paintArcs(painter, arcs);
+    if (ground.isNull()) {
+        ground = facePicture;
+        QPainter painter(&ground);
+        currentFace().paintArcs(painter, arcs);
+    }
+    if (plate.isNull() || plateSide != shownSide) {
+        plate = currentFace().plate(ratio, shownSide);
+        plateSide = shownSide;
+    }
 }
 
 template <class Value>
@@ -326,17 +337,19 @@ void QtSvgDialGauge::setLabel(QString label) {
 void QtSvgDialGauge::paintEvent(QPaintEvent* event) {
     const DialFace& face = d->currentFace();
     QPainter painter(this);
-    const qreal ratio = pixelRatio(painter);
-    d->renderPictures(ratio);
+    d->renderPictures(pixelRatio(painter));
     painter.drawPixmap(0, 0, d->ground);
     if (!d->look.isLive)
         return;
-    if (d->shownAngle && event->region().intersects(face.needleRect(*d->shownAngle)))
-        face.paintNeedle(painter, ratio, *d->shownAngle);
-    if (event->region().intersects(face.capRect()))
-        face.paintCap(painter, ratio);
-    if (event->region().intersects(face.plateRect()))
-        face.paintPlate(painter, d->shownText, d->shownSide);
+    const QRegion& region = event->region();
+    if (d->shownAngle && region.intersects(face.needleRect(*d->shownAngle)))
+        face.paintNeedle(painter, d->needle, *d->shownAngle);
+    if (region.intersects(face.capRect()))
+        painter.drawPixmap(face.capRect().topLeft(), d->cap);
+    if (region.intersects(face.plateRect())) {
+        painter.drawPixmap(face.plateRect().topLeft(), d->plate);
+        face.paintReading(painter, d->shownText, d->shownSide);
+    }
 }
 
 void QtSvgDialGauge::resizeEvent(QResizeEvent* event) {
