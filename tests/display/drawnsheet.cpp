@@ -177,7 +177,7 @@ QWidget* largeBoard() {
     QtSvgDialGauge* large = dial(QStringLiteral("Speedometer3"), QStringLiteral("SPEED[RPM]"), 0, 8000, 3120);
     setLimits(large, {1000, 700, 400, 6500, 7000, 7500});
     large->setTicks(9);
-    large->setFixedSize(560, 560);
+    large->setFixedSize(420, 420);
     row->addWidget(large);
     row->addWidget(sliderBoard());
     return board;
@@ -226,7 +226,8 @@ int main(int argc, char** argv) {
         picture = seenBy(picture, withoutHue);
     else if (eye == "deuteranopia")
         picture = seenBy(picture, withoutRedAndGreen);
-    if (!picture.save(QString::fromLocal8Bit(argv[1]))) {
+    // As small as the format can make it.
+    if (!picture.save(QString::fromLocal8Bit(argv[1]), "PNG", 0)) {
         std::fprintf(stderr, "drawnsheet: %s cannot be written\n", argv[1]);
         return 1;
     }

@@ -75,7 +75,7 @@ QAccessibleInterface* accessibleLed(const QString& className, QObject* object) {
 
 }  // namespace
 
-struct QLed::Private {
+struct Q_DECL_HIDDEN QLed::Private {
     bool value = false;
     ledColor onColor = Green;
     ledColor offColor = Red;

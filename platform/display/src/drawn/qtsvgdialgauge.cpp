@@ -25,7 +25,7 @@ bool isSameValue(double one, double other) {
 
 }  // namespace
 
-struct QtSvgDialGauge::Private {
+struct Q_DECL_HIDDEN QtSvgDialGauge::Private {
     explicit Private(QtSvgDialGauge* dial) : q(dial) {}
 
     // The face as the properties, the palette, the font and the size ask for it.

@@ -17,7 +17,7 @@ constexpr double visibleMove = 0.5;
 
 }  // namespace
 
-struct Slider::Private {
+struct Q_DECL_HIDDEN Slider::Private {
     explicit Private(Slider* slider) : q(slider) {}
 
     const BarFace& currentFace();

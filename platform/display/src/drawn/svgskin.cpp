@@ -92,9 +92,10 @@ QPixmap SvgSkin::render(const QString& element, const QSize& pixels, const SkinC
 QByteArray SvgSkin::text(const SkinColours& colours) const {
     if (m_text.isEmpty()) {
         QFile file(m_file);
-        if (!file.open(QIODevice::ReadOnly))
+        if (file.open(QIODevice::ReadOnly))
+            m_text = file.readAll();
+        else
             qDebug() << "Skin" << m_file << "cannot be read:" << file.errorString();
-        m_text = file.readAll();
     }
     QByteArray replaced = m_text;
     constexpr int length = 7;
