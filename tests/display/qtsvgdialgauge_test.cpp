@@ -672,6 +672,18 @@ void QtSvgDialGaugeTest::theLabelStandsOnTheFace() {
     QVERIFY(pictureOf(dial) != named);
     dial.setLabel(QString());
     QCOMPARE(pictureOf(dial), none);
+    // Units are not shortened to nothing, on a scale without a gap either.
+    for (const double start : {-135.0, 135.0 - 360.0}) {
+        dial.setStartAngle(start);
+        dial.setLabel(QStringLiteral("SPEED[DEG_C]"));
+        const QImage celsius = pictureOf(dial);
+        dial.setLabel(QStringLiteral("SPEED[DEG_F]"));
+        QVERIFY(pictureOf(dial) != celsius);
+        dial.setLabel(QStringLiteral("SPEED[DEGREE]"));
+        const QImage degree = pictureOf(dial);
+        dial.setLabel(QStringLiteral("SPEED[DETREE]"));
+        QVERIFY(pictureOf(dial) != degree);
+    }
 }
 
 void QtSvgDialGaugeTest::coloursFollowThePaletteUntilTheyAreSet() {

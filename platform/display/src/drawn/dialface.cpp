@@ -27,6 +27,7 @@ constexpr double pinnedBeyond = 5.0;
 
 constexpr double numberHeight = 13.5;
 constexpr double labelHeight = 12.5;
+constexpr double unitsWidth = 40.0;
 constexpr double plateHeight = 21.0;
 constexpr double plateWidth = 62.0;
 // Beside the number of a value beyond the scale.
@@ -292,7 +293,8 @@ void DialFace::paintLabel(QPainter& painter) const {
         painter.drawText(room, Qt::AlignCenter, QFontMetricsF(font).elidedText(line, Qt::ElideMiddle, room.width()));
         // The units stand between the outermost numbers.
         room.moveTop(room.bottom());
-        room = room.adjusted(17.0 * m_unit, 0.0, -17.0 * m_unit, 0.0);
+        const double inwards = (room.width() - unitsWidth * m_unit) / 2.0;
+        room = room.adjusted(inwards, 0.0, -inwards, 0.0);
     }
 }
 
