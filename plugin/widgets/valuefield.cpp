@@ -9,6 +9,15 @@ namespace {
 constexpr int frameWidth = 1;
 constexpr int textMargin = 4;
 
+// Four filled strips: a rectangle of lines takes many times as long.
+void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour) {
+    const QRect inside = rect.adjusted(frameWidth, frameWidth, -frameWidth, -frameWidth);
+    painter.fillRect(rect.left(), rect.top(), rect.width(), frameWidth, colour);
+    painter.fillRect(rect.left(), inside.bottom() + 1, rect.width(), frameWidth, colour);
+    painter.fillRect(rect.left(), inside.top(), frameWidth, inside.height(), colour);
+    painter.fillRect(inside.right() + 1, inside.top(), frameWidth, inside.height(), colour);
+}
+
 }  // namespace
 
 ValueField::ValueField(QWidget* parent) : QLineEdit(parent) {
@@ -33,8 +42,7 @@ void ValueField::paintEvent(QPaintEvent* event) {
     // Digits read from left to right, also where the form lays the field out the other way.
     painter.setLayoutDirection(Qt::LeftToRight);
     painter.fillRect(event->rect(), palette().brush(QPalette::Base));
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -frameWidth, -frameWidth));
+    drawFrame(painter, rect(), palette().color(QPalette::Mid));
 
     painter.setFont(m_paintFont);
     painter.setPen(palette().color(QPalette::Text));
