@@ -12,6 +12,9 @@ public:
     // one role. A disabled label is black and not grey: a read-out stays legible.
     void drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& pal, bool enabled,
                       const QString& text, QPalette::ColorRole textRole = QPalette::NoRole) const override;
+
+protected:
+    static QColor textColour(const QPalette& pal, bool enabled);
 };
 
 #endif

@@ -46,6 +46,7 @@ void SimpleValueBase::startAs(const QString& name) {
 
 void SimpleValueBase::useParts(const ReadoutParts& parts) {
     m_parts = &parts;
+    parts.name->setTextKind(LegibleText::Kind::Name);
     m_mark = std::make_unique<NotFoundMark>(parts.iconLabel, QVector<QWidget*>{parts.frame});
 }
 
@@ -314,6 +315,7 @@ void SimpleValueBase::showValue(const QString& text) {
 
 void SimpleValueBase::setColor(const QColor& color) {
     _color = color;
+    m_parts->value->setStatusColour(statusColour(*this, color, flashOn));
     if (m_parts->value->palette().text().color() == color)
         return;
     QPalette coloured = m_parts->value->palette();

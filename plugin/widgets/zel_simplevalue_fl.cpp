@@ -131,6 +131,8 @@ void ZelSimpleValue_fl::setColor(const QColor& color) {
     QPalette palette = ui->value->palette();
     const QColor shown = color.isValid() ? color : palette.text().color();
     _color = shown;
+    // An invalid colour is left to the sheet below.
+    ui->value->setStatusColour(statusColour(*this, color, flashOn));
     // Asked on every sample, and a style sheet costs more than all the rest of it.
     if (showsColor(color, shown))
         return;

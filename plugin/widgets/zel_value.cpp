@@ -26,9 +26,10 @@ ZelValue::ZelValue(QWidget* parent) : OstrelBase(parent), ui(std::make_unique<Ui
     _height = ui->frame->height();
     _width = ui->frame->width();
     className.append(QStringLiteral("ZelValue"));
+    ui->units_label->setTextKind(LegibleText::Kind::Words);
     QPalette blackText = ui->value->palette();
     blackText.setBrush(QPalette::Text, QBrush(Qt::black));
-    ui->value->setPalette(blackText);
+    ui->value->setToldPalette(blackText);
     flashOn = false;
     _varType = static_cast<QT_OSTREL_FLAGS>(QT_OSTREL_ANY & ~QT_OSTREL_STRING);
     if (!RemoteDisplay)
@@ -141,16 +142,23 @@ void ZelValue::sample() {
 
 void ZelValue::setColor(const QColor& color) {
     const QColor wanted = color.isValid() ? color : ui->value->palette().color(QPalette::Text);
+    StatusColour status = statusColour(*this, wanted, flashOn);
+    if (status.isHiding)
+        status.colour = readableOnField(wanted);
+    ui->value->setStatusColour(status);
     if (wanted == _color)
         return;
     QPalette palette = ui->value->palette();
-    QColor readable = wanted;
-    if (wanted == palette.color(QPalette::Base))
-        readable = wanted == Qt::black ? Qt::white : Qt::black;
-    palette.setColor(QPalette::Text, readable);
+    palette.setColor(QPalette::Text, readableOnField(wanted));
     _color = wanted;
-    ui->value->setPalette(palette);
+    ui->value->setToldPalette(palette);
     remember("color", wanted);
+}
+
+QColor ZelValue::readableOnField(const QColor& color) const {
+    if (color != ui->value->palette().color(QPalette::Base))
+        return color;
+    return color == Qt::black ? Qt::white : Qt::black;
 }
 
 void ZelValue::setBColor(QColor color) {

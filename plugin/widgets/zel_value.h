@@ -62,6 +62,7 @@ Q_SIGNALS:
 private:
     VariableAcceptance isValidVarType(const QString& name) const;
     VAR_FIND_STATUS rebind(VAR_FIND_STATUS status);
+    QColor readableOnField(const QColor& color) const;
     void showNothing();
     void showNameAndUnits(const RecordView& view);
 
