@@ -48,9 +48,12 @@ QString firstItemText(const QMimeData* data) {
 // What the operator chose, or the former name where that is no variable.
 QString chosenName(QWidget* widget, const VariableSelectionDialog& dialog, const QString& former) {
     if (dialog.indexOfSelectedVarName() == -1) {
-        QMessageBox::warning(
-            widget, OstrelBase::tr("Invalid Variable"),
-            OstrelBase::tr("An invalid variable name was entered.\n\nThe previous variable name will be used."));
+        QMessageBox refusal(
+            QMessageBox::Warning, OstrelBase::tr("Invalid Variable"),
+            OstrelBase::tr("An invalid variable name was entered.\n\nThe previous variable name will be used."),
+            QMessageBox::Ok, widget);
+        refusal.setInformativeText(OstrelBase::tr("Not in the list: \"%1\"").arg(dialog.text()));
+        refusal.exec();
         return former;
     }
     const QString name = dialog.text() + dialog.subText();

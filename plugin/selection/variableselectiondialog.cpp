@@ -118,6 +118,10 @@ void VariableSelectionDialog::connectSlots() {
     connect(this, &VariableSelectionDialog::mapParent, this, &VariableSelectionDialog::mapDialog);
     connect(ui->groupComboBox, SIGNAL(currentIndexChanged(QString)), this, SLOT(groupIndexChanged(QString)));
     connect(ui->variableComboBox, &QComboBox::editTextChanged, this, &VariableSelectionDialog::variableEditTextChanged);
+    // The Return key would put a name that is not in the list into it, at its place in the alphabet, and then take the
+    // name that it finds there: another variable than was typed.
+    for (const QComboBox* box : {ui->variableComboBox, ui->subComboBox})
+        disconnect(box->lineEdit(), SIGNAL(returnPressed()), box, nullptr);
 }
 
 QString VariableSelectionDialog::text() const {

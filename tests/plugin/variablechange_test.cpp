@@ -14,6 +14,7 @@ namespace {
 struct Message {
     QString title;
     QString text;
+    QString details;
     QMessageBox::StandardButtons buttons;
 };
 
@@ -21,7 +22,7 @@ Operator::Step readMessage(Message* message) {
     return [message](QWidget* dialog) {
         auto* box = qobject_cast<QMessageBox*>(dialog);
         QVERIFY(box);
-        *message = {box->windowTitle(), box->text(), box->standardButtons()};
+        *message = {box->windowTitle(), box->text(), box->informativeText(), box->standardButtons()};
         QTest::keyClick(box, Qt::Key_Return);
     };
 }
@@ -36,6 +37,18 @@ Operator::Step typeVariable(const QString& name, const QString& member = QString
         if (!member.isEmpty())
             retype(dialog->findChild<QComboBox*>("subComboBox")->lineEdit(), member);
         press(dialog, "OkButton");
+    };
+}
+
+// Until the dialog is gone: the first Return key may only close the list of completions.
+Operator::Step typeAndReturn(const QString& name) {
+    return [=](QWidget* dialog) {
+        auto* box = dialog->findChild<QComboBox*>("variableComboBox");
+        retype(box->lineEdit(), name);
+        for (int i = 0; dialog->isVisible() && i < 3; ++i) {
+            QWidget* popup = QApplication::activePopupWidget();
+            QTest::keyClick(popup ? popup : box->lineEdit(), Qt::Key_Return);
+        }
     };
 }
 
@@ -90,6 +103,9 @@ private Q_SLOTS:
     void theDialogGetsTheWidgetsNameAndFilter();
     void aRejectionChangesNothing();
     void aNameThatTheListLacksIsRefusedWithAMessage();
+    void theReturnKeyTakesWhatWasTyped();
+    void theReturnKeyTakesNoNeighbour_data();
+    void theReturnKeyTakesNoNeighbour();
     void aNameThatTheStoreLacksBindsTheFormerOne();
     void aLockedWidgetSaysThatItsVariableIsLocked_data();
     void aLockedWidgetSaysThatItsVariableIsLocked();
@@ -166,6 +182,35 @@ void VariableChangeTest::aNameThatTheListLacksIsRefusedWithAMessage() {
     QCOMPARE(message.title, QString("Invalid Variable"));
     QCOMPARE(message.text,
              QString("An invalid variable name was entered.\n\nThe previous variable name will be used."));
+    QCOMPARE(widget->names, QStringList({"SPEED"}));
+}
+
+void VariableChangeTest::theReturnKeyTakesWhatWasTyped() {
+    const auto widget = boundProbe();
+    const Operator worker({typeAndReturn("MAP")});
+    trigger(*widget, "Change Variable");
+    QVERIFY(worker.isDone());
+    QCOMPARE(widget->names, QStringList({"MAP"}));
+}
+
+void VariableChangeTest::theReturnKeyTakesNoNeighbour_data() {
+    QTest::addColumn<QString>("typed");
+    // Before the first, between two, behind the last, and the beginning of one.
+    for (const char* typed : {"AAA", "MAQ", "NO_SUCH", "ZZZ", "SPEE", "map"})
+        QTest::newRow(typed) << typed;
+}
+
+// It was seen to put the name into the list and to take the one behind it.
+void VariableChangeTest::theReturnKeyTakesNoNeighbour() {
+    QFETCH(QString, typed);
+    const auto widget = boundProbe();
+    Message message;
+    const Operator worker({typeAndReturn(typed), readMessage(&message)});
+    trigger(*widget, "Change Variable");
+    QVERIFY(worker.isDone());
+    QCOMPARE(message.title, QString("Invalid Variable"));
+    QVERIFY(message.details.contains('"' + typed + '"'));
+    QCOMPARE(widget->getName(), QString("SPEED"));
     QCOMPARE(widget->names, QStringList({"SPEED"}));
 }
 
