@@ -245,6 +245,7 @@ protected:
     QString _real_name;
 
 private:
+    int m_lastInteger = 0;                 // of the last sample, in the variable's own units
     const void* m_viewedRecord = nullptr;  // of the last viewRecord(); to compare, never to follow
     SHARED_MEMORY m_viewedPart{};          // the same
     QString m_unitsOfForm;                 // in a designer, to be given back by the next viewRecord()
@@ -260,6 +261,7 @@ private:
     QString* sampleReal(short statusWord, double value, char (&format)[8], char (&units)[16], bool hideUnits);
     template <class Member>
     QString* sampleMember(short statusWord, Member& member, Refresh refresh);
+    bool rests(int value) const;
     QString* sampleInteger();
     QString* sampleIntegerElement();
     QString* sampleLogical();

@@ -159,10 +159,15 @@ QString* OstrelBase::sampleMember(short statusWord, Member& member, Refresh refr
     return &svalue;
 }
 
+// The number on the screen may be that of other units, so it alone does not tell.
+bool OstrelBase::rests(int value) const {
+    return value == _ilastValue && value == m_lastInteger && !updateFirst_;
+}
+
 QString* OstrelBase::sampleInteger() {
     limitColorCode = iptr->status;
     const int value = iptr->value;
-    if (value == _ilastValue && !updateFirst_)
+    if (rests(value))
         return nullptr;
     int shown = value;
     if (_units[0] != '\0' && !converted(units_get_int_keyword(&shown, iptr, _units)))
@@ -170,6 +175,7 @@ QString* OstrelBase::sampleInteger() {
     updateFirst_ = false;
     svalue = valueText(iptr->display_format, shown, _name);
     _ilastValue = shown;
+    m_lastInteger = value;
     return &svalue;
 }
 
@@ -181,7 +187,7 @@ QString* OstrelBase::sampleIntegerElement() {
         return nullptr;
     limitColorCode = iamptr->status;
     const int value = iamptr->value;
-    if (value == _ilastValue && !updateFirst_)
+    if (rests(value))
         return nullptr;
     int shown = value;
     UnitKeyword own(iamptr->units);
@@ -190,6 +196,7 @@ QString* OstrelBase::sampleIntegerElement() {
     updateFirst_ = false;
     svalue = valueText(iaptr->display_format, shown, _name);
     _ilastValue = shown;
+    m_lastInteger = value;
     return &svalue;
 }
 

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void aRealThatDoesNotConvertKeepsTheOldText();
     void anIntegerIsShownWhenItChanges();
     void aConvertedIntegerIsComparedRaw();
+    void anIntegerThatBecomesTheNumberOnTheScreenIsNoticed_data();
+    void anIntegerThatBecomesTheNumberOnTheScreenIsNoticed();
     void anIntegerThatDoesNotConvertFailsEachTime();
     void aLogicalIsShownOnEverySample();
     void statisticsAreShownWhenTheyChange();
@@ -131,6 +133,39 @@ void SamplingTest::aConvertedIntegerIsComparedRaw() {
     QCOMPARE(widget._ilastValue, 2000);
     QCOMPARE(widget.text(), QString("2000"));
     QCOMPARE(platform().calls({"units_get_int_keyword"}).size(), 2);
+}
+
+void SamplingTest::anIntegerThatBecomesTheNumberOnTheScreenIsNoticed_data() {
+    QTest::addColumn<bool>("isElement");
+    QTest::newRow("integer") << false;
+    QTest::newRow("element") << true;
+}
+
+// 10 cm are 100 mm, and 100 cm are another length.
+void SamplingTest::anIntegerThatBecomesTheNumberOnTheScreenIsNoticed() {
+    QFETCH(bool, isElement);
+    platform().converts("CM", "MM", 10);
+    auto length = platform().integer("LENGTH").units("CM").format("%d");
+    auto lengths = platform().integerArray("LENGTHS");
+    lengths.format("%d");
+    scripted::put(lengths[1].units, "CM");
+    const auto set = [&](int value) {
+        length->value = value;
+        lengths[1].value = value;
+    };
+    set(10);
+    Probe widget;
+    widget.setName(isElement ? "LENGTHS:1" : "LENGTH");
+    widget.useUnits("MM");
+    QCOMPARE(widget.text(), QString("100"));
+    set(100);
+    QCOMPARE(widget.text(), QString("1000"));
+    set(1000);
+    QCOMPARE(widget.text(), QString("10000"));
+    // Zero is zero in both, and rests.
+    set(0);
+    QCOMPARE(widget.text(), QString("0"));
+    QCOMPARE(widget.text(), QString("(nothing new)"));
 }
 
 void SamplingTest::anIntegerThatDoesNotConvertFailsEachTime() {
