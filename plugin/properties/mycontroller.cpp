@@ -1,5 +1,7 @@
 #include "properties/mycontroller.h"
 
+#include <qttreepropertybrowser.h>
+
 #include <QDialogButtonBox>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -26,6 +28,7 @@ MyController::MyController(QWidget* parent, QString classToView, bool userInterf
     buttons->setStandardButtons(QDialogButtonBox::Close);
     layOut(buttons);
     theController->setObject(parent, classToView, userInterfaceLock);
+    unfold();
 }
 
 MyController::MyController(QWidget* parent) : QDialog(parent, Qt::Drawer) {
@@ -37,6 +40,7 @@ MyController::MyController(QWidget* parent) : QDialog(parent, Qt::Drawer) {
     buttons->setStandardButtons(QDialogButtonBox::Close);
     layOut(buttons);
     theController->setObject(parent, QStringLiteral("ALL"), false);
+    unfold();
 }
 
 MyController::~MyController() = default;
@@ -58,6 +62,15 @@ void MyController::layOut(QWidget* buttons) {
     layout->addWidget(theController);
     layout->addWidget(buttons);
     setWindowTitle(tr("Edit Properties:"));
+}
+
+// The controller has the groups as they were left for another object, and folded without one. The tree has nothing to
+// unfold them by.
+void MyController::unfold() {
+    auto* tree = theController->findChild<QtTreePropertyBrowser*>();
+    const QList<QtBrowserItem*> groups = tree->topLevelItems();
+    for (QtBrowserItem* group : groups)
+        tree->setExpanded(group, true);
 }
 
 void MyController::accepted() {}

@@ -34,6 +34,7 @@ protected:
 
 private:
     void layOut(QWidget* buttons);
+    void unfold();
 
     QComboBox* theClassCombo = nullptr;
     ObjectController* theController = nullptr;

@@ -93,10 +93,10 @@ bool FormEditingTest::changeVariable(const QString& name, const QString& typed, 
 
 bool FormEditingTest::changeNameFont(const QString& name, const QString& size) {
     return chooseFromMenu(name, "Edit Properties") && m_screen->shows("window:Edit Properties:") &&
-           m_screen->click("cell:ZelValue:0", 1, 2) && m_screen->activate("cell:nameFont:0", "Edit Properties:") &&
-           m_screen->key("Right") && m_screen->click("cell:Point Size:1") && m_screen->key("ctrl+a") &&
-           m_screen->type(size) && m_screen->key("Return") && m_screen->says("cell:Point Size:1", size) &&
-           m_screen->click("button:Close") && m_screen->hides("window:Edit Properties:");
+           m_screen->activate("cell:nameFont:0", "Edit Properties:") && m_screen->key("Right") &&
+           m_screen->click("cell:Point Size:1") && m_screen->key("ctrl+a") && m_screen->type(size) &&
+           m_screen->key("Return") && m_screen->says("cell:Point Size:1", size) && m_screen->click("button:Close") &&
+           m_screen->hides("window:Edit Properties:");
 }
 
 bool FormEditingTest::save() {

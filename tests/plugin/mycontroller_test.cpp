@@ -81,11 +81,10 @@ public:
         viewPropertiesAction->trigger();
         return Dialog(findChildren<MyController*>().last());
     }
-    // An open dialog with its group unfolded, and nothing cached so far.
+    // An open dialog that has the keys, and nothing cached so far.
     Dialog editing() {
         const Dialog dialog = editProperties();
-        if (dialog.isReady())
-            dialog.unfold("ZelValue");
+        dialog.isReady();
         platform().forgetCalls();
         return dialog;
     }
@@ -105,6 +104,7 @@ private Q_SLOTS:
 
     void theMenuOpensADialogOnTheWidgetsOwnClass();
     void theDialogLooksPlain();
+    void thePropertiesAreSeenAtOnce();
     void theHostsOwnFormShowsAllClasses();
     void aSecondDialogOpensBesideTheFirst();
     void dialogsSeeEachOthersEditsWithTheirNextOwn();
@@ -156,6 +156,16 @@ void MyControllerTest::theDialogLooksPlain() {
     QCOMPARE(dialog->layout()->indexOf(buttons), 1);
 }
 
+void MyControllerTest::thePropertiesAreSeenAtOnce() {
+    Display display;
+    const Dialog dialog = display.editProperties();
+    QVERIFY(dialog.isReady());
+    QVERIFY(dialog.row("ZelValue")->isExpanded());
+    QVERIFY(!dialog.tree()->visualItemRect(dialog.row("toolTip")).isEmpty());
+    // The parts of a property are not.
+    QVERIFY(!dialog.row("nameFont")->isExpanded());
+}
+
 void MyControllerTest::theHostsOwnFormShowsAllClasses() {
     Display display;
     MyController controller(&display);
@@ -164,6 +174,8 @@ void MyControllerTest::theHostsOwnFormShowsAllClasses() {
     for (int i = 0; i < dialog.tree()->topLevelItemCount(); ++i)
         classes.append(dialog.tree()->topLevelItem(i)->text(0));
     QCOMPARE(classes, QStringList({"QObject", "QWidget", "OstrelBase", "ZelValue"}));
+    for (const QString& name : classes)
+        QVERIFY(dialog.row(name)->isExpanded());
     QCOMPARE(dialog->styleSheet(), QString());
     QCOMPARE(dialog->minimumWidth(), 0);
 }
@@ -409,7 +421,6 @@ void MyControllerTest::keysAloneAreEnough() {
     const Dialog dialog = display.editProperties();
     QVERIFY(dialog.isReady());
     platform().forgetCalls();
-    dialog.press(Qt::Key_Right);
     for (int i = 0; i < valueProperties.indexOf("sampleRate") + 1; ++i)
         dialog.press(Qt::Key_Down);
     dialog.press(Qt::Key_Return);
