@@ -101,7 +101,8 @@ public:
     void setLockVariable(bool lock);
     // The label of the record that a handle leads to; "unsupported" for a kind without one.
     QString getNameFromShmem(SHARED_MEMORY* mem) const;
-    // Forgets the record, but for rptr and ramptr: a write in display units goes on using the former.
+    // Forgets the record, but for rptr and ramptr: a write in display units goes on using the former. Where a record
+    // comes back, even at its former place, the widget binds anew.
     void clearOstrelPtrs();
     void clearMem();
     // True when the store moved the record under the widget.
@@ -159,6 +160,10 @@ protected:
     // Hand a property to the form writer, as the operator's change once the widget has finished its first loading.
     void remember(const char* property, const QVariant& value);
     void rememberFont(const char* property, const QFont& font);
+    // Lets the operator choose another variable of the accepted kinds, whatever is locked.
+    void chooseVariable();
+    // The event filter of a widget whose part `field` writes at a double click. The field never sees that click.
+    bool filterField(const QObject* field, QObject* obj, QEvent* event);
     // At a change of the palette takes the parent's text colour as the widget's own, for the next sample.
     void takeParentColor(const QEvent* event);
 

@@ -238,6 +238,7 @@ QString OstrelBase::getNameFromShmem(SHARED_MEMORY* mem) const {
 
 void OstrelBase::clearOstrelPtrs() {
     _ptr = nullptr;
+    m_viewedRecord = nullptr;
     sptr = nullptr;
     eptr = nullptr;
     cptr = nullptr;

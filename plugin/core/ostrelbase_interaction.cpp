@@ -95,6 +95,10 @@ void OstrelBase::changeVariable() {
                              QMessageBox::Ok);
         return;
     }
+    chooseVariable();
+}
+
+void OstrelBase::chooseVariable() {
     const QString origName = _name;
     const QPointer<VariableSelectionDialog> dialog = new VariableSelectionDialog(this, _varType, _name);
     changeVar = dialog;
@@ -221,4 +225,13 @@ void OstrelBase::dropEvent(QDropEvent* event) {
 void OstrelBase::mouseDoubleClickEvent(QMouseEvent* event) {
     if ((event->buttons() & Qt::LeftButton) && allowsWriteAcess())
         handleWriteValue(nullptr);
+}
+
+bool OstrelBase::filterField(const QObject* field, QObject* obj, QEvent* event) {
+    if (obj != field)
+        return QObject::eventFilter(obj, event);
+    if (event->type() != QEvent::MouseButtonDblClick)
+        return false;
+    handleWriteValue(nullptr);
+    return true;
 }

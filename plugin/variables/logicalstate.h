@@ -11,13 +11,10 @@ QString stateText(const Record& record, bool on) {
     return on ? recordText(record.true_state) : recordText(record.false_state);
 }
 
-// Puts the text of the state into `text`; false where it stands there already, and then no string is made.
+// Takes the text of the state; false where `text` is that already. A null text is none.
 template <class Record>
 bool takeStateText(const Record& record, bool on, QString* text) {
-    if (on ? isRecordText(*text, record.true_state) : isRecordText(*text, record.false_state))
-        return false;
-    *text = stateText(record, on);
-    return true;
+    return on ? takeRecordText(record.true_state, text) : takeRecordText(record.false_state, text);
 }
 
 #endif

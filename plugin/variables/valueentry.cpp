@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDebug>
 #include <QInputDialog>
+#include <QMessageBox>
 #include <QRegularExpression>
 
 #include "variables/recordtext.h"
@@ -82,4 +83,10 @@ void enterString(QWidget* parent, const QString& name, STRING_VARIABLE*& record)
                               QLineEdit::Normal, recordText(record->value), &ok);
     if (ok && record && name == asked)
         set_string_variable(record, text.toLatin1().data());
+}
+
+void tellNoVariable(QWidget* parent) {
+    QMessageBox::information(parent, QCoreApplication::translate("ValueEntry", "Error"),
+                             QCoreApplication::translate("ValueEntry", "Please select a variable first."),
+                             QMessageBox::Ok);
 }

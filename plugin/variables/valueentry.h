@@ -29,4 +29,7 @@ void enterInteger(QWidget* parent, const QString& name, char* displayUnits, INTE
 // The same for a text, which has no units.
 void enterString(QWidget* parent, const QString& name, STRING_VARIABLE*& record);
 
+// Says that there is no variable to write to, and waits for the operator.
+void tellNoVariable(QWidget* parent);
+
 #endif

@@ -348,19 +348,14 @@ void SimpleValueBase::resizeEvent(QResizeEvent* event) {
 // ---- Writing ----
 
 bool SimpleValueBase::eventFilter(QObject* obj, QEvent* event) {
-    if (obj != m_parts->value)
-        return QObject::eventFilter(obj, event);
-    if (event->type() != QEvent::MouseButtonDblClick)
-        return false;
-    handleWriteValue(nullptr);
-    return true;
+    return filterField(m_parts->value, obj, event);
 }
 
 void SimpleValueBase::handleWriteValue(QObject*) {
     if (RemoteDisplay || _readOnlyString)
         return;
     if (!_ptr) {
-        QMessageBox::information(this, tr("Error"), tr("Please select a variable first."), QMessageBox::Ok);
+        tellNoVariable(this);
         return;
     }
     switch (_mem.vari_type) {

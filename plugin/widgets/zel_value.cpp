@@ -3,7 +3,6 @@
 #include <ostrel/store.h>
 
 #include <QApplication>
-#include <QMessageBox>
 
 #include "fabric/timermoderator.h"
 #include "ui_zel_value.h"
@@ -214,7 +213,7 @@ void ZelValue::handleWriteValue(QObject*) {
     if (RemoteDisplay)
         return;
     if (!_ptr) {
-        QMessageBox::information(this, tr("Error"), tr("Please select a variable first."));
+        tellNoVariable(this);
         return;
     }
     switch (_mem.vari_type) {
