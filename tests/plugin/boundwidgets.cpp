@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include "boundwidgetcontract.h"
+#include "widgets/zel_simplelogical.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
 #include "widgets/zel_value.h"
@@ -46,6 +47,16 @@ BoundWidget simpleValue(const char* name) {
     return entry;
 }
 
+BoundWidget simpleLogical() {
+    BoundWidget entry = boundWidget<ZelSimpleLogical>("ZelSimpleLogical");
+    entry.kinds = {LOGI_TYPE};
+    entry.face = [](const OstrelBase& widget) { return widget.findChild<QLabel*>("state")->text(); };
+    entry.flashes = false;
+    entry.refuses = false;
+    entry.leavesTheTimer = false;
+    return entry;
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -53,6 +64,7 @@ const QVector<BoundWidget>& boundWidgets() {
         value(),
         simpleValue<ZelSimpleValue>("ZelSimpleValue"),
         simpleValue<ZelSimpleValue_fl>("ZelSimpleValue_fl"),
+        simpleLogical(),
     };
     return widgets;
 }

@@ -1,10 +1,11 @@
-// What Qt Designer is told of the simple read-outs.
+// What Qt Designer is told of the widgets.
 #include <QIcon>
 #include <QTest>
 #include <QWidget>
 #include <memory>
 
 #include "qttests.h"
+#include "widgets/zelsimplelogicalplugin.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
@@ -38,7 +39,7 @@ using Plugin = std::shared_ptr<QDesignerCustomWidgetInterface>;
 
 Q_DECLARE_METATYPE(Plugin)
 
-class SimpleValuePluginsTest : public QObject {
+class WidgetPluginsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -46,48 +47,59 @@ private Q_SLOTS:
     void description();
 };
 
-void SimpleValuePluginsTest::description_data() {
+void WidgetPluginsTest::description_data() {
     QTest::addColumn<Plugin>("plugin");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("icon");
     QTest::addColumn<QString>("includeFile");
     QTest::addColumn<QString>("form");
+    QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("whatsThis");
     QTest::newRow("ZelSimpleValuePlugin") << Plugin(new ZelSimpleValuePlugin) << "ZelSimpleValue"
                                           << "zelsimplevalue"
-                                          << "zel_simplevalue.h" << compact("ZelSimpleValue");
-    QTest::newRow("ZelHorizontalValuePlugin") << Plugin(new ZelHorizontalValuePlugin) << "ZelSimpleValue"
-                                              << "zelsimplevalue"
-                                              << "zel_simplevalue.h" << inARow("ZelSimpleValue", "ZelSimpleValueH");
-    QTest::newRow("ZelSimpleValuePlugin_fl") << Plugin(new ZelSimpleValuePlugin_fl) << "ZelSimpleValue_fl"
-                                             << "zelsimplevalue"
-                                             << "zel_simplevalue_fl.h" << compact("ZelSimpleValue_fl");
+                                          << "zel_simplevalue.h" << compact("ZelSimpleValue") << QString() << QString();
+    QTest::newRow("ZelHorizontalValuePlugin")
+        << Plugin(new ZelHorizontalValuePlugin) << "ZelSimpleValue"
+        << "zelsimplevalue"
+        << "zel_simplevalue.h" << inARow("ZelSimpleValue", "ZelSimpleValueH") << QString() << QString();
+    QTest::newRow("ZelSimpleValuePlugin_fl")
+        << Plugin(new ZelSimpleValuePlugin_fl) << "ZelSimpleValue_fl"
+        << "zelsimplevalue"
+        << "zel_simplevalue_fl.h" << compact("ZelSimpleValue_fl") << QString() << QString();
     QTest::newRow("ZelHorizontalValuePlugin_fl")
         << Plugin(new ZelHorizontalValuePlugin_fl) << "ZelSimpleValue_fl"
         << "zelsimplevalue"
-        << "zel_simplevalue_fl.h" << inARow("ZelSimpleValue_fl", "ZelSimpleValueH_fl");
+        << "zel_simplevalue_fl.h" << inARow("ZelSimpleValue_fl", "ZelSimpleValueH_fl") << QString() << QString();
     QTest::newRow("ZelSimpleValueChanIndexPlugin")
         << Plugin(new ZelSimpleValueChanIndexPlugin) << "ZelSimpleValueChanIndex"
         << "zelchannelindex"
-        << "zel_simplevaluechanindex.h" << channel("ZelSimpleValueChanIndex");
+        << "zel_simplevaluechanindex.h" << channel("ZelSimpleValueChanIndex") << QString() << QString();
     QTest::newRow("ZelHorizontalChanIndexPlugin")
         << Plugin(new ZelHorizontalChanIndexPlugin) << "ZelSimpleValueChanIndex"
         << "zelchannelindex"
         << "zel_simplevaluechanindex.h"
-        << channel("ZelSimpleValueChanIndexH", "<property name=\"horizontal\">\n<bool>true</bool>\n</property>\n");
+        << channel("ZelSimpleValueChanIndexH", "<property name=\"horizontal\">\n<bool>true</bool>\n</property>\n")
+        << QString() << QString();
+    QTest::newRow("ZelSimpleLogicalPlugin")
+        << Plugin(new ZelSimpleLogicalPlugin) << "ZelSimpleLogical"
+        << "zelsimplelogical"
+        << "zel_simplelogical.h" << compact("ZelSimpleLogical") << QString() << QString();
 }
 
-void SimpleValuePluginsTest::description() {
+void WidgetPluginsTest::description() {
     QFETCH(Plugin, plugin);
     QFETCH(QString, name);
     QFETCH(QString, icon);
     QFETCH(QString, includeFile);
     QFETCH(QString, form);
+    QFETCH(QString, toolTip);
+    QFETCH(QString, whatsThis);
     QCOMPARE(plugin->name(), name);
     QCOMPARE(plugin->group(), QString("Ostrel"));
     QCOMPARE(plugin->includeFile(), includeFile);
     QCOMPARE(plugin->domXml(), form);
-    QCOMPARE(plugin->toolTip(), QString());
-    QCOMPARE(plugin->whatsThis(), QString());
+    QCOMPARE(plugin->toolTip(), toolTip);
+    QCOMPARE(plugin->whatsThis(), whatsThis);
     QVERIFY(!plugin->isContainer());
     QCOMPARE(plugin->icon().pixmap(16).toImage(),
              QIcon(QStringLiteral(":resources/%1.png").arg(icon)).pixmap(16).toImage());
@@ -99,5 +111,5 @@ void SimpleValuePluginsTest::description() {
     QCOMPARE(QString(widget->metaObject()->className()), name);
 }
 
-OSTREL_TEST(SimpleValuePluginsTest)
-#include "simplevalueplugins_test.moc"
+OSTREL_TEST(WidgetPluginsTest)
+#include "widgetplugins_test.moc"
