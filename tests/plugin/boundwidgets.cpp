@@ -7,6 +7,7 @@
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
 #include "widgets/zel_value.h"
+#include "widgets/zelstring.h"
 
 namespace {
 
@@ -24,6 +25,10 @@ QVector<SM_VARI_TYPE> allBut(const QVector<SM_VARI_TYPE>& left) {
 
 QVector<QWidget*> frameOf(OstrelBase& widget) {
     return {widget.findChild<QWidget*>("frame")};
+}
+
+QVector<QWidget*> itself(OstrelBase& widget) {
+    return {&widget};
 }
 
 QString labelText(const OstrelBase& widget) {
@@ -57,6 +62,14 @@ BoundWidget simpleLogical() {
     return entry;
 }
 
+BoundWidget string() {
+    BoundWidget entry = boundWidget<ZelString>("ZelString");
+    entry.kinds = {STRING_TYPE};
+    entry.face = [](const OstrelBase& widget) { return widget.findChild<QLineEdit*>("value")->text(); };
+    entry.tipOwners = itself;
+    return entry;
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -65,6 +78,7 @@ const QVector<BoundWidget>& boundWidgets() {
         simpleValue<ZelSimpleValue>("ZelSimpleValue"),
         simpleValue<ZelSimpleValue_fl>("ZelSimpleValue_fl"),
         simpleLogical(),
+        string(),
     };
     return widgets;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "qttests.h"
+#include "widgets/zel_stringplugin.h"
 #include "widgets/zelsimplelogicalplugin.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
@@ -84,6 +85,10 @@ void WidgetPluginsTest::description_data() {
         << Plugin(new ZelSimpleLogicalPlugin) << "ZelSimpleLogical"
         << "zelsimplelogical"
         << "zel_simplelogical.h" << compact("ZelSimpleLogical") << QString() << QString();
+    QTest::newRow("zel_stringPlugin") << Plugin(new zel_stringPlugin) << "ZelString"
+                                      << "zelstring"
+                                      << "zelstring.h" << compact("ZelString") << QString()
+                                      << QString("ZelString is used to display Ostrel String Variables");
 }
 
 void WidgetPluginsTest::description() {
