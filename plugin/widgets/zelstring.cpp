@@ -64,11 +64,17 @@ VAR_FIND_STATUS ZelString::rebind(VAR_FIND_STATUS status) {
 }
 
 void ZelString::showNothing() {
-    ui->value->setText(QStringLiteral("-"));
+    showText(QStringLiteral("-"));
     // The text that comes next is shown, also where it is the last one again.
     _slastValue.clear();
     clearMem();
     TimerModerator::releaseFromTimer(this, getSampleRate());
+}
+
+void ZelString::showText(const QString& text) {
+    ui->value->setText(text);
+    // Where the field is too short for the text, its beginning is seen.
+    ui->value->setCursorPosition(0);
 }
 
 void ZelString::sample(bool startup) {
@@ -78,7 +84,7 @@ void ZelString::sample(bool startup) {
         viewRecord();
         limitColorCode = strptr->status;
         if (takeRecordText(strptr->value, &_slastValue))
-            ui->value->setText(_slastValue.trimmed());
+            showText(_slastValue.trimmed());
     }
     checkStatus(startup);
 }

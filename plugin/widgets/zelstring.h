@@ -58,6 +58,7 @@ private:
     VariableAcceptance isValidVarType(const QString& name) const;
     VAR_FIND_STATUS rebind(VAR_FIND_STATUS status);
     void showNothing();
+    void showText(const QString& text);
 
     std::unique_ptr<Ui::ZelString> ui;
     std::unique_ptr<NotFoundMark> m_mark;

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void aTickShowsANewText();
     void blanksAreNotShownButKept();
     void aTextThatFillsItsFieldIsShownWhole();
+    void aLongTextIsSeenFromItsBeginning();
     void theStatusColoursTheText();
     void anUnknownVariableShowsADash();
     void afterADashTheSameTextIsShownAgain();
@@ -210,6 +211,14 @@ void ZelStringTest::aTextThatFillsItsFieldIsShownWhole() {
     Display widget;
     widget.setName("MODE");
     QCOMPARE(widget.shown(), QString(80, 'x'));
+}
+
+void ZelStringTest::aLongTextIsSeenFromItsBeginning() {
+    platform().string("MODE").text("a text that is much longer than its field is wide");
+    Display widget;
+    widget.resize(160, 40);
+    widget.setName("MODE");
+    QCOMPARE(widget.value()->cursorPosition(), 0);
 }
 
 void ZelStringTest::theStatusColoursTheText() {
