@@ -3,6 +3,7 @@
 #include "widgets/zel_stringplugin.h"
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
+#include "widgets/zelledplugin.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
@@ -11,6 +12,7 @@
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
+    m_widgets.append(new ZelLedPlugin(this));
     m_widgets.append(new zel_stringPlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));

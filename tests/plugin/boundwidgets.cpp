@@ -1,8 +1,11 @@
 // The widgets that take part in the contract. A new one is an entry here.
+#include <ostrel-display/qled.h>
+
 #include <QLabel>
 #include <QLineEdit>
 
 #include "boundwidgetcontract.h"
+#include "widgets/ledwidget.h"
 #include "widgets/zel_simplelogical.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
@@ -70,6 +73,23 @@ BoundWidget string() {
     return entry;
 }
 
+// It draws itself: what it draws stands in the drawn part.
+template <class Widget>
+BoundWidget indicator(const char* name, const QVector<SM_VARI_TYPE>& kinds,
+                      const std::function<QString(const OstrelBase&)>& face) {
+    BoundWidget entry = boundWidget<Widget>(name);
+    entry.kinds = kinds;
+    entry.face = face;
+    entry.tipOwners = itself;
+    entry.flashes = false;
+    return entry;
+}
+
+QString lampText(const OstrelBase& widget) {
+    const auto* state = widget.findChild<QLabel*>("state");
+    return QString::number(widget.findChild<QLed*>()->value()) + (state->isHidden() ? QString() : state->text());
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -79,6 +99,7 @@ const QVector<BoundWidget>& boundWidgets() {
         simpleValue<ZelSimpleValue_fl>("ZelSimpleValue_fl"),
         simpleLogical(),
         string(),
+        indicator<ZelLed>("ZelLed", {LOGI_TYPE}, lampText),
     };
     return widgets;
 }

@@ -6,6 +6,7 @@
 
 #include "qttests.h"
 #include "widgets/zel_stringplugin.h"
+#include "widgets/zelledplugin.h"
 #include "widgets/zelsimplelogicalplugin.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
@@ -85,6 +86,9 @@ void WidgetPluginsTest::description_data() {
         << Plugin(new ZelSimpleLogicalPlugin) << "ZelSimpleLogical"
         << "zelsimplelogical"
         << "zel_simplelogical.h" << compact("ZelSimpleLogical") << QString() << QString();
+    QTest::newRow("ZelLedPlugin") << Plugin(new ZelLedPlugin) << "ZelLed"
+                                  << "zelled"
+                                  << "ledwidget.h" << compact("ZelLed") << QString() << QString();
     QTest::newRow("zel_stringPlugin") << Plugin(new zel_stringPlugin) << "ZelString"
                                       << "zelstring"
                                       << "zelstring.h" << compact("ZelString") << QString()
