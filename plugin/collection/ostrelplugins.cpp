@@ -1,5 +1,6 @@
 #include "collection/ostrelplugins.h"
 
+#include "widgets/dialgaugeplugin.h"
 #include "widgets/zel_stringplugin.h"
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
@@ -13,6 +14,7 @@ OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
     m_widgets.append(new ZelLedPlugin(this));
+    m_widgets.append(new dialgaugePlugin(this));
     m_widgets.append(new zel_stringPlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 
 #include "boundwidgetcontract.h"
+#include "widgets/dialgauge.h"
 #include "widgets/ledwidget.h"
 #include "widgets/zel_simplelogical.h"
 #include "widgets/zel_simplevalue.h"
@@ -90,6 +91,10 @@ QString lampText(const OstrelBase& widget) {
     return QString::number(widget.findChild<QLed*>()->value()) + (state->isHidden() ? QString() : state->text());
 }
 
+QString pointerText(const OstrelBase& widget) {
+    return QString::number(static_cast<const ZelDialGauge&>(widget).getValue());
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -100,6 +105,7 @@ const QVector<BoundWidget>& boundWidgets() {
         simpleLogical(),
         string(),
         indicator<ZelLed>("ZelLed", {LOGI_TYPE}, lampText),
+        indicator<ZelDialGauge>("ZelDialGauge", {REAL_TYPE, INT_TYPE}, pointerText),
     };
     return widgets;
 }

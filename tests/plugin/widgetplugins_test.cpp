@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "qttests.h"
+#include "widgets/dialgaugeplugin.h"
 #include "widgets/zel_stringplugin.h"
 #include "widgets/zelledplugin.h"
 #include "widgets/zelsimplelogicalplugin.h"
@@ -21,11 +22,15 @@ QString inARow(const char* widgetClass, const char* name) {
         .arg(QLatin1String(widgetClass), QLatin1String(name));
 }
 
-QString compact(const char* name) {
+QString compact(const char* widgetClass, const char* name) {
     return QStringLiteral(
-               "<widget class=\"%1\" name=\"%1\">\n<property name=\"name\">\n<string>not_set</string>\n"
+               "<widget class=\"%1\" name=\"%2\">\n<property name=\"name\">\n<string>not_set</string>\n"
                "</property></widget>\n")
-        .arg(QLatin1String(name));
+        .arg(QLatin1String(widgetClass), QLatin1String(name));
+}
+
+QString compact(const char* name) {
+    return compact(name, name);
 }
 
 QString channel(const char* name, const char* more = "") {
@@ -89,6 +94,9 @@ void WidgetPluginsTest::description_data() {
     QTest::newRow("ZelLedPlugin") << Plugin(new ZelLedPlugin) << "ZelLed"
                                   << "zelled"
                                   << "ledwidget.h" << compact("ZelLed") << QString() << QString();
+    QTest::newRow("dialgaugePlugin") << Plugin(new dialgaugePlugin) << "ZelDialGauge"
+                                     << "zeldialgauge"
+                                     << "dialgauge.h" << compact("ZelDialGauge", "dialgauge") << QString() << QString();
     QTest::newRow("zel_stringPlugin") << Plugin(new zel_stringPlugin) << "ZelString"
                                       << "zelstring"
                                       << "zelstring.h" << compact("ZelString") << QString()
