@@ -8,6 +8,7 @@
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
+#include "widgets/zelsliderplugin.h"
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
@@ -16,6 +17,7 @@ OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelLedPlugin(this));
     m_widgets.append(new dialgaugePlugin(this));
     m_widgets.append(new zel_stringPlugin(this));
+    m_widgets.append(new ZelSliderPlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));

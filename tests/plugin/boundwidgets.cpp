@@ -1,5 +1,6 @@
 // The widgets that take part in the contract. A new one is an entry here.
 #include <ostrel-display/qled.h>
+#include <ostrel-display/slider.h>
 
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include "widgets/zel_simplelogical.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
+#include "widgets/zel_slider.h"
 #include "widgets/zel_value.h"
 #include "widgets/zelstring.h"
 
@@ -95,6 +97,10 @@ QString pointerText(const OstrelBase& widget) {
     return QString::number(static_cast<const ZelDialGauge&>(widget).getValue());
 }
 
+QString barText(const OstrelBase& widget) {
+    return QString::number(widget.findChild<Slider*>()->Value);
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -106,6 +112,7 @@ const QVector<BoundWidget>& boundWidgets() {
         string(),
         indicator<ZelLed>("ZelLed", {LOGI_TYPE}, lampText),
         indicator<ZelDialGauge>("ZelDialGauge", {REAL_TYPE, INT_TYPE}, pointerText),
+        indicator<ZelSlider>("ZelSlider", {REAL_TYPE, INT_TYPE}, barText),
     };
     return widgets;
 }

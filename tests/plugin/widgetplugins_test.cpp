@@ -12,6 +12,7 @@
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
+#include "widgets/zelsliderplugin.h"
 
 namespace {
 
@@ -97,6 +98,10 @@ void WidgetPluginsTest::description_data() {
     QTest::newRow("dialgaugePlugin") << Plugin(new dialgaugePlugin) << "ZelDialGauge"
                                      << "zeldialgauge"
                                      << "dialgauge.h" << compact("ZelDialGauge", "dialgauge") << QString() << QString();
+    QTest::newRow("ZelSliderPlugin") << Plugin(new ZelSliderPlugin) << "ZelSlider"
+                                     << "zelslider"
+                                     << "zel_slider.h" << compact("ZelSlider")
+                                     << QString("ZelSlider is used with Real and Interger Variables.") << QString();
     QTest::newRow("zel_stringPlugin") << Plugin(new zel_stringPlugin) << "ZelString"
                                       << "zelstring"
                                       << "zelstring.h" << compact("ZelString") << QString()
