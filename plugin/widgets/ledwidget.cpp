@@ -60,7 +60,6 @@ void ZelLed::setName(const QString& name) {
 void ZelLed::showNothing() {
     ui->qLed->setValue(false);
     ui->state->hide();
-    _lastValue = noValue;
     clearMem();
     TimerModerator::releaseFromTimer(this, getSampleRate());
 }

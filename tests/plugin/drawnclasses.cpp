@@ -3,9 +3,12 @@
 #include <ostrel-display/qtsvgdialgauge.h>
 #include <ostrel-display/slider.h>
 
+#include "indicatortest.h"
 #include "scripted/calls.h"
 
 using scripted::called;
+
+std::function<void()> lampIsSet;
 
 struct QLed::Private {
     bool value = false;
@@ -34,6 +37,8 @@ QSize QLed::minimumSizeHint() const {
 void QLed::setValue(bool value) {
     d->value = value;
     called("QLed::setValue", value);
+    if (lampIsSet)
+        lampIsSet();
 }
 void QLed::setOnColor(QLed::ledColor color) {
     called("QLed::setOnColor", static_cast<int>(color));

@@ -4,9 +4,13 @@
 
 #include <QAction>
 #include <QLayout>
+#include <functional>
 
 #include "readouttest.h"
 #include "selectiontest.h"
+
+// Called whenever a drawn lamp is set: what else happens at that moment.
+extern std::function<void()> lampIsSet;
 
 // An indicator of any of the classes, and what a test sees of it.
 template <class Widget>

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void anotherKindKeepsTheOldBinding();
     void theSameNameAgainWritesTheNameOnly();
     void anotherVariableWithTheSameValue();
+    void aVariableThatChangesWhileItIsBound();
     void aVariableThatComesBackLightsTheLamp();
     void aMovedRecordIsBoundAnew();
     void theOrderOfAFirstBinding();
@@ -68,6 +69,7 @@ private Q_SLOTS:
 
 void ZelLedTest::init() {
     startAsHost();
+    lampIsSet = nullptr;
     platform().logical("PUMP").value(1).states("RUNNING", "STOPPED");
 }
 
@@ -316,6 +318,19 @@ void ZelLedTest::anotherVariableWithTheSameValue() {
     QCOMPARE(platform().calls(lampCalls), QStringList({"QLed::setValue 1"}));
     QCOMPARE(shownState(lamp), QString("BLOWING"));
     QVERIFY(lamp.isSampled());
+}
+
+// Another process writes it between the two looks at it.
+void ZelLedTest::aVariableThatChangesWhileItIsBound() {
+    const auto valve = platform().logical("VALVE").value(0);
+    Lamp lamp;
+    lamp.setName("PUMP");
+    lampIsSet = [&] {
+        lampIsSet = nullptr;
+        valve.value(1);
+    };
+    lamp.setName("VALVE");
+    QVERIFY(lamp.value());
 }
 
 void ZelLedTest::aVariableThatComesBackLightsTheLamp() {
