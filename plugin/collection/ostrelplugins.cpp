@@ -1,15 +1,23 @@
 #include "collection/ostrelplugins.h"
 
+#include "widgets/dialgaugeplugin.h"
+#include "widgets/zel_stringplugin.h"
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
+#include "widgets/zelledplugin.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
+#include "widgets/zelsliderplugin.h"
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
+    m_widgets.append(new ZelLedPlugin(this));
+    m_widgets.append(new dialgaugePlugin(this));
+    m_widgets.append(new zel_stringPlugin(this));
+    m_widgets.append(new ZelSliderPlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));

@@ -27,10 +27,13 @@ struct BoundWidget {
     std::function<OstrelBase*()> makeBehindAnotherBase;
     // What an operator sees of the value. It differs between the two states of a variable that the contract makes.
     std::function<QString(const OstrelBase&)> face;
-    // The widgets that bear its tool tip, and the property that sets one.
+    // The widgets that bear its tool tip and the words of its mark. Without any it has neither.
     std::function<QVector<QWidget*>(OstrelBase&)> tipOwners;
-    const char* toolTipProperty = "toolTip";
-    bool flashes = true;  // follows the flash timer
+    bool flashes = true;         // follows the flash timer
+    bool refuses = true;         // a variable of another kind leaves it as it is
+    bool leavesTheTimer = true;  // when its variable is not there
+
+    bool hasMark() const { return static_cast<bool>(tipOwners); }
 };
 
 template <class Widget>

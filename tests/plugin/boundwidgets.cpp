@@ -1,11 +1,19 @@
 // The widgets that take part in the contract. A new one is an entry here.
+#include <ostrel-display/qled.h>
+#include <ostrel-display/slider.h>
+
 #include <QLabel>
 #include <QLineEdit>
 
 #include "boundwidgetcontract.h"
+#include "widgets/dialgauge.h"
+#include "widgets/ledwidget.h"
+#include "widgets/zel_simplelogical.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
+#include "widgets/zel_slider.h"
 #include "widgets/zel_value.h"
+#include "widgets/zelstring.h"
 
 namespace {
 
@@ -23,6 +31,10 @@ QVector<SM_VARI_TYPE> allBut(const QVector<SM_VARI_TYPE>& left) {
 
 QVector<QWidget*> frameOf(OstrelBase& widget) {
     return {widget.findChild<QWidget*>("frame")};
+}
+
+QVector<QWidget*> itself(OstrelBase& widget) {
+    return {&widget};
 }
 
 QString labelText(const OstrelBase& widget) {
@@ -46,6 +58,49 @@ BoundWidget simpleValue(const char* name) {
     return entry;
 }
 
+BoundWidget simpleLogical() {
+    BoundWidget entry = boundWidget<ZelSimpleLogical>("ZelSimpleLogical");
+    entry.kinds = {LOGI_TYPE};
+    entry.face = [](const OstrelBase& widget) { return widget.findChild<QLabel*>("state")->text(); };
+    entry.flashes = false;
+    entry.refuses = false;
+    entry.leavesTheTimer = false;
+    return entry;
+}
+
+BoundWidget string() {
+    BoundWidget entry = boundWidget<ZelString>("ZelString");
+    entry.kinds = {STRING_TYPE};
+    entry.face = [](const OstrelBase& widget) { return widget.findChild<QLineEdit*>("value")->text(); };
+    entry.tipOwners = itself;
+    return entry;
+}
+
+// It draws itself: what it draws stands in the drawn part.
+template <class Widget>
+BoundWidget indicator(const char* name, const QVector<SM_VARI_TYPE>& kinds,
+                      const std::function<QString(const OstrelBase&)>& face) {
+    BoundWidget entry = boundWidget<Widget>(name);
+    entry.kinds = kinds;
+    entry.face = face;
+    entry.tipOwners = itself;
+    entry.flashes = false;
+    return entry;
+}
+
+QString lampText(const OstrelBase& widget) {
+    const auto* state = widget.findChild<QLabel*>("state");
+    return QString::number(widget.findChild<QLed*>()->value()) + (state->isHidden() ? QString() : state->text());
+}
+
+QString pointerText(const OstrelBase& widget) {
+    return QString::number(static_cast<const ZelDialGauge&>(widget).getValue());
+}
+
+QString barText(const OstrelBase& widget) {
+    return QString::number(widget.findChild<Slider*>()->Value);
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -53,6 +108,11 @@ const QVector<BoundWidget>& boundWidgets() {
         value(),
         simpleValue<ZelSimpleValue>("ZelSimpleValue"),
         simpleValue<ZelSimpleValue_fl>("ZelSimpleValue_fl"),
+        simpleLogical(),
+        string(),
+        indicator<ZelLed>("ZelLed", {LOGI_TYPE}, lampText),
+        indicator<ZelDialGauge>("ZelDialGauge", {REAL_TYPE, INT_TYPE}, pointerText),
+        indicator<ZelSlider>("ZelSlider", {REAL_TYPE, INT_TYPE}, barText),
     };
     return widgets;
 }

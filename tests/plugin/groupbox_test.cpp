@@ -243,10 +243,7 @@ void GroupBoxTest::itsMetaObject() {
     QCOMPARE(QString(meta.superClass()->className()), QString("QGroupBox"));
     QCOMPARE(ownProperties(meta), QStringList({"title", "grpFont", "gBackColor", "textColor", "FileName",
                                                "SimpleValueOrientation", "toolTip", "checkboxVarName"}));
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        methods << QString::fromLatin1(meta.method(i).methodSignature());
-    QCOMPARE(methods,
+    QCOMPARE(ownMethods(meta),
              QStringList({"passAlongName(QString)", "viewProperties()", "viewDisplayWindow()", "saveConfigSettings()",
                           "checkToggleStatus(bool)", "varNameChange(QString,int,int)", "windowClosed(QString)"}));
 }

@@ -19,6 +19,7 @@
 #include "paths.h"
 #include "plugintest.h"
 #include "qttests.h"
+#include "widgets/zel_simplelogical.h"
 
 namespace {
 
@@ -122,6 +123,7 @@ void InterfaceTest::theMetaObjectsAreAsWrittenDown() {
     }
     add(&GLOstrelBase::staticMetaObject);
     add(&ostrel_logical_base::staticMetaObject);
+    add(&ZelSimpleLogical::staticMetaObject);
     QStringList lines;
     for (const QStringList& description : qAsConst(classes))
         lines += description;

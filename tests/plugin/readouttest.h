@@ -7,6 +7,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMetaMethod>
 #include <QMetaProperty>
 #include <QTimer>
 
@@ -53,6 +54,14 @@ inline QStringList ownProperties(const QMetaObject& meta) {
     for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
         names.append(QString::fromLatin1(meta.property(i).name()));
     return names;
+}
+
+// The signatures of a class's own signals and slots, in that order.
+inline QStringList ownMethods(const QMetaObject& meta) {
+    QStringList signatures;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        signatures.append(QString::fromLatin1(meta.method(i).methodSignature()));
+    return signatures;
 }
 
 // Whether a property has that type and value and may be written; says what it has otherwise.

@@ -4,6 +4,7 @@
 #include <ostrel/log.h>
 #include <ostrel/store.h>
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdlib>
 
@@ -174,11 +175,16 @@ char* get_emis_format(EMIS_VARIABLE* var, EMISSION_MEMBER_TYPE member) {
     return memberFormat("get_emis_format", var, member);
 }
 
-short int get_limit_info(char* label, LIMIT_STATUS*, double*, short int*, short int*) {
+short int get_limit_info(char* label, LIMIT_STATUS*, double* values, short int* exists, short int* display) {
     called("get_limit_info", label);
-    short code = unknown;
-    answered("get_limit_info", &code);
-    return code;
+    short code = 0;
+    if (answered("get_limit_info", &code) || !platform().find(QString::fromUtf8(label)))
+        return code != 0 ? code : unknown;
+    const Limits& limits = platform().limits(label);
+    std::copy(limits.values.begin(), limits.values.end(), values);
+    std::copy(limits.exists.begin(), limits.exists.end(), exists);
+    std::copy(limits.display.begin(), limits.display.end(), display);
+    return 0;
 }
 
 void* get_private_shrd_mem(char* name, size_t size) {

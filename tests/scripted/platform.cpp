@@ -19,6 +19,7 @@ void Platform::reset() {
     m_aliases.clear();
     m_factors.clear();
     m_keywords.clear();
+    m_limits.clear();
     m_areas.reset();
 }
 

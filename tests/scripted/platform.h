@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+#include <array>
 #include <cstring>
 #include <deque>
 #include <map>
@@ -44,6 +45,20 @@ void put(char (&field)[size], const char* text) {
     std::memset(field, 0, size);
     std::memcpy(field, text, strnlen(text, size));
 }
+
+// What get_limit_info() tells of a variable.
+struct Limits {
+    std::array<double, NUM_LIMIT_TYPES> values{};
+    std::array<short, NUM_LIMIT_TYPES> exists{};
+    std::array<short, NUM_LIMIT_TYPES> display{};
+
+    Limits& set(LIMIT_ARRAY_INDEXES limit, double value, int colour) {
+        values[limit] = value;
+        exists[limit] = 1;
+        display[limit] = static_cast<short>(colour);
+        return *this;
+    }
+};
 
 class Platform;
 
@@ -148,6 +163,9 @@ public:
     SHARED_MEMORY& handle(const QString& name);
     RECONFIG_DATA& reconfiguration() { return m_reconfiguration; }
 
+    // The limits of the variable, none at first.
+    Limits& limits(const char* label) { return m_limits[QString::fromUtf8(label)]; }
+
     // One unit of `from` is `factor` units of `to`. What was not told does not convert.
     void converts(const char* from, const char* to, double factor);
     // What LV_get_units2() and LV_get_units() list for these units; -1 for others.
@@ -230,6 +248,7 @@ private:
     std::map<QString, Slot*> m_aliases;
     std::map<QString, double> m_factors;
     QMap<QString, QStringList> m_keywords;
+    QMap<QString, Limits> m_limits;
     RECONFIG_DATA m_reconfiguration{};
     Events m_events;
     Areas m_areas;
