@@ -34,6 +34,7 @@ struct EventModeration {
         auto* event = new (std::nothrow) OstrelEvent(eventName, dataSize, depth, nullptr);
         if (!event)
             return false;
+        ownThread(event);
         event->start(QThread::InheritPriority);
         event->addCall(plugin);
         OstrelEventModerator::registerEvent(event);

@@ -33,6 +33,7 @@ struct TimerModeration {
         auto* timer = new (std::nothrow) TimerWidget(interval, nullptr);
         if (!timer)
             return false;
+        ownThread(timer);
         timer->start(QThread::InheritPriority);
         timer->addCall(plugin);
         TimerModerator::registerTimer(timer);

@@ -25,6 +25,10 @@ TimerWidget::TimerWidget(int interval, QObject* parent)
       closeShop(false),
       plugins(new QVector<QObject*>) {}
 
+TimerWidget::~TimerWidget() {
+    delete plugins;
+}
+
 template <class Plugin>
 void TimerWidget::add(Plugin* plugin) {
     if (!plugin)

@@ -18,6 +18,7 @@ class Q_DECL_EXPORT TimerWidget : public QThread {
 public:
     // `interval` is the period in milliseconds.
     explicit TimerWidget(int interval, QObject* parent = nullptr);
+    ~TimerWidget() override;
 
     // Connects time() to the widget's slot ostrelTimerEvent(int) and remembers the widget. Null is ignored.
     void addCall(OstrelBase* plugin);

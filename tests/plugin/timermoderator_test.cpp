@@ -3,6 +3,7 @@
 
 #include <ostrel/events.h>
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <memory>
 
@@ -72,6 +73,9 @@ private Q_SLOTS:
     void releasingFromAnUnusedPeriodDoesNothing();
     void releasingFromAllPeriodsPassesOverTheNextEntry();
     void anEndedPeriodGetsANewThread();
+    void endedThreadsAreGone();
+    void aThreadThatStillWaitsIsKept();
+    void aTimerOfTheHostsIsLeftToIt();
     void aWidgetWithOpenGlIsServedLikeTheOthers();
     void aWidgetAtAnOldAddressStartsUnsubscribed();
     void aForgottenSubscriberIsNeverFollowed();
@@ -213,6 +217,65 @@ void TimerModeratorTest::anEndedPeriodGetsANewThread() {
     platform().events().raise(eventOf(period));
     QTRY_VERIFY(former->isFinished());
     QTRY_COMPARE(widget.ticks.size(), 1);
+}
+
+// As with a value that blinks now and then: the last one of them is there at most.
+void TimerModeratorTest::endedThreadsAreGone() {
+    const int period = newPeriod();
+    Probe widget;
+    QPointer<TimerWidget> former;
+    for (int episode = 0; episode < 3; ++episode) {
+        QVERIFY(TimerModerator::requestTimer(&widget, period));
+        const QPointer<TimerWidget> timer = timerOf(period);
+        QTRY_VERIFY(isWaiting(period));
+        TimerModerator::releaseFromTimer(&widget, period);
+        QTRY_VERIFY(!former);
+        QVERIFY(timer->isRunning());
+        platform().events().raise(eventOf(period));
+        QVERIFY(timer->wait(10000));
+        former = timer;
+    }
+    QVERIFY(former);
+    QCOMPARE(widget.ticks, QList<int>());
+}
+
+void TimerModeratorTest::aThreadThatStillWaitsIsKept() {
+    const int period = newPeriod();
+    Probe widget;
+    QVector<QPointer<TimerWidget>> waiting;
+    for (int i = 1; i <= 3; ++i) {
+        TimerModerator::requestTimer(&widget, period);
+        waiting.append(timerOf(period));
+        QTRY_VERIFY(isWaiting(period, i));
+        TimerModerator::releaseFromTimer(&widget, period);
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (const auto& timer : waiting)
+        QVERIFY(timer && timer->isRunning());
+    platform().events().raise(eventOf(period));
+    for (const auto& timer : waiting)
+        QVERIFY(timer->wait(10000));
+}
+
+void TimerModeratorTest::aTimerOfTheHostsIsLeftToIt() {
+    const int period = newPeriod();
+    auto timer = std::make_unique<TimerWidget>(period);
+    timer->start();
+    TimerModerator::registerTimer(timer.get());
+    Probe widget;
+    TimerModerator::requestTimer(&widget, period);
+    QTRY_VERIFY(isWaiting(period));
+    TimerModerator::releaseFromTimer(&widget, period);
+    const QPointer<TimerWidget> watched = timer.get();
+    platform().events().raise(eventOf(period));
+    QVERIFY(timer->wait(10000));
+    // Another one that is forgotten sweeps those before it.
+    const int other = newPeriod();
+    TimerModerator::requestTimer(&widget, other);
+    QTRY_VERIFY(isWaiting(other));
+    TimerModerator::releaseFromTimer(&widget, other);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(watched);
 }
 
 void TimerModeratorTest::aWidgetWithOpenGlIsServedLikeTheOthers() {
