@@ -203,15 +203,18 @@ void ZelSimpleValueChanIndex::changeChanIndex() {
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
     if (!dialog)
         return;
-    if (isAccepted) {
-        const QString group = dialog->getSelectedVariableTypeText();
-        for (const auto& [title, code] : areas)
-            if (group == QLatin1String(title))
-                setMemCode(code);
-        setMemIndex(dialog->getSelectedChannelIndexNumber().toInt());
-        setVariableInformation();
-    }
+    const QString group = dialog->getSelectedVariableTypeText();
+    bool isChannel = false;
+    const int index = dialog->getSelectedChannelIndexNumber().toInt(&isChannel);
     delete dialog;
+    // A catalogue without channels leaves nothing to choose.
+    if (!isAccepted || group.isEmpty() || !isChannel)
+        return;
+    for (const auto& [title, code] : areas)
+        if (group == QLatin1String(title))
+            setMemCode(code);
+    setMemIndex(index);
+    setVariableInformation();
 }
 
 void ZelSimpleValueChanIndex::changeEvent(QEvent* event) {

@@ -112,6 +112,8 @@ private Q_SLOTS:
 
     void theOperatorChoosesAnIndex();
     void aChoiceThatIsCancelledChangesNothing();
+    void whereThereIsNothingToChooseTheIndexStays_data();
+    void whereThereIsNothingToChooseTheIndexStays();
 };
 
 void ZelSimpleValueChanIndexTest::withoutAStoreThereAreNoChannels() {
@@ -583,6 +585,29 @@ void ZelSimpleValueChanIndexTest::aChoiceThatIsCancelledChangesNothing() {
     widget.actions().last()->trigger();
     QCOMPARE(widget.getMemIndex(), 0);
     QCOMPARE(platform().calls({"cacheProperty"}), QStringList());
+}
+
+void ZelSimpleValueChanIndexTest::whereThereIsNothingToChooseTheIndexStays_data() {
+    QTest::addColumn<QString>("emptied");
+    QTest::newRow("no groups") << "groupComboBox";
+    QTest::newRow("no channels") << "indexComboBox";
+}
+
+void ZelSimpleValueChanIndexTest::whereThereIsNothingToChooseTheIndexStays() {
+    QFETCH(QString, emptied);
+    configureThreeInputs();
+    Display widget;
+    widget.setMemCode(AI_REAL_MEM);
+    widget.setMemIndex(2);
+    platform().forgetCalls();
+    whenOpened<ChannelIndexSelectionDialog>([emptied](ChannelIndexSelectionDialog* dialog) {
+        dialog->findChild<QComboBox*>(emptied)->clear();
+        QTest::mouseClick(dialog->findChild<QPushButton*>("OkButton"), Qt::LeftButton);
+    });
+    widget.actions().last()->trigger();
+    QCOMPARE(widget.getMemIndex(), 2);
+    QCOMPARE(platform().calls({"cacheProperty", "get_vrbl_adr"}), QStringList());
+    QVERIFY(!widget.findChild<ChannelIndexSelectionDialog*>());
 }
 
 OSTREL_TEST(ZelSimpleValueChanIndexTest)
