@@ -3,9 +3,9 @@
 #include <QDebug>
 #include <QSet>
 #include <array>
-#include <charconv>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -55,12 +55,16 @@ QByteArray checkedFormat(const char* format, size_t size, const char* conversion
     return standIn;
 }
 
-// The C library's own formatting, which rounds exactly half to even and knows %a, with a point as decimal sign whatever
-// the process's language is.
+// Numbers as the C library writes and reads them, with a point as decimal sign whatever the process's language is.
+locale_t plainLocale() {
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    return plain;
+}
+
+// It rounds exactly half to even and knows %a.
 template <typename Number>
 QString printed(const char* format, Number value) {
-    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-    const locale_t before = uselocale(plain);
+    const locale_t before = uselocale(plainLocale());
     std::array<char, 128> text;
     const int length = std::snprintf(text.data(), text.size(), format, value);
     QString result;
@@ -88,13 +92,7 @@ QString valueText(const char* format, size_t size, int value, const QString& var
 }
 
 double leadingNumber(const QString& text) {
-    const QByteArray bytes = text.trimmed().toLatin1();
-    const char* begin = bytes.constData();
-    if (*begin == '+')
-        ++begin;
-    double number = 0.0;
-    std::from_chars(begin, bytes.constData() + bytes.size(), number);
-    return number;
+    return strtod_l(text.toLatin1().constData(), nullptr, plainLocale());
 }
 
 void shortenNumber(QString& text) {

@@ -1,4 +1,10 @@
 // From a record to the text and the colour that a widget shows: OstrelBase.
+#include <QProcess>
+#include <QScopeGuard>
+#include <QTemporaryDir>
+#include <clocale>
+#include <cmath>
+
 #include "plugintest.h"
 #include "qttests.h"
 
@@ -34,6 +40,9 @@ private Q_SLOTS:
     void aLongIntegerIsShortened_data();
     void aLongIntegerIsShortened();
     void aTieIsRoundedToEven();
+    void aNumberIsPrintedAsTheCLibraryDoes_data();
+    void aNumberIsPrintedAsTheCLibraryDoes();
+    void theProcesssLanguageChangesNoNumber();
     void aFormatThatDoesNotFitIsReplaced_data();
     void aFormatThatDoesNotFitIsReplaced();
 
@@ -349,6 +358,12 @@ void SamplingTest::aLongNumberIsShortened_data() {
                                       << "1.67772E+07";
     QTest::newRow("zero") << 0.0 << QByteArray("%.15f") << "0.000000000000000"
                           << "0.000000000000000[kg]";
+    QTest::newRow("hexadecimal") << 0.1 << QByteArray("%a") << "0.1"
+                                 << "0.1";
+    QTest::newRow("negative") << -0.1 << QByteArray("%.20f") << "-0.1"
+                              << "-0.1";
+    QTest::newRow("exponent") << 1.5e200 << QByteArray("%.20e") << "INF"
+                              << "INF";
     QTest::newRow("long zero") << 0.0 << QByteArray("%.16f") << "0.0000000000000000"
                                << "0.0000000000000000[kg]";
 }
@@ -416,6 +431,48 @@ void SamplingTest::aTieIsRoundedToEven() {
     Probe widget;
     widget.setName("SPEED");
     QCOMPARE(widget.text(), QString("1500.2"));
+}
+
+void SamplingTest::aNumberIsPrintedAsTheCLibraryDoes_data() {
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("tie to even") << 2.5 << QByteArray("%.0f") << "2";
+    QTest::newRow("tie to even upwards") << 3.5 << QByteArray("%.0f") << "4";
+    QTest::newRow("hexadecimal") << 2.5 << QByteArray("%a") << "0x1.4p+1";
+    QTest::newRow("alternative form") << 2.0 << QByteArray("%#.0f") << "2.";
+    QTest::newRow("not a number") << std::nan("") << QByteArray("%.1f") << "nan";
+    QTest::newRow("infinite") << -HUGE_VAL << QByteArray("%.1F") << "-INF";
+}
+
+void SamplingTest::aNumberIsPrintedAsTheCLibraryDoes() {
+    QFETCH(double, value);
+    QFETCH(QByteArray, format);
+    QFETCH(QString, text);
+    platform().real("SPEED").value(value).format(format);
+    Probe widget;
+    widget.setName("SPEED");
+    QCOMPARE(widget.text(), text);
+}
+
+// With a comma as its decimal sign, and groups of three digits.
+void SamplingTest::theProcesssLanguageChangesNoNumber() {
+    const QTemporaryDir folder;
+    const QString german = folder.filePath("de_DE");
+    QCOMPARE(QProcess::execute("localedef", {"-i", "de_DE", "-f", "ISO-8859-1", german}), 0);
+    qputenv("LOCPATH", folder.path().toLocal8Bit());
+    const auto language = qScopeGuard([] {
+        setlocale(LC_ALL, "C");
+        qunsetenv("LOCPATH");
+    });
+    QVERIFY(setlocale(LC_ALL, "de_DE"));
+    QCOMPARE(QString::asprintf("%s", localeconv()->decimal_point), QString(","));
+    auto speed = platform().real("SPEED").value(1234.5).format("%.1f");
+    Probe widget;
+    widget.setName("SPEED");
+    QCOMPARE(widget.text(), QString("1234.5"));
+    speed.value(0.1).format("%.17f");
+    QCOMPARE(widget.text(), QString("0.1"));
 }
 
 void SamplingTest::aFormatThatDoesNotFitIsReplaced_data() {
