@@ -215,10 +215,8 @@ QString GroupBook::saveGroup(Group& group) {
     }
     if (group.changes.isEmpty())  // there is no place for them any more
         return QString();
-    // A box that believes that it was saved writes nothing.
-    tellName(group.box, group.changes.first());
     QMetaObject::invokeMethod(group.box, "saveConfigSettings");
-    // It does not say how that went.
+    // It does not say how that went, and writes nothing where it believes that it was saved.
     const QVector<GroupVariable> shown = group.box->variables();
     const auto isSaved = [&] { return namesOf(readGroup(contentOf(path)).variables) == namesOf(shown); };
     QString reason = tr("the file cannot hold these names");

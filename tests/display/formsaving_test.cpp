@@ -125,13 +125,19 @@ private slots:
     void formWithoutChangesIsNotTouched();
     void changesMadeOnTheDiskAreKept();
     void changeOfTheSamePropertyOnTheDiskIsTold();
+    void sameChangeOnTheDiskIsNotTold();
     void changeOfAWidgetThatIsGoneIsToldAndKept();
     void brokenFormOnTheDiskIsNotReplaced();
     void missingFileIsToldAndKept();
     void savesUnderAnotherName();
     void savesThroughALink();
     void packedChangesComeBack();
+    void packedChangesThatWereSavedNameNothingMore();
+    void packedChangesCountOnce();
+    void packedElementsOfAnotherKindArePassedOver();
     void packedChangesTellForWhichForm();
+    void changesAreNamedByVariableOrLabel();
+    void formInBytesThatAreNoTextIsNotReplaced();
     void packedRubbishIsRefused();
 
 private:
@@ -586,6 +592,17 @@ void FormSavingTest::changeOfTheSamePropertyOnTheDiskIsTold() {
     QCOMPARE(content(), designed.replace(">Power<", ">Torque<"));
 }
 
+void FormSavingTest::sameChangeOnTheDiskIsNotTold() {
+    set("title", "Torque");
+    QFile file(m_path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(plainForm).replace(">Speed<", ">Torque<"));
+    file.close();
+    const FormSaving saving = m_changes->save();
+    QVERIFY(saving.isComplete());
+    QCOMPARE(saving.overwritten, QStringList());
+}
+
 void FormSavingTest::changeOfAWidgetThatIsGoneIsToldAndKept() {
     set("title", "Torque");
     set("title", "Power", "other");
@@ -667,6 +684,68 @@ void FormSavingTest::packedChangesComeBack() {
     QCOMPARE(m_changes->appliedTo(plainForm), saved);
     QVERIFY(m_changes->save().isComplete());
     QCOMPARE(content(), saved);
+}
+
+void FormSavingTest::packedChangesThatWereSavedNameNothingMore() {
+    set("title", "Torque");
+    const QByteArray packed = m_changes->packed();
+    build(plainForm);
+    QVERIFY(m_changes->takeOver(packed));
+    QVERIFY(m_changes->save().isComplete());
+    set("title", "Power");
+    QCOMPARE(m_changes->summary(), QStringList("Torque: title"));
+}
+
+void FormSavingTest::packedChangesCountOnce() {
+    set("title", "Torque");
+    const QByteArray packed = m_changes->packed();
+    build(plainForm);
+    QVERIFY(m_changes->takeOver(packed));
+    QVERIFY(m_changes->takeOver(packed));
+    QCOMPARE(m_changes->count(), 1);
+}
+
+void FormSavingTest::packedElementsOfAnotherKindArePassedOver() {
+    set("title", "Torque");
+    QByteArray packed = m_changes->packed();
+    packed.replace("<change ", "<note ").replace("</change>", "</note>");
+    FormChanges later;
+    QVERIFY(later.takeOver(packed));
+    QCOMPARE(later.summary(), QStringList());
+}
+
+void FormSavingTest::changesAreNamedByVariableOrLabel() {
+    const auto widget = [](const char* name, const char* texts) {
+        return QStringLiteral("<widget class=\"KindsWidget\" name=\"%1\">%2</widget>")
+            .arg(name, QString(texts)
+                           .replace("=", "\"><string>")
+                           .replace("[", "<property name=\"")
+                           .replace("]", "</string></property>"));
+    };
+    build(("<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\">" +
+           widget("a", "[name=BSFC][label=Fuel]") + widget("b", "[name=not_set][label=Fuel]") +
+           widget("c", "[title=Two\nlines]") + widget("d", "[name=not_set]") + "</widget></ui>")
+              .toUtf8());
+    for (const char* object : {"a", "b", "c", "d"}) {
+        set("FileName", "new.grp", object);
+        set("ticks", 9, object);
+    }
+    set("name", "NOX", "a");
+    set("name", "CO", "d");
+    QCOMPARE(m_changes->summary(), QStringList({"BSFC → NOX: file name, ticks", "Fuel: file name, ticks",
+                                                "Two lines: file name, ticks", "no variable → CO: file name, ticks"}));
+}
+
+void FormSavingTest::formInBytesThatAreNoTextIsNotReplaced() {
+    set("title", "Torque");
+    const QByteArray broken = QByteArray(plainForm).replace("bench", "b\xffnch");
+    QFile file(m_path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(broken);
+    file.close();
+    QVERIFY(m_changes->save().fault.contains("encoding"));
+    QCOMPARE(content(), broken);
+    QVERIFY(m_changes->isDirty());
 }
 
 void FormSavingTest::packedChangesTellForWhichForm() {

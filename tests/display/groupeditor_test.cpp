@@ -84,6 +84,8 @@ private Q_SLOTS:
     void savingWritesTheFile();
     void savingTakesOverWhatIsBeingTyped();
     void aFailedSaveIsTold();
+    void savingAgainAsksNothing();
+    void anotherFileIsShownAfterAQuestion();
     void aFileThatAnotherChangedIsAskedAbout();
     void closingTellsTheName();
     void closingAsksAboutChanges();
@@ -93,7 +95,7 @@ private:
     void open(const QByteArray& text);
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QByteArray& text);
-    void clickCell(int row, int column);
+    void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     QString table() const;
     QString text(int row, int column) const;
     QByteArray file() const;
@@ -150,9 +152,9 @@ void GroupEditorTest::type(const QByteArray& text) {
         QTest::keyClick(m_window->windowHandle(), letter);
 }
 
-void GroupEditorTest::clickCell(int row, int column) {
+void GroupEditorTest::clickCell(int row, int column, Qt::KeyboardModifiers modifiers) {
     const QPoint place = view()->visualRect(view()->model()->index(row, column)).center();
-    QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+    QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, modifiers,
                       view()->viewport()->mapTo(m_window.get(), place));
 }
 
@@ -436,6 +438,11 @@ void GroupEditorTest::namesAreCopiedAndPasted() {
     clickCell(2, 0);
     key(Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(table(), QString("SPEED TORQUE / NOBODY / POWER OIL_TEMP"));
+    // In the order of the table, whatever was selected first.
+    clickCell(1, 0);
+    clickCell(0, 0, Qt::ControlModifier);
+    key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QString("SPEED\nNOBODY"));
 }
 
 void GroupEditorTest::theTitleIsEdited() {
@@ -504,6 +511,40 @@ void GroupEditorTest::aFailedSaveIsTold() {
     QVERIFY(m_window->isWindowModified());
 }
 
+void GroupEditorTest::savingAgainAsksNothing() {
+    clickCell(0, 0);
+    key(Qt::Key_Delete);
+    key(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(table(), QString("TORQUE / NOBODY"));
+    key(Qt::Key_Delete);
+    bool asked = false;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&asked] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            asked = true;
+            box->button(QMessageBox::Save)->click();
+        }
+    });
+    watch.start(10);
+    key(Qt::Key_S, Qt::ControlModifier);
+    QTRY_VERIFY(!file().contains("TORQUE"));
+    QVERIFY(!asked);
+}
+
+void GroupEditorTest::anotherFileIsShownAfterAQuestion() {
+    clickCell(0, 0);
+    key(Qt::Key_Delete);
+    QString asked;
+    answer(QMessageBox::Cancel, &asked);
+    m_window->show(QString());
+    QVERIFY(asked.contains("Save the changes"));
+    QCOMPARE(table(), QString("TORQUE / NOBODY"));
+    answer(QMessageBox::Discard);
+    m_window->show(QString());
+    QCOMPARE(table(), QString());
+    QCOMPARE(file(), engine);
+}
+
 void GroupEditorTest::aFileThatAnotherChangedIsAskedAbout() {
     clickCell(0, 0);
     key(Qt::Key_Delete);
@@ -559,6 +600,7 @@ void GroupEditorTest::aDiscardedChangeIsGone() {
     m_window->close();
     QCOMPARE(closed.size(), 1);
     QCOMPARE(file(), engine);
+    QVERIFY(!m_window->isWindowModified());
     m_window->show(m_path);
     QCOMPARE(table(), QString("SPEED TORQUE / NOBODY"));
 }

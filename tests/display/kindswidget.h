@@ -25,6 +25,9 @@ private:
 class KindsWidget : public KindsBase {
     Q_OBJECT
     Q_PROPERTY(QString title MEMBER m_title)
+    Q_PROPERTY(QString name MEMBER m_name)
+    Q_PROPERTY(QString label MEMBER m_label)
+    Q_PROPERTY(QString FileName MEMBER m_fileName)
     Q_PROPERTY(int ticks MEMBER m_ticks)
     Q_PROPERTY(bool shown MEMBER m_shown)
     Q_PROPERTY(double limit MEMBER m_limit)
@@ -55,6 +58,9 @@ public:
 
 private:
     QString m_title;
+    QString m_name;
+    QString m_label;
+    QString m_fileName;
     int m_ticks = 0;
     bool m_shown = false;
     double m_limit = 0;

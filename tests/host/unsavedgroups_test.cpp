@@ -60,6 +60,7 @@ private slots:
     void reconfigurationIsNoChange();
     void reloadKeepsTheNames();
     void reloadNamesWhatHasNoPlaceAnyMore();
+    void reloadKeepsANameThatTheCellHasNotNow();
     void revertTakesTheNamesBack();
     void anotherOrientationKeepsTheNames();
     void closingTheEditorKeepsTheNames();
@@ -69,6 +70,8 @@ private slots:
     void groupThatCannotBeWrittenStaysUnsavedUnderAnotherName();
     void silentDisplaySaysWhichGroupCannotBeWritten();
     void groupThatAnotherProgramSavedIsMerged();
+    void mergingLeavesTheEditorToItsGroup();
+    void namesAreNotPutIntoTheGroupOfAnotherFile();
     void twoGroupsOfOneFileAreBothSaved();
     void namesAreRecovered();
     void recoveredNamesWithoutAPlaceAreNamed();
@@ -129,7 +132,6 @@ void UnsavedGroupsTest::open(const QByteArray& groups, Manners manners) {
         write(path("groups.ui"), formOf(groups));
     openAnew(m_window, path("groups.ui"), manners);
     EVENTUALLY(m_window->looksGood());
-    EVENTUALLY(readOut(0)->getInitFlag());
 }
 
 bool UnsavedGroupsTest::save() {
@@ -235,8 +237,27 @@ void UnsavedGroupsTest::reloadNamesWhatHasNoPlaceAnyMore() {
     const Operator again("mergeNote", "close");
     QVERIFY(!save());
     QVERIFY(again.wasAsked());
+    const Operator once("mergeNote", "close");
+    m_window->window().reload();
+    QVERIFY(once.wasAsked());
     QCOMPARE(contentOf(path("oil.grp")), changed("PUMP_ON", "CYL_TEMP:1", changed("OIL_TEMP", "CYL_TEMP:0")));
     QCOMPARE(m_window->field("changesField"), QString("1 unsaved change"));
+}
+
+void UnsavedGroupsTest::reloadKeepsANameThatTheCellHasNotNow() {
+    edit();
+    EVENTUALLY(isModified());
+    const QByteArray cellFile = contentOf(m_cell->file("cell.toml"));
+    m_cell->write(QByteArray(cellFile).replace("integer.CYCLES", "integer.REVOLUTIONS"));
+    m_cell->signal(SIGHUP);
+    BECOMES(m_window->field("bindingField"), "3 bound, 1 missing");
+    m_window->window().reload();
+    QVERIFY2(changes().contains("OIL_TEMP → CYCLES"), qPrintable(changes()));
+    QVERIFY(save());
+    QCOMPARE(contentOf(path("oil.grp")), changed("OIL_TEMP", "CYCLES"));
+    m_cell->write(cellFile);
+    m_cell->signal(SIGHUP);
+    BECOMES(m_window->field("bindingField"), "4 bound, 0 missing");
 }
 
 void UnsavedGroupsTest::revertTakesTheNamesBack() {
@@ -346,6 +367,28 @@ void UnsavedGroupsTest::groupThatAnotherProgramSavedIsMerged() {
     QCOMPARE(contentOf(path("oil.grp")), changed("PUMP_ON", "CYL_TEMP:0", changed("OIL_TEMP", "CYCLES")));
     QCOMPARE(shown(), QStringList({"CYCLES", "SPEED", "CYL_TEMP:0"}));
     QVERIFY(!isModified());
+}
+
+void UnsavedGroupsTest::mergingLeavesTheEditorToItsGroup() {
+    QDWindow* editor = openEditor();
+    edit();
+    write(path("oil.grp"), changed("PUMP_ON", "CYL_TEMP:0"));
+    QVERIFY(save());
+    QVERIFY(Display_QD_Window);
+    write(path("oil.grp"), changed("PUMP_ON", "CYL_TEMP:1"));
+    editor->close();
+    QCOMPARE(shown(), QStringList({"OIL_TEMP", "SPEED", "CYL_TEMP:1"}));
+    QVERIFY(!Display_QD_Window);
+}
+
+void UnsavedGroupsTest::namesAreNotPutIntoTheGroupOfAnotherFile() {
+    edit();
+    write(path("water.grp"), oil);
+    write(path("groups.ui"), formOf(group("ZelGroup", "oil", "water.grp")));
+    const Operator person("mergeNote", "close");
+    m_window->window().reload();
+    QVERIFY2(person.read().contains("OIL_TEMP → CYCLES (oil.grp)"), qPrintable(person.read()));
+    QCOMPARE(shown(), QStringList({"OIL_TEMP", "SPEED", "PUMP_ON"}));
 }
 
 void UnsavedGroupsTest::twoGroupsOfOneFileAreBothSaved() {

@@ -100,7 +100,7 @@ QStringList FormChanges::Private::linesOf(const std::vector<FormEdit>& edits, bo
     QStringList lines;
     for (auto first = edits.begin(); first != edits.end();) {
         const auto other = std::find_if(first, edits.end(), [&](const FormEdit& edit) {
-            return !together || edit.objectName != first->objectName || edit.className != first->className;
+            return edit.objectName != first->objectName || edit.className != first->className;
         });
         const auto end = together ? other : first + 1;
         ChangedObject object{called(*first), QString(), {}};
