@@ -17,6 +17,7 @@
 #include <thread>
 #include <vector>
 
+#include "ground/monotonic.h"
 #include "servedstore.h"
 
 namespace {
@@ -26,9 +27,7 @@ constexpr int seconds = 30;
 constexpr int ticks = seconds * 1000 / periodMs;
 
 double nowMs() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+    return static_cast<double>(monotonicNow()) / nanosecondsPerMs;
 }
 
 std::vector<double> ticksOfTimer() {

@@ -1,27 +1,12 @@
 #include "formcheck.h"
 
 #include <QXmlStreamReader>
-#include <algorithm>
-#include <numeric>
+#include <string>
 #include <vector>
 
-namespace {
+#include "ground/nearestnames.h"
 
-int editDistance(const QString& from, const QString& to) {
-    std::vector<int> row(static_cast<size_t>(to.size()) + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (int i = 0; i < from.size(); ++i) {
-        int diagonal = row[0];
-        row[0] = i + 1;
-        for (int j = 0; j < to.size(); ++j) {
-            const auto at = static_cast<size_t>(j);
-            const int changed = diagonal + (from[i].toLower() == to[j].toLower() ? 0 : 1);
-            diagonal = row[at + 1];
-            row[at + 1] = std::min({changed, row[at] + 1, diagonal + 1});
-        }
-    }
-    return row.back();
-}
+namespace {
 
 class Outliner {
 public:
@@ -111,16 +96,9 @@ FormOutline outlineForm(QIODevice* device, const QString& form, const QSet<QStri
 }
 
 QString nearestName(const QString& wrong, const QSet<QString>& known) {
-    QStringList names(known.begin(), known.end());
-    names.sort();
-    QString nearest;
-    int best = 1 + static_cast<int>(wrong.size()) / 3;
-    for (const QString& name : qAsConst(names)) {
-        const int distance = editDistance(wrong, name);
-        if (distance <= best && (nearest.isEmpty() || distance < best)) {
-            best = distance;
-            nearest = name;
-        }
-    }
-    return nearest;
+    std::vector<std::string> names;
+    for (const QString& name : known)
+        names.push_back(name.toStdString());
+    const std::vector<std::string> nearest = nearestNames(wrong.toStdString(), names);
+    return nearest.empty() ? QString() : QString::fromStdString(nearest.front());
 }

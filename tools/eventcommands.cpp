@@ -8,7 +8,7 @@
 #include "failure.h"
 #include "interrupt.h"
 #include "json.h"
-#include "nearest.h"
+#include "suggestion.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include "commands.h"
 #include "failure.h"
-#include "nearest.h"
 #include "storeaccess.h"
+#include "suggestion.h"
 
 namespace {
 

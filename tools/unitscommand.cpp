@@ -7,7 +7,7 @@
 #include "failure.h"
 #include "fieldtext.h"
 #include "json.h"
-#include "nearest.h"
+#include "suggestion.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "catalogue.h"
 #include "failure.h"
 #include "fieldtext.h"
-#include "nearest.h"
+#include "suggestion.h"
 
 namespace {
 

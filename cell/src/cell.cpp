@@ -1,14 +1,13 @@
 // The plain C face of the library.
 #include <ostrelcell/cell.h>
 
-#include <algorithm>
-#include <cstring>
 #include <exception>
 #include <memory>
 #include <string>
 
 #include "cellfile.h"
 #include "embedding.h"
+#include "ground/fieldtext.h"
 #include "servedcell.h"
 
 struct ostrel_cell {
@@ -17,17 +16,9 @@ struct ostrel_cell {
 
 namespace {
 
-void tell(const std::string& text, char* message, size_t message_size) {
-    if (message == nullptr || message_size == 0)
-        return;
-    const size_t length = std::min(text.size(), message_size - 1);
-    std::memcpy(message, text.data(), length);
-    message[length] = '\0';
-}
-
 void summarise(const ostrelcell::CellModel& model, bool adopted, ostrel_cell_summary* summary) {
     *summary = {};
-    tell(model.name, summary->name, sizeof summary->name);
+    setText(summary->name, model.name);
     summary->variables = static_cast<int>(model.variables.size());
     summary->aliases = static_cast<int>(model.aliases.size());
     summary->scan_ms = model.scan_ms;
@@ -40,7 +31,7 @@ Result guarded(Result onFailure, char* message, size_t message_size, Work work) 
     try {
         return work();
     } catch (const std::exception& error) {
-        tell(error.what(), message, message_size);
+        setMessage(message, message_size, error.what());
     }
     return onFailure;
 }
@@ -58,7 +49,7 @@ OSTREL_CELL_PUBLIC int ostrel_cell_check(const char* cell_file, ostrel_cell_summ
         ostrelcell::Simulation simulation;
         ostrelcell::Diagnostics diagnostics(cell_file);
         ostrelcell::readCellFile(cell_file, model, simulation, diagnostics);
-        tell(diagnostics.text(), message, message_size);
+        setMessage(message, message_size, diagnostics.text());
         if (diagnostics.empty() && summary != nullptr)
             summarise(model, false, summary);
         return diagnostics.empty() ? 0 : 1;
@@ -72,7 +63,7 @@ OSTREL_CELL_PUBLIC ostrel_cell* ostrel_cell_open(const char* cell_file, const ch
     return guarded(static_cast<ostrel_cell*>(nullptr), message, message_size, [&]() -> ostrel_cell* {
         std::string reasons;
         auto served = ostrelcell::ServedCell::open(cell_file, store_name, reasons);
-        tell(reasons, message, message_size);
+        setMessage(message, message_size, reasons);
         return served ? new ostrel_cell{std::move(served)} : nullptr;
     });
 }
@@ -91,7 +82,7 @@ OSTREL_CELL_PUBLIC int ostrel_cell_reload(ostrel_cell* cell, char* message, size
         std::string reasons;
         std::string remarks;
         const bool good = cell->served->reload(reasons, remarks);
-        tell(good ? remarks : reasons, message, message_size);
+        setMessage(message, message_size, good ? remarks : reasons);
         return good ? 0 : 1;
     });
 }
@@ -106,7 +97,7 @@ OSTREL_CELL_PUBLIC int ostrel_cell_embed(const char* cell_file, char* message, s
     return guarded(1, message, message_size, [&] {
         std::string reasons;
         const bool good = ostrelcell::embedCell(cell_file, reasons);
-        tell(reasons, message, message_size);
+        setMessage(message, message_size, reasons);
         return good ? 0 : 1;
     });
 }

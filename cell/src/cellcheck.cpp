@@ -5,7 +5,7 @@
 #include <set>
 
 #include "names.h"
-#include "nearestname.h"
+#include "suggestion.h"
 
 namespace ostrelcell {
 

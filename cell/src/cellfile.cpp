@@ -11,8 +11,8 @@
 
 #include "cellcheck.h"
 #include "names.h"
-#include "nearestname.h"
 #include "straycharacter.h"
+#include "suggestion.h"
 #include "tablereader.h"
 #include "variablekeys.h"
 

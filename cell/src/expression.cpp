@@ -3,7 +3,7 @@
 #include <cctype>
 
 #include "functions.h"
-#include "nearestname.h"
+#include "suggestion.h"
 
 namespace ostrelcell {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "nearestname.h"
+#include "suggestion.h"
 
 namespace ostrelcell {
 

@@ -8,8 +8,8 @@
 #include <cmath>
 #include <ctime>
 
+#include "ground/fieldtext.h"
 #include "names.h"
-#include "recordtext.h"
 #include "statistics.h"
 #include "valueformat.h"
 
@@ -43,11 +43,6 @@ double startingValue(bool created, double present, const char* presentUnits, con
         return present;
     double converted = 0;
     return unitsConvert(present, from.data(), &converted, to.data()) == 0 ? converted : ofFile;
-}
-
-template <size_t size>
-std::string textOf(const char (&field)[size]) {
-    return {field, std::find(field, field + size, '\0')};
 }
 
 template <typename Record>
@@ -94,7 +89,8 @@ void startFresh(Record& record) {
 
 void fillReal(const CellModel& model, const Variable& variable, REAL_VARIABLE& record, bool created) {
     fillCommon(model, variable, record);
-    record.value = startingValue(created, record.value, textOf(record.units).c_str(), variable.units, variable.value);
+    record.value =
+        startingValue(created, record.value, fieldText(record.units).c_str(), variable.units, variable.value);
     fillUnits(record, variable.units);
     fillEvent(variable, record);
     record.display_resolution = formatDecimals(variable.format);
@@ -107,7 +103,7 @@ void fillReal(const CellModel& model, const Variable& variable, REAL_VARIABLE& r
 void fillInteger(const CellModel& model, const Variable& variable, INTEGER_VARIABLE& record, bool created) {
     fillCommon(model, variable, record);
     record.value =
-        toInt(startingValue(created, record.value, textOf(record.units).c_str(), variable.units, variable.value));
+        toInt(startingValue(created, record.value, fieldText(record.units).c_str(), variable.units, variable.value));
     fillUnits(record, variable.units);
     fillEvent(variable, record);
     record.min_plot_range = toInt(variable.rangeMin);
@@ -165,7 +161,7 @@ void fillStat(const CellModel& model, const Variable& variable, STAT_VARIABLE& r
 
 template <typename Field>
 void fillMember(const Member& member, Field& field, bool created) {
-    field.value = startingValue(created, field.value, textOf(field.units).c_str(), member.units, member.value);
+    field.value = startingValue(created, field.value, fieldText(field.units).c_str(), member.units, member.value);
     fillUnits(field, member.units);
     field.display_resolution = member.decimals;
 }
@@ -219,12 +215,13 @@ void fillElements(const Variable& variable, Element* element, bool created,
 }
 
 void fillRealElement(REAL_ARRAY_MEMBER& element, double value, const Variable& variable, bool created) {
-    element.value = startingValue(created, element.value, textOf(element.units).c_str(), variable.units, value);
+    element.value = startingValue(created, element.value, fieldText(element.units).c_str(), variable.units, value);
     fillUnits(element, variable.units);
 }
 
 void fillIntegerElement(INTEGER_ARRAY_MEMBER& element, double value, const Variable& variable, bool created) {
-    element.value = toInt(startingValue(created, element.value, textOf(element.units).c_str(), variable.units, value));
+    element.value =
+        toInt(startingValue(created, element.value, fieldText(element.units).c_str(), variable.units, value));
     fillUnits(element, variable.units);
 }
 

@@ -8,8 +8,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "ground/fieldtext.h"
 #include "limitstate.h"
-#include "recordtext.h"
 
 namespace ostrelcell {
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "ground/fieldtext.h"
 #include "limitstate.h"
 #include "names.h"
 
@@ -110,8 +111,7 @@ void Scan::showText(Text& text, double choice, const timespec& now) {
     const double last = static_cast<double>(text.texts->size()) - 1;
     const auto shown = static_cast<size_t>(std::isnan(choice) ? 0 : std::clamp(std::floor(choice), 0.0, last));
     std::string wanted = (*text.texts)[shown];
-    if (wanted.compare(0, std::string::npos, text.record->value,
-                       strnlen(text.record->value, sizeof text.record->value)) == 0)
+    if (wanted == fieldText(text.record->value))
         text.record->last_sampled_time = now;
     else
         set_string_variable(text.record, wanted.data());

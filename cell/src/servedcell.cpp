@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -16,25 +15,20 @@
 
 #include "cellfile.h"
 #include "diagnostics.h"
+#include "ground/monotonic.h"
 
 namespace ostrelcell {
 
 namespace {
 
 // A server has to show twice a second that it lives, also where it scans less often.
-constexpr int64_t beatNs = 400'000'000;
+constexpr int64_t beatNs = 400 * nanosecondsPerMs;
 
 // Values that persist are written so often at most.
-constexpr int64_t keepNs = 1'000'000'000;
-
-int64_t steadyNow() {
-    timespec time{};
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    return time.tv_sec * int64_t{1'000'000'000} + time.tv_nsec;
-}
+constexpr int64_t keepNs = nanosecondsPerSecond;
 
 int64_t periodOf(const CellModel& model) {
-    return model.scan_ms * int64_t{1'000'000};
+    return model.scan_ms * nanosecondsPerMs;
 }
 
 // A file without a folder lies beside the cell file.
@@ -164,7 +158,7 @@ std::unique_ptr<ServedCell> ServedCell::open(const std::string& file, const char
             log_error(__FILE__, __LINE__, 1, 0, "%s", line.c_str());
     if (!cell->fill(*cell->m_content, reasons))
         return nullptr;
-    const int64_t now = steadyNow();
+    const int64_t now = monotonicNow();
     cell->m_clock = std::make_unique<ScanClock>(periodOf(cell->model()), now);
     // Whoever sees the store sees it alive.
     const ScanClock::Tick first = cell->m_clock->take(now);
@@ -237,7 +231,7 @@ void ServedCell::keepValues(int64_t now) {
 }
 
 int64_t ServedCell::step() {
-    int64_t now = steadyNow();
+    int64_t now = monotonicNow();
     if (m_clock->due(now)) {
         const ScanClock::Tick tick = m_clock->take(now);
         // First, since it makes what this thread writes the cell's own.
@@ -245,7 +239,7 @@ int64_t ServedCell::step() {
         m_content->scan->run(tick.t, tick.dt);
         recordWrites();
         keepValues(now);
-        now = steadyNow();
+        now = monotonicNow();
     } else if (now - m_lastBeat >= beatNs) {
         beat(now);
     }

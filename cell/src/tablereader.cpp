@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "colours.h"
-#include "nearestname.h"
+#include "suggestion.h"
 
 namespace ostrelcell {
 

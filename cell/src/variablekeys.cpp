@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "limitkeys.h"
-#include "nearestname.h"
+#include "suggestion.h"
 #include "valueformat.h"
 
 namespace ostrelcell {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "nearestname.h"
+#include "suggestion.h"
 
 using namespace ostrelcell;
 
@@ -52,13 +52,13 @@ TEST(Names, CountElementsInRowMajorOrder) {
     EXPECT_EQ(array.shape.indexes(5), (std::vector<int>{1, 2}));
 }
 
-TEST(NearestName, FindsWhatWasMeant) {
+TEST(Suggestion, NamesWhatWasMeant) {
     const std::vector<std::string> names = {"units", "value", "format"};
-    EXPECT_EQ(nearestName("unit", names), "units");
-    EXPECT_EQ(nearestName("VALUE", names), "value");
-    EXPECT_EQ(nearestName("fromat", names), "format");
-    EXPECT_EQ(nearestName("colour", names), "");
-    EXPECT_EQ(nearestName("anything", {}), "");
+    EXPECT_EQ(didYouMean("unit", names), "; did you mean \"units\"?");
+    EXPECT_EQ(didYouMean("VALUE", names), "; did you mean \"value\"?");
+    EXPECT_EQ(didYouMean("fromat", names), "; did you mean \"format\"?");
+    EXPECT_EQ(didYouMean("colour", names), "");
+    EXPECT_EQ(didYouMean("anything", {}), "");
 }
 
 }  // namespace

@@ -6,9 +6,9 @@
 
 #include <atomic>
 #include <cerrno>
-#include <cstring>
 #include <string>
 
+#include "ground/fieldtext.h"
 #include "procstat.h"
 
 namespace {
@@ -37,8 +37,7 @@ pid_t pidOfThisProcess() {
 
 ProcessIdentity processIdentity() {
     ProcessIdentity identity{pidOfThisProcess(), knownUid.load(std::memory_order_relaxed), {}};
-    const char* name = program_invocation_short_name;
-    std::memcpy(identity.name, name, strnlen(name, sizeof identity.name - 1));
+    setText(identity.name, program_invocation_short_name);
     return identity;
 }
 

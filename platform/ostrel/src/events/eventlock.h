@@ -5,7 +5,7 @@
 #include <time.h>
 
 #include "events/eventlayout.h"
-#include "monotonic.h"
+#include "ground/monotonic.h"
 
 timespec toTimespec(int64_t nanoseconds);
 

@@ -10,7 +10,8 @@
 #include <system_error>
 #include <utility>
 
-#include "monotonic.h"
+#include "ground/fieldtext.h"
+#include "ground/monotonic.h"
 #include "processidentity.h"
 #include "rawnumber.h"
 #include "store/currentstore.h"
@@ -18,12 +19,6 @@
 namespace {
 
 constexpr auto allAreas = static_cast<SM_AREA_ID>(-1);
-
-template <size_t size>
-void putText(char (&field)[size], const std::string& text) {
-    std::memset(field, 0, size);
-    std::memcpy(field, text.data(), std::min(text.size(), size - 1));
-}
 
 uint64_t randomNumber() {
     std::random_device device;
@@ -50,7 +45,7 @@ void announceIn(void* events, SM_AREA_ID area, bool starts) {
     GLOBAL_CONFIG_EVENT event{};
     event.new_state = starts;
     event.pid = getpid();
-    putText(event.taskname, "ostrel-cell");
+    setText(event.taskname, "ostrel-cell");
     event.memcode = area;
     raiseEventIn(events, "config", &event, sizeof event);
 }
@@ -60,7 +55,7 @@ void fillHeader(const StoreObjects& objects, const std::string& name, uint32_t g
     header.layoutVersion = storeLayoutVersion;
     header.instance = randomNumber();
     header.generation = generation;
-    putText(header.name, name);
+    setText(header.name, name);
     header.eventBytes = eventMemorySize();
     header.sectionCount = storeSections;
     // Clients that poll the counter must see another one in the store that follows an earlier one of its name.
@@ -100,7 +95,7 @@ void adoptNames(ostrel_server& server) {
                 continue;
             }
             const auto* record = reinterpret_cast<const ALIAS_VARIABLE*>(server.store->record(section, index));
-            const std::string target(record->var.label, strnlen(record->var.label, nameBytes - 1));
+            const std::string target = fieldText(record->var.label);
             server.names->addAlias(book.label(index), {target, record->primary != 0, index});
         }
     }
@@ -182,8 +177,8 @@ void adoptOrMake(ostrel_server& server, std::string& problem) {
 // Shows this process as the server of the store that it has in hand.
 void signHeader(const ostrel_server& server) {
     StoreHeader& header = *server.store->header();
-    putText(header.cellFile, server.cellFile);
-    putText(header.logFile, server.logFile);
+    setText(header.cellFile, server.cellFile);
+    setText(header.logFile, server.logFile);
     header.heartbeat.store(monotonicNow(), std::memory_order_release);
     header.serverStart.store(processStart(getpid()), std::memory_order_release);
     header.serverPid.store(getpid(), std::memory_order_release);

@@ -2,14 +2,14 @@
 #include <ostrel/server.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "monotonic.h"
+#include "ground/fieldtext.h"
+#include "ground/monotonic.h"
 #include "server/generation.h"
 #include "server/reservation.h"
 #include "server/serverstate.h"
@@ -20,15 +20,8 @@ namespace {
 constexpr auto allAreas = static_cast<SM_AREA_ID>(-1);
 constexpr int64_t reclaimEvery = nanosecondsPerSecond;
 
-template <size_t size>
-void putText(char (&field)[size], const char* text) {
-    std::memset(field, 0, size);
-    std::memcpy(field, text, strnlen(text, size - 1));
-}
-
 void tell(char* message, size_t size, const std::string& culprit, const std::string& problem) {
-    if (message && size > 0)
-        snprintf(message, size, "%s: %s", culprit.c_str(), problem.c_str());
+    setMessage(message, size, culprit + ": " + problem);
 }
 
 bool isUnderReconfiguration(const ostrel_server& server, SM_AREA_ID area) {
@@ -75,7 +68,7 @@ void fillAliasRecords(const ostrel_server& server) {
         const auto meaning = server.names->resolve(alias.target);
         if (!record || !meaning)
             continue;
-        putText(record->var.label, alias.target.c_str());
+        setText(record->var.label, alias.target);
         SHARED_MEMORY mem{};
         mem.code = static_cast<SM_AREA_ID>(meaning->area);
         mem.index = static_cast<short>(meaning->index);

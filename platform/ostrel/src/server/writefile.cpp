@@ -10,7 +10,7 @@
 #include <ctime>
 #include <utility>
 
-#include "monotonic.h"
+#include "ground/monotonic.h"
 #include "processidentity.h"
 
 namespace {

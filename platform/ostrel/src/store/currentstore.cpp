@@ -5,10 +5,11 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <mutex>
 #include <utility>
+
+#include "ground/fieldtext.h"
 
 namespace {
 
@@ -236,7 +237,7 @@ int embedCell(const std::string& cellFile, char* message, size_t messageSize) {
     const auto embed = library ? reinterpret_cast<Embed>(dlsym(library, "ostrel_cell_embed")) : nullptr;
     if (!embed) {
         const char* reason = dlerror();
-        snprintf(message, messageSize, "%s: %s", name.c_str(), reason ? reason : "has no ostrel_cell_embed");
+        setMessage(message, messageSize, name + ": " + (reason ? reason : "has no ostrel_cell_embed"));
         return 1;
     }
     return embed(cellFile.c_str(), message, messageSize);

@@ -1,28 +1,18 @@
 #include <ostrel/store.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstring>
-#include <ctime>
+#include <string>
 
+#include "ground/fieldtext.h"
+#include "ground/monotonic.h"
 #include "processidentity.h"
 #include "store/currentstore.h"
 #include "store/nameindex.h"
 
 namespace {
 
-template <size_t size>
-void copyText(char (&to)[size], const char* from) {
-    const size_t length = strnlen(from, size - 1);
-    std::memcpy(to, from, length);
-    to[length] = '\0';
-}
-
 double secondsSince(int64_t monotonic) {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    const double age = static_cast<double>(now.tv_sec * 1000000000 + now.tv_nsec - monotonic) * 1e-9;
-    return std::max(0.0, age);
+    return std::max(0.0, static_cast<double>(monotonicNow() - monotonic) * 1e-9);
 }
 
 bool isServed(const Attachment& store) {
@@ -47,7 +37,7 @@ void describe(const Attachment& store, ostrel_store_status& status) {
     status.found = 1;
     status.embedded = store.name().empty();
     status.alive = isServed(store);
-    copyText(status.cell_file, header.cellFile);
+    setText(status.cell_file, fieldText(header.cellFile));
     status.server_pid = header.serverPid.load(std::memory_order_acquire);
     status.instance = store.instance();
     status.generation = header.generation;
@@ -59,22 +49,20 @@ int openEmbedded(const char* cellFile, char* message, size_t messageSize) {
     char reasons[4096] = "";
     if (embedCell(cellFile, reasons, sizeof reasons) == 0)
         return 0;
-    if (message && messageSize > 0)
-        snprintf(message, messageSize, "%s", reasons);
+    setMessage(message, messageSize, reasons);
     return 2;
 }
 
 }  // namespace
 
 int ostrel_store_open(const char* name, const char* cell_file, char* message, size_t message_size) {
-    if (message && message_size > 0)
-        message[0] = '\0';
+    setMessage(message, message_size, "");
     chooseStore(name, cell_file, message && message_size > 0);
     const std::string chosen = storeName();
     const std::string problem = name || !cell_file ? problemOfStoreName(chosen) : "";
     const auto tell = [&](const std::string& reason) {
-        if (message && message_size > 0 && !reason.empty())
-            snprintf(message, message_size, "'%.80s': %s", chosen.c_str(), reason.c_str());
+        if (!reason.empty())
+            setMessage(message, message_size, "'" + chosen.substr(0, 80) + "': " + reason);
     };
     if (!problem.empty()) {
         tell(problem);
@@ -94,7 +82,7 @@ int ostrel_store_get_status(ostrel_store_status* status) {
         return store != nullptr;
     *status = {};
     status->heartbeat_age_s = -1;
-    copyText(status->name, storeName().c_str());
+    setText(status->name, storeName());
     if (store)
         describe(*store, *status);
     return status->found;

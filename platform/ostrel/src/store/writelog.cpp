@@ -6,6 +6,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "ground/fieldtext.h"
 #include "processidentity.h"
 #include "store/arrayshape.h"
 #include "store/currentstore.h"
@@ -33,13 +34,6 @@ void publishNote(WriteMemory& memory, const WriteNote& note) {
     entry.sequence.store(2 * number, std::memory_order_release);
 }
 
-template <size_t size>
-void copyText(char (&to)[size], const char* from, size_t longest) {
-    const size_t length = strnlen(from, std::min(longest, size - 1));
-    std::memcpy(to, from, length);
-    std::memset(to + length, 0, size - length);
-}
-
 bool isText(uint16_t kind) {
     return kind == STRING_TYPE || kind == STRING_ARRAY_TYPE;
 }
@@ -47,7 +41,7 @@ bool isText(uint16_t kind) {
 template <size_t size>
 void describeValue(char (&to)[size], const char (&value)[writtenBytes], uint16_t kind) {
     if (isText(kind)) {
-        copyText(to, value, sizeof value);
+        setText(to, fieldText(value));
         return;
     }
     double number = 0;
@@ -132,10 +126,8 @@ ostrel_write describeNote(uint64_t number, const WriteNote& note) {
     write.time = {note.seconds, note.nanoseconds};
     write.pid = note.pid;
     write.uid = note.uid;
-    copyText(write.program, note.program, sizeof note.program);
-    copyText(write.variable, note.label, sizeof note.label - 1);
-    const std::string name = write.variable + indexesOf(note);
-    copyText(write.variable, name.c_str(), name.size());
+    setText(write.program, fieldText(note.program));
+    setText(write.variable, fieldText(note.label) + indexesOf(note));
     write.kind = static_cast<SM_VARI_TYPE>(note.kind);
     write.refusal = static_cast<short>(note.refusal);
     describeValue(write.old_value, note.oldValue, note.kind);
@@ -154,7 +146,7 @@ short int ostrel_next_write(uint64_t after, ostrel_write* write) {
         if (readNote(*memory, ++number, note) != NoteState::Whole)
             continue;
         *write = describeNote(number, note);
-        copyText(write->user, userName(note.uid).c_str(), sizeof write->user);
+        setText(write->user, userName(note.uid));
         return 0;
     }
     return 1;

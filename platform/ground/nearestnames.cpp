@@ -1,4 +1,4 @@
-#include "nearest.h"
+#include "ground/nearestnames.h"
 
 #include <algorithm>
 #include <cctype>
@@ -30,7 +30,7 @@ size_t distance(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::vector<std::string> nearest(const std::string& mistyped, const std::vector<std::string>& names) {
+std::vector<std::string> nearestNames(const std::string& mistyped, const std::vector<std::string>& names) {
     const size_t tolerance = std::max<size_t>(1, mistyped.size() / 3);
     std::vector<std::pair<size_t, std::string>> similar;
     for (const std::string& name : names) {
@@ -45,15 +45,4 @@ std::vector<std::string> nearest(const std::string& mistyped, const std::vector<
     for (size_t i = 0; i < similar.size() && i < 3 && similar[i].first <= similar[0].first + 1; ++i)
         result.push_back(similar[i].second);
     return result;
-}
-
-std::string didYouMean(const std::string& mistyped, const std::vector<std::string>& names,
-                       const std::string& otherwise) {
-    const auto similar = nearest(mistyped, names);
-    if (similar.empty())
-        return otherwise;
-    std::string text = "; did you mean " + similar[0];
-    for (size_t i = 1; i < similar.size(); ++i)
-        text += (i + 1 == similar.size() ? " or " : ", ") + similar[i];
-    return text + "?";
 }

@@ -1,6 +1,6 @@
-// The clock that all times inside a store are told by.
-#ifndef OSTREL_MONOTONIC_H
-#define OSTREL_MONOTONIC_H
+// The clock of everything that waits or beats: it never jumps.
+#ifndef OSTREL_GROUND_MONOTONIC_H
+#define OSTREL_GROUND_MONOTONIC_H
 
 #include <time.h>
 
