@@ -1,8 +1,11 @@
 // Reading the file again while the cell is served.
+#include <fcntl.h>
 #include <ostrel/events.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <thread>
 
@@ -238,6 +241,50 @@ TEST_F(RefusedReload, LeavesTheStoreAsItWasWhereItHadToGrow) {
         EXPECT_EQ(goodReload(other + many()), "");
         EXPECT_NEAR(number("SP"), 4200, 1e-9);
         EXPECT_TRUE(exists("M69:1"));
+    });
+}
+
+// Fills the shared memory but for so many megabytes.
+class Filler {
+public:
+    explicit Filler(double left, double free) : m_fd(memory("/dev/shm/filler")) {
+        EXPECT_EQ(posix_fallocate(m_fd, 0, static_cast<off_t>((free - left) * (1 << 20))), 0);
+    }
+    ~Filler() {
+        unlink("/dev/shm/filler");
+        close(m_fd);
+    }
+    Filler(const Filler&) = delete;
+    Filler& operator=(const Filler&) = delete;
+
+private:
+    static int memory(const char* path) { return open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0600); }
+    int m_fd;
+};
+
+// Whatever it is that the memory does not suffice for: records, what clients may write to them, or their names.
+TEST_F(RefusedReload, LeavesTheStoreAsItWasHoweverMuchIsLeft) {
+    withSharedMemoryOf(128, [this] {
+        serveBase();
+        std::string many;
+        for (int i = 0; i < 19990; ++i)
+            many += "[integer.N" + std::to_string(i) + "]\n";
+        std::set<std::string> culprits;
+        for (const double left : {0.5, 3.0, 7.0, 1.0, 40.0}) {
+            const Filler filler(left, freeMegabytes());
+            int status = 0;
+            const std::string reason = reload(many + other, status);
+            if (status == 0)
+                break;
+            EXPECT_NE(reason.find(noMemory), std::string::npos) << reason;
+            culprits.insert(reason.substr(0, reason.find(':')));
+            write(base);
+            refuses(many + other, reason);
+        }
+        EXPECT_TRUE(culprits.contains("N0")) << testing::PrintToString(culprits);
+        EXPECT_TRUE(culprits.contains("the names")) << testing::PrintToString(culprits);
+        EXPECT_TRUE(exists("N19989"));
+        EXPECT_NEAR(number("SP"), 4200, 1e-9);
     });
 }
 

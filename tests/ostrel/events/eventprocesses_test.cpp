@@ -84,6 +84,16 @@ TEST_F(EventProcesses, aForkedChildLeavesItsParentAttached) {
     EXPECT_EQ(receiveUntil("still here"), Texts{"still here"});
 }
 
+// What belonged to the parent's thread is destroyed with the child's, and is not the child's to give up.
+TEST_F(EventProcesses, aForkedChildThatExitsLeavesItsParentAttached) {
+    eventId("some");
+    attach("some");
+    Child child([]() -> int { std::exit(0); });  // which destroys what is the thread's
+    EXPECT_EQ(child.result(), 0);
+    EXPECT_EQ(attached("some"), 1);
+    EXPECT_EQ(store.layout().threads[0].used, 1U);
+}
+
 TEST_F(EventProcesses, aKilledOneIsReclaimed) {
     eventId("some");
     Child child([] {

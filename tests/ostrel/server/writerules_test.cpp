@@ -443,6 +443,7 @@ TEST_F(WriteRules, AWriterKilledInTheMiddleCostsItsOwnEntryAlone) {
     const auto list = writes();
     ASSERT_EQ(list.size(), 2u);
     EXPECT_EQ(list[1].number, 4u);
+    EXPECT_EQ(drained().size(), 1u) << "a writer that is under way is waited for";
     ASSERT_TRUE(comesTrue([this] { return drained().size() == 3; }));
     const auto inFile = lines();
     EXPECT_EQ(fields(inFile[0])[1], "1");

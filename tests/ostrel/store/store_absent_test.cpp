@@ -1,6 +1,7 @@
 // What is answered where no store runs, where one comes later, and where one is damaged.
 #include <fcntl.h>
 #include <ostrel/events.h>
+#include <ostrel/server.h>
 #include <pwd.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -109,7 +110,34 @@ TEST(ForbiddenStore, IsSaidToBeSomebodyElses) {
     int status = -1;
     EXPECT_EQ(waitpid(client, &status, 0), client);
     EXPECT_EQ(status, 0);
-    server.tell("close");
+    server.killHard();
+    removeObjectsOf(store);
+}
+
+// Nobody serves it, and its lock is gone.
+TEST(ForbiddenStore, IsNotReplacedByAnotherUsersServer) {
+    const std::string store = newStoreName();
+    const uid_t nobody = 65534;
+    ServerProcess server;
+    ASSERT_EQ(server.tell("open " + store + (geteuid() == 0 ? " 0600" : " 0200")), "ok 0");
+    server.killHard();
+    ASSERT_EQ(unlink(("/dev/shm/ostrel-" + store + ".lock").c_str()), 0);
+    const std::vector<std::string> before = objectsOf(store);
+    const pid_t client = fork();
+    if (client == 0) {
+        if (geteuid() == 0 && setresuid(nobody, nobody, nobody) != 0)
+            _exit(100);
+        ostrel_server_options options{};
+        options.name = store.c_str();
+        char message[300] = "";
+        EXPECT_EQ(ostrel_server_open(&options, message, sizeof message), nullptr);
+        EXPECT_NE(std::string(message).find("exists, but this user may not read it"), std::string::npos) << message;
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(client, &status, 0), client);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(objectsOf(store), before);
     removeObjectsOf(store);
 }
 

@@ -121,6 +121,25 @@ TEST_F(Link, AnArrayLinksByItsNameAlone) {
     EXPECT_EQ(_MEMORY_LINK_SIZE(nullptr, &size), nullptr);
 }
 
+TEST_F(Link, GivingBackMoreThanWasLinkedIsForgiven) {
+    fre_shrd_mem(GU_REAL_MEM);
+    fre_shrd_mem(GU_REAL_MEM);
+    ASSERT_NE(get_shrd_mem(GU_REAL_MEM, 0), nullptr);
+    EXPECT_EQ(shrd_mem_in_use(GU_REAL_MEM), 1);
+    fre_shrd_mem(GU_REAL_MEM);
+    EXPECT_EQ(shrd_mem_in_use(GU_REAL_MEM), 0);
+}
+
+TEST_F(Link, AnAreaIsLinkedUpToItsWholeSize) {
+    constexpr size_t part = 65536;  // areas are whole parts
+    const ostrel_section* section = ostrel_section_of(GU_REAL_MEM, REAL_TYPE);
+    const size_t records = static_cast<size_t>(ostrel_section_capacity(GU_REAL_MEM, REAL_TYPE)) * sizeof(REAL_VARIABLE);
+    const size_t whole = (section->start + records + part - 1) / part * part;
+    EXPECT_NE(get_shrd_mem(GU_REAL_MEM, whole), nullptr);
+    EXPECT_EQ(get_shrd_mem(GU_REAL_MEM, whole + 1), nullptr);
+    fre_shrd_mem(GU_REAL_MEM);
+}
+
 TEST_F(Link, APrivateBlockIsOneForAllProcesses) {
     const pid_t other = fork();
     if (other == 0) {

@@ -45,6 +45,13 @@ protected:
     }
 };
 
+TEST_F(Lookup, OfSeveralAliasesThePrimaryOneIsGiven) {
+    configure({"put 54 1 A", "put 54 1 B", "alias A_FIRST A 0", "alias A_SECOND A 1", "alias A_THIRD A 0",
+               "alias B_FIRST B 1", "alias B_SECOND B 0"});
+    EXPECT_EQ(aliasOf("A"), "A_SECOND");
+    EXPECT_EQ(aliasOf("B"), "B_FIRST");
+}
+
 TEST_F(Lookup, APlainNameLeadsToItsRecord) {
     const SHARED_MEMORY mem = handle("TORQUE");
     EXPECT_EQ(+mem.code, GU_REAL_MEM);

@@ -125,6 +125,19 @@ TEST_F(Write, AnIntegerIsStoredWithItsBookKeeping) {
     EXPECT_TRUE(isNow(integer->last_delta_time));
 }
 
+TEST_F(Write, AValueTakesBackTheMarkOfWhatWasNoNumber) {
+    integer->NAN_trapped = 1;
+    EXPECT_EQ(set_integer(integer, 3), 0);
+    EXPECT_EQ(+integer->NAN_trapped, 0);
+    for (const char* name : {"REALS:0", "INTS:0"}) {
+        const SHARED_MEMORY element = handle(name);
+        EXPECT_NE(ostrel_set_array_element(&element, noNumber, nullptr), 0);
+        EXPECT_EQ(ostrel_set_array_element(&element, 1, nullptr), 0);
+    }
+    EXPECT_EQ(+static_cast<REAL_ARRAY_MEMBER*>(handle("REALS:0").member_adr)->NAN_trapped, 0);
+    EXPECT_EQ(+static_cast<INTEGER_ARRAY_MEMBER*>(handle("INTS:0").member_adr)->NAN_trapped, 0);
+}
+
 TEST_F(Write, ALogicalRaisesTheEventOfTheStateItGoesTo) {
     int eid = 0;
     ASSERT_EQ(ostrel_event_create("went_on", &eid), 0);
@@ -202,6 +215,11 @@ TEST_F(Write, ElementsAreStoredByTheirHandle) {
     EXPECT_EQ(set("INTS:2", -3.4, nullptr), 0);
     const auto* whole = static_cast<INTEGER_ARRAY_MEMBER*>(handle("INTS:2").member_adr);
     EXPECT_EQ(+whole->value, -3);
+    for (const int outermost : {INT_MIN, INT_MAX}) {
+        EXPECT_EQ(set("INTS:2", outermost, nullptr), 0);
+        EXPECT_EQ(+whole->value, outermost);
+    }
+    EXPECT_EQ(set("INTS:2", -3, nullptr), 0);
     for (const double value : {noNumber, 1e10, -1e10})
         EXPECT_NE(set("INTS:2", value, nullptr), 0);
     EXPECT_EQ(+whole->value, -3);

@@ -366,7 +366,9 @@ TEST_F(UnitsInNewProcess, SitesAddKeywords) {
             "inlbf-m   10001 torque  0.0254 lbf.m   # odd but ours\n"
             "\tSHIFT 10002 SHIFTS 8 h\r\n"
             "DAYS 10003 SHIFTS day\n"
-            "DBM 10004 POWER 0.1 lg(re 1 mW)");
+            "DBM 10004 POWER 0.1 lg(re 1 mW)\n"
+            "FIRST 10000 POWER W");
+        EXPECT_EQ(converted(1, "FIRST", "W"), 1) << "the first code of a site";
         EXPECT_NEAR(converted(1, "INLBF-M", "NM"), 0.0254 * lbf, 1e-12);
         EXPECT_DOUBLE_EQ(converted(3, "SHIFT", "DAYS"), 1);
         EXPECT_TRUE(refuses("SHIFT", "HR"));

@@ -75,7 +75,7 @@ std::unique_ptr<Attachment> makeStore(const ostrel_server& server, const std::st
     if (error == 0)
         error = publishNames(store->objects(), {}, {});
     if (error != 0) {
-        problem = "cannot take its memory: " + std::string(std::strerror(error));
+        problem = withoutMemory(error);
         if (!objectsName.empty())
             unlinkStoreObjects(objectsName);
         return nullptr;
