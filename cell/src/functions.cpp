@@ -163,7 +163,7 @@ double table(const double* arguments, int count) {
         const double part = width > 0 ? (x - arguments[at - 2]) / width : 1;
         return arguments[at - 1] + part * (arguments[at + 1] - arguments[at - 1]);
     }
-    return arguments[count % 2 == 1 ? count - 1 : count - 2];
+    return arguments[count - 1];
 }
 
 double floorOf(double x) {

@@ -41,7 +41,6 @@ double storeInteger(INTEGER_VARIABLE& record, double value, const timespec& now)
         record.last_sampled_time = now;
     else
         set_integer(&record, rounded);
-    record.NAN_trapped = 0;
     return record.value;
 }
 

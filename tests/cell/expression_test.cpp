@@ -56,7 +56,10 @@ TEST(Expression, LooksUpATable) {
     EXPECT_DOUBLE_EQ(at("2.5"), 15);
     EXPECT_DOUBLE_EQ(at("5"), 20);
     EXPECT_DOUBLE_EQ(at("7.5"), 10);
+    EXPECT_DOUBLE_EQ(at("10"), 0);
     EXPECT_DOUBLE_EQ(at("99"), 0);
+    EXPECT_DOUBLE_EQ(valueOf("table(1, 0, 5, 1, 6, 1, 8, 2, 9)"), 6) << "a step has its lower end";
+    EXPECT_DOUBLE_EQ(valueOf("table(1.5, 0, 5, 1, 6, 1, 8, 2, 9)"), 8.5);
 }
 
 TEST(Expression, KnowsTheTime) {
@@ -100,6 +103,26 @@ TEST(Expression, LagRecoversFromWhatIsNoNumber) {
     cell.set("X", 1);
     cell.run(0.1);
     EXPECT_DOUBLE_EQ(cell["Y"], 1);
+}
+
+TEST(Expression, LagOfNoTimeFollowsAtOnceEvenWithoutTime) {
+    Simulated cell("[real.X]\n[real.Y]\nexpr = \"lag(X, 0)\"\n");
+    for (const double dt : {0.1, 0.1, 0.0}) {
+        cell.set("X", cell["X"] + 5);
+        cell.run(dt);
+        EXPECT_DOUBLE_EQ(cell["Y"], cell["X"]) << dt;
+    }
+}
+
+TEST(Expression, RampsByTheSizeOfItsRate) {
+    Simulated cell("[real.X]\n[real.Y]\nexpr = \"ramp(X, -2)\"\n");
+    cell.run(0.5);
+    cell.set("X", 3);
+    cell.run(0.5);
+    EXPECT_DOUBLE_EQ(cell["Y"], 1);
+    cell.set("X", -3);
+    cell.run(0.5);
+    EXPECT_DOUBLE_EQ(cell["Y"], 0);
 }
 
 TEST(Expression, RampsAtItsRate) {

@@ -194,6 +194,11 @@ TEST_F(Scan, FillsAndDrivesArrays) {
     set_real_variable(&record<REAL_VARIABLE>("X"), 2);
     EXPECT_TRUE(scanUntil([] { return number("E:0") == 20; }));
     EXPECT_EQ(+element("E:0")->status, 1024);
+    REAL_ARRAY_MEMBER& stolen = *element("E:0");
+    stolen.last_pid = 1;
+    std::strcpy(stolen.last_process_name, "somebody");
+    EXPECT_TRUE(scanUntil([&] { return stolen.last_pid == getpid(); }));
+    EXPECT_STRNE(stolen.last_process_name, "somebody");
 }
 
 TEST_F(Scan, FillsAndDrivesMembers) {
@@ -218,6 +223,12 @@ TEST_F(Scan, FillsAndDrivesMembers) {
     set_real_variable(&record<REAL_VARIABLE>("X"), 3);
     EXPECT_TRUE(scanUntil([] { return number("AIR.O2") == 30; }));
     EXPECT_EQ(number("E.MF_CO2"), 9);
+    auto& property = record<PROP_VARIABLE>("P.AT");
+    auto& emission = record<EMIS_VARIABLE>("E.MF_CO2");
+    property.last_sampled_time = {};
+    emission.last_sampled_time = {};
+    EXPECT_TRUE(scanUntil([&] { return property.last_sampled_time.tv_sec > 0; })) << "each scan is a sample";
+    EXPECT_GT(emission.last_sampled_time.tv_sec, 0);
 }
 
 TEST_F(Scan, ComputesStatistics) {

@@ -38,6 +38,14 @@ TEST(ScanClock, LeavesOutWhatWasMissed) {
     EXPECT_EQ(clock.next(), 1100 * ms);
 }
 
+TEST(ScanClock, StaysDueWithAnotherPeriod) {
+    ScanClock clock(100 * ms, 5000 * ms);
+    clock.setPeriod(20 * ms);
+    EXPECT_TRUE(clock.due(5000 * ms));
+    clock.take(5000 * ms);
+    EXPECT_EQ(clock.next(), 5020 * ms);
+}
+
 TEST(ScanClock, ChangesItsPeriod) {
     ScanClock clock(100 * ms, 0);
     clock.take(0);
