@@ -1,5 +1,6 @@
 #include "collection/ostrelplugins.h"
 
+#include "widgets/zelcmdlineplugin.h"
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
@@ -10,6 +11,7 @@
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
+    m_widgets.append(new ZelCmdLinePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));
