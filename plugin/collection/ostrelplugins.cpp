@@ -1,6 +1,8 @@
 #include "collection/ostrelplugins.h"
 
+#include "widgets/zelcmdbuttonplugin.h"
 #include "widgets/zelcmdlineplugin.h"
+#include "widgets/zeleventbuttonplugin.h"
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
@@ -17,6 +19,8 @@ OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));
     m_widgets.append(new ZelGroupPlugin(this));
     m_widgets.append(new ZelGroupPlugin_fl(this));
+    m_widgets.append(new ZelCmdButtonPlugin(this));
+    m_widgets.append(new ZelEventButtonPlugin(this));
 }
 
 OstrelPlugins::~OstrelPlugins() {

@@ -4,6 +4,7 @@
 #define OSTREL_TESTS_PLUGIN_COMMANDTEST_H
 
 #include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -23,11 +24,13 @@ public:
     QString tell(const QString& name) const {
         return QStringLiteral("sh -c 'printf \"[%s]\" \"$@\" >%1.part && mv %1.part %1' sh").arg(path(name));
     }
-    // Creates its own file, then waits for the others. So such commands end only if they run side by side.
+    // Creates its own file, then waits for the others. So such commands end only if they run side by side; at last they
+    // end with the folder.
     QString meet(const QString& name, const QStringList& others) const {
         QString script = QStringLiteral("touch %1\n").arg(path(name));
         for (const QString& other : others)
-            script += QStringLiteral("until [ -e %1 ]; do sleep 0.01; done\n").arg(path(other));
+            script += QStringLiteral("until [ -e %1 ] || ! [ -d %2 ]; do sleep 0.01; done\n")
+                          .arg(path(other), m_folder.path());
         QFile file(path(name + ".sh"));
         return file.open(QIODevice::WriteOnly) && file.write(script.toUtf8()) > 0 ? "sh " + file.fileName() : QString();
     }
@@ -61,6 +64,11 @@ inline QByteArray childStates() {
             states += fields.value(0);
     }
     return states;
+}
+
+// Waits until this process has no child left, and takes those that nobody has taken.
+inline bool allChildrenEnd() {
+    return QTest::qWaitFor([] { return waitpid(-1, nullptr, WNOHANG) == -1; }, 30000);
 }
 
 inline int openDescriptors() {

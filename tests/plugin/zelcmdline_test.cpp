@@ -164,7 +164,9 @@ void ZelCmdLineTest::init() {
 
 void ZelCmdLineTest::cleanup() {
     runQtUIWindow = nullptr;
+    m_commands.reset();
     QVERIFY(allTasksEnd());
+    QVERIFY(allChildrenEnd());
 }
 
 // The saved lines, sorted, behind their number.
