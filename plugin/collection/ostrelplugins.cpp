@@ -8,11 +8,13 @@
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
+#include "widgets/zeltailplugin.h"
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
+    m_widgets.append(new ZelTailPlugin(this));
     m_widgets.append(new ZelCmdLinePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));
