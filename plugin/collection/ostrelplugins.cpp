@@ -2,6 +2,9 @@
 
 #include "widgets/dialgaugeplugin.h"
 #include "widgets/zel_stringplugin.h"
+#include "widgets/zelcmdbuttonplugin.h"
+#include "widgets/zelcmdlineplugin.h"
+#include "widgets/zeleventbuttonplugin.h"
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
 #include "widgets/zelledplugin.h"
@@ -9,13 +12,16 @@
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
 #include "widgets/zelsliderplugin.h"
+#include "widgets/zeltailplugin.h"
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
     m_widgets.append(new ZelLedPlugin(this));
+    m_widgets.append(new ZelTailPlugin(this));
     m_widgets.append(new dialgaugePlugin(this));
+    m_widgets.append(new ZelCmdLinePlugin(this));
     m_widgets.append(new zel_stringPlugin(this));
     m_widgets.append(new ZelSliderPlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin(this));
@@ -23,6 +29,8 @@ OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));
     m_widgets.append(new ZelGroupPlugin(this));
     m_widgets.append(new ZelGroupPlugin_fl(this));
+    m_widgets.append(new ZelCmdButtonPlugin(this));
+    m_widgets.append(new ZelEventButtonPlugin(this));
 }
 
 OstrelPlugins::~OstrelPlugins() {

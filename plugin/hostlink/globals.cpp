@@ -15,6 +15,7 @@ OSTREL_WEAK char ParentUIFile[256] = "";
 OSTREL_WEAK bool propertiesChanged = false;
 OSTREL_WEAK UIFileWriter* writer = nullptr;
 OSTREL_WEAK QObject* runQtUIWindow = nullptr;
+OSTREL_WEAK char OperatorDisplayDir[512] = "";
 OSTREL_WEAK int System_HighAlarm[3] = {255, 0, 0};
 OSTREL_WEAK int System_HighAbort[3] = {255, 127, 0};
 OSTREL_WEAK int System_HighEmergency[3] = {255, 255, 0};

@@ -21,6 +21,7 @@ extern char ParentUIFile[256];          // path of the form file, for the form w
 extern bool propertiesChanged;          // a variable name inside a group changed
 extern UIFileWriter* writer;            // the one form writer, made by the first widget that needs it
 extern QObject* runQtUIWindow;          // signals ctrlLPressed() and saveConfig(), slot closeEvent(); null without
+extern char OperatorDisplayDir[512];    // the display's name, under which command lines keep their history
 
 // Limit colours as red, green, blue; for the host.
 extern int System_HighAlarm[3];

@@ -75,6 +75,8 @@ private Q_SLOTS:
     void thePluginsStandInTheOrderOfThePalette();
     void whatStandsInNoCollectionIsNotThere();
     void valueDescribesItself();
+    void theActionWidgetsDescribeThemselves_data();
+    void theActionWidgetsDescribeThemselves();
     void initialisingTwiceIsInitialised();
     void everyPluginBuildsItsWidget();
     void theIconsAreCompiledIn_data();
@@ -182,6 +184,40 @@ void CollectionTest::valueDescribesItself() {
     QCOMPARE(value->whatsThis(), QString("ZelValue is used to display Ostrel Real,Integer and Logical Variables"));
     QVERIFY(!value->isContainer());
     QVERIFY(!value->icon().isNull());
+}
+
+void CollectionTest::theActionWidgetsDescribeThemselves_data() {
+    QTest::addColumn<QString>("includeFile");
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<QString>("domXml");
+    const auto row = [](const char* name, const char* includeFile, const char* icon, const char* contents) {
+        QTest::newRow(name) << includeFile << icon
+                            << QStringLiteral("<widget class=\"%1\" name=\"%1\">\n%2</widget>\n")
+                                   .arg(QLatin1String(name), QLatin1String(contents));
+    };
+    row("ZelTail", "opntailwidget.h", "zeltail", "<property name=\"name\">\n<string>not_set</string>\n</property>");
+    row("ZelCmdLine", "cmdlinewidget.h", "cmdline",
+        "<property name=\"shortcutEnabled\">\n<bool>true</bool>\n</property>\n"
+        "<property name=\"saveHistory\">\n<bool>true</bool>\n</property>\n");
+    row("ZelCmdButton", "zel_cmdbutton.h", "zelcmdbutton", "");
+    row("ZelEventButton", "zel_eventbutton.h", "zelcmdeventbutton", "");
+}
+
+void CollectionTest::theActionWidgetsDescribeThemselves() {
+    QFETCH(QString, includeFile);
+    QFETCH(QString, icon);
+    QFETCH(QString, domXml);
+    auto* widget = plugin(QTest::currentDataTag());
+    QVERIFY(widget);
+    QCOMPARE(widget->group(), QString("Ostrel"));
+    QCOMPARE(widget->includeFile(), includeFile);
+    QCOMPARE(widget->domXml(), domXml);
+    QCOMPARE(widget->toolTip(), QString());
+    QCOMPARE(widget->whatsThis(), QString());
+    QVERIFY(!widget->isContainer());
+    const QPixmap expected(":/resources/" + icon + ".png");
+    QVERIFY(!expected.isNull());
+    QCOMPARE(widget->icon().pixmap(expected.size()).toImage(), QIcon(expected).pixmap(expected.size()).toImage());
 }
 
 void CollectionTest::initialisingTwiceIsInitialised() {

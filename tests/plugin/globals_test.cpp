@@ -56,6 +56,7 @@ void GlobalsTest::aHostWithoutGlobalsGetsTheDefaults() {
                                                  "System_LowEmergency 0 0 255",
                                                  "System_Tmark 255 255 255",
                                                  "ParentUIFile \"\"",
+                                                 "OperatorDisplayDir \"\"",
                                                  "writer none",
                                                  "sampleRate 1000",
                                                  "actions 6"}));
@@ -64,7 +65,7 @@ void GlobalsTest::aHostWithoutGlobalsGetsTheDefaults() {
 void GlobalsTest::aHostsGlobalsAreUsed() {
     const QStringList told = run(paths::globalsHost);
     for (const char* line : {"inDesigner 0", "RemoteDisplay 1", "UserInterfaceLock 1", "RemoteUpdateRate 777",
-                             "ParentUIFile \"host.ui\"", "sampleRate 777", "actions 0"})
+                             "ParentUIFile \"host.ui\"", "OperatorDisplayDir \"host\"", "sampleRate 777", "actions 0"})
         QVERIFY2(told.contains(line), qPrintable(QString(line) + " is missing in\n" + told.join('\n')));
     // What the host does not bring is the library's own.
     QVERIFY(told.contains("UserSavePermission 3"));

@@ -18,6 +18,7 @@ bool RemoteDisplay = true;
 int RemoteUpdateRate = 777;
 int UserInterfaceLock = 1;
 char ParentUIFile[256] = "host.ui";
+char OperatorDisplayDir[512] = "host";
 
 extern "C" short int find_variable(char* label, SHARED_MEMORY*) {
     std::printf("find_variable of the host: %s\n", label);
@@ -48,7 +49,8 @@ void tellGlobals() {
         const int* colour = used<int>(name);
         std::printf("%s %d %d %d\n", name, colour[0], colour[1], colour[2]);
     }
-    std::printf("ParentUIFile \"%s\"\n", used<char>("ParentUIFile"));
+    for (const char* name : {"ParentUIFile", "OperatorDisplayDir"})
+        std::printf("%s \"%s\"\n", name, used<char>(name));
     std::printf("writer %s\n", *used<void*>("writer") ? "made" : "none");
 }
 
