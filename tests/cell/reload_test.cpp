@@ -4,6 +4,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -102,6 +103,44 @@ TEST_F(Reload, StartsTheWindowOfAStatisticThatBecameAnotherOne) {
         goodReload(watched + other);
         EXPECT_LT(number("S.NM"), 5) << other;
         stop();
+    }
+    serve(watched + stat);
+    scan(10);
+    goodReload("[cell]\nname = \"test\"\nscan_ms = 20\n" + watched + stat);
+    EXPECT_LT(number("S.NM"), 5) << "its samples are taken at another pace";
+}
+
+TEST_F(Reload, KeepsWhatExpressionsRemember) {
+    const std::string lines = scans + "[real.SUM]\nexpr = \"integral(1, 1000)\"\n";
+    serve(lines);
+    ASSERT_TRUE(scanUntil([] { return number("SUM") > 1000.05; }));
+    const double before = number("SUM");
+    goodReload(lines + "[real.NEW]\n");
+    EXPECT_GE(number("SUM"), before);
+    goodReload(scans + "[real.SUM]\nexpr = \"integral(1, 500)\"\n");
+    EXPECT_LT(number("SUM"), before) << "another expression starts anew";
+}
+
+TEST_F(Reload, MakesTheEventsThatTheFileNamesNow) {
+    serve(scans + "[real.X]\n");
+    char listed[] = "FROM_LIST";
+    char named[] = "FROM_VARIABLE";
+    int id = 0;
+    EXPECT_NE(event_get_id(listed, &id), 0);
+    goodReload("[cell]\nname = \"test\"\nevents = [\"FROM_LIST\"]\n" + scans + "[real.X]\nevent = \"FROM_VARIABLE\"\n");
+    EXPECT_EQ(event_get_id(listed, &id), 0);
+    EXPECT_EQ(event_get_id(named, &id), 0);
+}
+
+TEST_F(Reload, ScansAtThePaceOfTheFileFromThenOn) {
+    const std::string pace = "[real.DT]\nexpr = \"dt\"\n";
+    serve(scans + pace);
+    goodReload("[cell]\nname = \"test\"\nscan_ms = 70\n" + scans + pace);
+    scan(2);
+    for (int i = 0; i < 3; ++i) {
+        scan(1);
+        // However late a scan is, it stands on the grid.
+        EXPECT_NEAR(std::remainder(number("DT"), 0.07), 0, 1e-6) << number("DT");
     }
 }
 
