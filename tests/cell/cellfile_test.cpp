@@ -315,6 +315,12 @@ TEST(CellFile, ColoursAlarmsYellowAbortsRedAndLetsEmergenciesBlink) {
     EXPECT_EQ(rules[LOW_ALARM_LIMIT].status, 257);
 }
 
+TEST(CellFile, TakesWhatIsJustWithinItsBounds) {
+    EXPECT_EQ(faults("[real.A]\nlow_abort = 1\nlow_alarm = 1\nhigh_alarm = 1\nhigh_abort = 1\n"
+                     "[real_array.B]\nsize = [1, 2500]\n"),
+              "");
+}
+
 TEST(CellFile, TakesAVariableAndAStatOfTheSameName) {
     EXPECT_EQ(faults("[real.A]\n[stat.A]\nsource = \"A\"\n[real.B]\nexpr = \"A + A.AV\"\n"), "");
 }

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <random>
 #include <sstream>
 #include <thread>
@@ -66,6 +67,15 @@ TEST_F(KeptValues, AreWrittenWhileTheCellRuns) {
     set_real_variable(&record<REAL_VARIABLE>("SP"), 2.5);
     EXPECT_TRUE(scanUntil([&] { return contents(file()) == "ostrel-kept 1\nreal SP bar 2.5\nend 1\n"; }))
         << contents(file());
+}
+
+// Written past the platform's functions, which trap it. A file with such a value would be put aside as a whole.
+TEST_F(KeptValues, ThatAreNoNumbersAreLeftOut) {
+    const std::string lines = setpoint + "[real.GOOD]\nvalue = 4\npersist = true\n";
+    serve(lines);
+    record<REAL_VARIABLE>("SP").value = std::numeric_limits<double>::quiet_NaN();
+    stop();
+    EXPECT_EQ(contents(file()), "ostrel-kept 1\nreal GOOD - 4\nend 1\n");
 }
 
 TEST_F(KeptValues, FollowTheUnitsOfTheCellFile) {

@@ -28,6 +28,14 @@ TEST_F(Scan, FillsARealFromItsFile) {
     EXPECT_GT(+p.last_sampled_time.tv_sec, 1'000'000'000);
 }
 
+TEST_F(Scan, TellsDisplaysWhichLabelsFitEverywhere) {
+    serve(scans + "[real.SIXTEEN_LETTERS_]\n[real.SEVENTEEN_LETTERS]\nevent = \"E\"\n");
+    EXPECT_EQ(+record<REAL_VARIABLE>("SIXTEEN_LETTERS_").label_type, SHORT_LABEL_TYPE);
+    EXPECT_EQ(+record<REAL_VARIABLE>("SEVENTEEN_LETTERS").label_type, LONG_LABEL_TYPE);
+    EXPECT_EQ(+record<REAL_VARIABLE>("SIXTEEN_LETTERS_").event_active, 0);
+    EXPECT_EQ(+record<REAL_VARIABLE>("SEVENTEEN_LETTERS").event_active, 1);
+}
+
 TEST_F(Scan, FillsTheOtherScalars) {
     serve(scans +
           "[integer.I]\nvalue = -7\nunits = \"rpm\"\n[logical.L]\nvalue = true\ntrue_state = \"ON\"\n"

@@ -130,6 +130,19 @@ TEST(Statistics, StartsWithOneSample) {
     EXPECT_DOUBLE_EQ(members[QUAL_F], 0.1);
 }
 
+TEST(Statistics, KnowsNoErrorOfALineThroughTwoPoints) {
+    StatWindow window(10, 1, 95);
+    window.add(0, 7);
+    window.add(1, 9);
+    const StatMembers members = window.compute();
+    EXPECT_DOUBLE_EQ(members[C1], 2);
+    EXPECT_DOUBLE_EQ(members[E0], 0);
+    EXPECT_DOUBLE_EQ(members[E1], 0);
+    EXPECT_NEAR(members[STUD_T], studentT(0.95, 1), 1e-9);
+    window.add(2, 8);
+    EXPECT_NEAR(window.compute()[STUD_T], studentT(0.95, 2), 1e-9) << "of as many samples as there are now";
+}
+
 TEST(Statistics, LeavesOutWhatIsNoNumber) {
     StatWindow window(4, 1, 95);
     window.add(0, 1);
