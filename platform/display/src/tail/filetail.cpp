@@ -69,7 +69,8 @@ bool FileTail::wasWrittenAnew(qint64 size) {
     if (size < m_position)
         return true;
     m_file.seek(m_position - m_latest.size());
-    return m_file.read(m_latest.size()) != m_latest;
+    const QByteArray found = m_file.read(m_latest.size());
+    return found.size() == m_latest.size() && found != m_latest;
 }
 
 TailPiece FileTail::read() {
@@ -89,17 +90,20 @@ TailPiece FileTail::read() {
         m_latest.clear();
         piece.startsAnew = true;
     }
-    if (now.st_size == m_position) {
-        piece.isFollowed = isReplaced && open();
-        piece.startsAnew = piece.startsAnew || piece.isFollowed;
+    const qint64 former = m_position;
+    if (now.st_size > m_position)
+        passOver(now.st_size - m_position, &piece);
+    if (m_position > former) {
+        piece.isFollowed = isReplaced || m_position < now.st_size;
         return piece;
     }
-    passOver(now.st_size - m_position, &piece);
-    piece.isFollowed = isReplaced || m_position < now.st_size;
+    // At its end, or it cannot be read any further.
+    piece.isFollowed = isReplaced && open();
+    piece.startsAnew = piece.startsAnew || piece.isFollowed;
     return piece;
 }
 
-// Reads a slice, and keeps what a view may want of it.
+// Reads a slice, and gives what a view may want of it.
 void FileTail::passOver(qint64 unread, TailPiece* piece) {
     piece->bytes = readBytes();
     if (unread > mostUnread) {
