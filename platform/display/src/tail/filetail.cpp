@@ -13,7 +13,7 @@ constexpr int sliceBytes = 256 * 1024;
 // Of a file that is there already: more than any screen shows.
 constexpr qint64 firstBytes = sliceBytes;
 // From a file that got more than this since the last look, lines are only counted: far more than a view keeps.
-constexpr qint64 mostUnread = 64 * 1024 * 1024;
+constexpr qint64 mostUnread = 64LL * 1024 * 1024;
 // To see that a file was written anew. Logs seldom repeat themselves with a time in each line.
 constexpr int latestBytes = 64;
 
