@@ -8,11 +8,13 @@
 #include "widgets/zelgroupplugin.h"
 #include "widgets/zelgroupplugin_fl.h"
 #include "widgets/zelledplugin.h"
+#include "widgets/zelpushbuttonplugin.h"
 #include "widgets/zelsimplevaluechanindexplugin.h"
 #include "widgets/zelsimplevalueplugin.h"
 #include "widgets/zelsimplevalueplugin_fl.h"
 #include "widgets/zelsliderplugin.h"
 #include "widgets/zeltailplugin.h"
+#include "widgets/zeltogglebuttonplugin.h"
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
@@ -27,6 +29,8 @@ OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
     m_widgets.append(new ZelSimpleValuePlugin(this));
     m_widgets.append(new ZelSimpleValuePlugin_fl(this));
     m_widgets.append(new ZelSimpleValueChanIndexPlugin(this));
+    m_widgets.append(new ZelPushButtonPlugin(this));
+    m_widgets.append(new ZelToggleButtonPlugin(this));
     m_widgets.append(new ZelGroupPlugin(this));
     m_widgets.append(new ZelGroupPlugin_fl(this));
     m_widgets.append(new ZelCmdButtonPlugin(this));

@@ -1,6 +1,8 @@
 // All drawn widgets in all their states on one sheet, to be looked at: drawnsheet FILE.png [RATIO [EYE]]
 #include <ostrel-display/qled.h>
+#include <ostrel-display/qtsvgbutton.h>
 #include <ostrel-display/qtsvgdialgauge.h>
+#include <ostrel-display/qtsvgtoggleswitch.h>
 #include <ostrel-display/slider.h>
 
 #include <QApplication>
@@ -183,7 +185,66 @@ QWidget* largeBoard() {
     return board;
 }
 
-QWidget* board(const QPalette& palette) {
+// One in a state that a picture can only show of a button that is told of it.
+template <class Button>
+Button* buttonIn(const QString& skin, const QString& state, bool isOn, int height) {
+    auto* button = new Button(nullptr);
+    button->setSkin(skin);
+    button->setCheckable(true);
+    button->setChecked(isOn);
+    button->setDown(state == QLatin1String("pressed"));
+    button->setEnabled(state != QLatin1String("disabled"));
+    button->setAttribute(Qt::WA_UnderMouse, state == QLatin1String("hover"));
+    button->setFixedSize(button->sizeHint() * height / button->sizeHint().height());
+    return button;
+}
+
+// A picture of a button that has the focus. Only one of a whole application has it, in a window of its own.
+QLabel* focused(QAbstractButton* button, const QPalette& palette, double ratio) {
+    button->setPalette(palette);
+    button->show();
+    QApplication::setActiveWindow(button);
+    button->setFocus();
+    auto* label = new QLabel;
+    label->setPixmap(QPixmap::fromImage(pictureOf(*button, ratio)));
+    delete button;
+    return label;
+}
+
+const QStringList buttonStates{QStringLiteral("at rest"), QStringLiteral("hover"), QStringLiteral("focus"),
+                               QStringLiteral("pressed"), QStringLiteral("disabled")};
+
+// A row of each skin, a pair of columns of each state: off and on.
+template <class Button>
+void addButtons(QGridLayout* grid, const QStringList& skins, int height, const QPalette& palette, double ratio) {
+    for (const QString& skin : skins) {
+        const int row = grid->rowCount();
+        grid->addWidget(caption(skin), row, 0);
+        for (int state = 0; state < buttonStates.size(); ++state)
+            for (const bool isOn : {false, true}) {
+                QWidget* button = buttonIn<Button>(skin, buttonStates[state], isOn, height);
+                if (buttonStates[state] == QLatin1String("focus"))
+                    button = focused(static_cast<Button*>(button), palette, ratio);
+                grid->addWidget(button, row, 1 + 2 * state + (isOn ? 1 : 0), Qt::AlignCenter);
+            }
+    }
+}
+
+QWidget* buttonBoard(const QPalette& palette, double ratio) {
+    auto* board = new QWidget;
+    auto* grid = new QGridLayout(board);
+    for (int state = 0; state < buttonStates.size(); ++state)
+        grid->addWidget(caption(buttonStates[state]), 0, 1 + 2 * state, 1, 2);
+    const QStringList switchSkins{QStringLiteral("Beryl"), QStringLiteral("BerylSquare")};
+    const QStringList buttonSkins = switchSkins + QStringList(QStringLiteral("MetallicBrush"));
+    addButtons<QtSvgButton>(grid, buttonSkins, 64, palette, ratio);
+    addButtons<QtSvgButton>(grid, buttonSkins, 32, palette, ratio);
+    addButtons<QtSvgToggleSwitch>(grid, switchSkins, 48, palette, ratio);
+    addButtons<QtSvgToggleSwitch>(grid, switchSkins, 28, palette, ratio);
+    return board;
+}
+
+QWidget* board(const QPalette& palette, double ratio) {
     auto* widget = new QWidget;
     widget->setPalette(palette);
     widget->setAutoFillBackground(true);
@@ -195,6 +256,7 @@ QWidget* board(const QPalette& palette) {
     layout->addLayout(row);
     layout->addWidget(dialBoard());
     layout->addWidget(largeBoard());
+    layout->addWidget(buttonBoard(palette, ratio));
     return widget;
 }
 
@@ -212,11 +274,11 @@ int main(int argc, char** argv) {
     auto* layout = new QVBoxLayout(&sheet);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(board(sheet.palette()));
-    layout->addWidget(board(darkPalette()));
+    const double ratio = argc > 2 ? QByteArray(argv[2]).toDouble() : 1.0;
+    layout->addWidget(board(sheet.palette(), ratio));
+    layout->addWidget(board(darkPalette(), ratio));
     sheet.resize(sheet.sizeHint());
 
-    const double ratio = argc > 2 ? QByteArray(argv[2]).toDouble() : 1.0;
     QImage picture(sheet.size() * ratio, QImage::Format_RGB32);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::white);
