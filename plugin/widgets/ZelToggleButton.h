@@ -22,8 +22,8 @@ class Q_DECL_EXPORT ZelToggleButton : public LogicalButton {
     Q_PROPERTY(bool displayAlias READ displayAlias WRITE setDisplayAlias)
 
 public:
-    // The skins of the drawn switch; names and numbers stand in forms.
-    enum BtnType { Beryl = 0, BerylSquare = 1 };
+    // The skins of the drawn switch; names and numbers stand in forms, and other numbers may.
+    enum BtnType : int { Beryl = 0, BerylSquare = 1 };
     Q_ENUM(BtnType)
 
     explicit ZelToggleButton(QWidget* parent = nullptr);

@@ -28,11 +28,11 @@ class Q_DECL_EXPORT ZelPushButton : public LogicalButton {
     Q_PROPERTY(bool dragAndDropEnabled READ dragAndDropEnabled WRITE setDDEnabled)
 
 public:
-    // The skins of the drawn button; names and numbers stand in forms.
-    enum BtnType { Beryl = 0, BerylSquare = 1, MetallicBrush = 2 };
+    // The skins of the drawn button; names and numbers stand in forms, and other numbers may.
+    enum BtnType : int { Beryl = 0, BerylSquare = 1, MetallicBrush = 2 };
     Q_ENUM(BtnType)
     // Toggle: a press flips the variable. Momentary: it is true from a press to the release.
-    enum ToggleType { Toggle = 0, Momentary = 1 };
+    enum ToggleType : int { Toggle = 0, Momentary = 1 };
     Q_ENUM(ToggleType)
 
     explicit ZelPushButton(QWidget* parent = nullptr);

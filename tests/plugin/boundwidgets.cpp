@@ -2,12 +2,15 @@
 #include <ostrel-display/qled.h>
 #include <ostrel-display/slider.h>
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 
 #include "boundwidgetcontract.h"
+#include "widgets/ZelToggleButton.h"
 #include "widgets/dialgauge.h"
 #include "widgets/ledwidget.h"
+#include "widgets/zel_pushbutton.h"
 #include "widgets/zel_simplelogical.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
@@ -101,6 +104,19 @@ QString barText(const OstrelBase& widget) {
     return QString::number(widget.findChild<Slider*>()->Value);
 }
 
+BoundWidget pushButton() {
+    BoundWidget entry = indicator<ZelPushButton>("ZelPushButton", {LOGI_TYPE}, labelText);
+    entry.tipOwners = [](OstrelBase& widget) {
+        return QVector<QWidget*>{&widget, widget.findChild<QWidget*>("name"), widget.findChild<QWidget*>("qtSvgButton"),
+                                 widget.findChild<QWidget*>("value")};
+    };
+    return entry;
+}
+
+QString switchText(const OstrelBase& widget) {
+    return QString::number(widget.findChild<QAbstractButton*>()->isChecked()) + labelText(widget);
+}
+
 }  // namespace
 
 const QVector<BoundWidget>& boundWidgets() {
@@ -113,6 +129,8 @@ const QVector<BoundWidget>& boundWidgets() {
         indicator<ZelLed>("ZelLed", {LOGI_TYPE}, lampText),
         indicator<ZelDialGauge>("ZelDialGauge", {REAL_TYPE, INT_TYPE}, pointerText),
         indicator<ZelSlider>("ZelSlider", {REAL_TYPE, INT_TYPE}, barText),
+        pushButton(),
+        indicator<ZelToggleButton>("ZelToggleButton", {LOGI_TYPE}, switchText),
     };
     return widgets;
 }

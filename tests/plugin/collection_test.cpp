@@ -196,6 +196,10 @@ void CollectionTest::theActionWidgetsDescribeThemselves_data() {
                                    .arg(QLatin1String(name), QLatin1String(contents));
     };
     row("ZelTail", "opntailwidget.h", "zeltail", "<property name=\"name\">\n<string>not_set</string>\n</property>");
+    row("ZelPushButton", "zel_pushbutton.h", "zelpushbutton",
+        "<property name=\"name\">\n<string>not_set</string>\n</property>");
+    row("ZelToggleButton", "ZelToggleButton.h", "zeltogglebutton",
+        "<property name=\"name\">\n<string>not_set</string>\n</property>");
     row("ZelCmdLine", "cmdlinewidget.h", "cmdline",
         "<property name=\"shortcutEnabled\">\n<bool>true</bool>\n</property>\n"
         "<property name=\"saveHistory\">\n<bool>true</bool>\n</property>\n");
