@@ -19,6 +19,7 @@ extern const char* const globalsHost;
 extern const char* const preloadedPlatform;
 extern const char* const designerWitness;
 extern const char* const screenWitness;
+extern const char* const settingsFolder;
 
 extern const char* const version;  // of the project
 

@@ -54,6 +54,12 @@ bool Screen::install(const QString& designerLibrary) {
                        m_folder.filePath(QStringLiteral("plugins/designer/") + QFileInfo(designerLibrary).fileName()));
 }
 
+void Screen::setVariable(const QString& name, const QString& value) {
+    QProcessEnvironment environment = m_process.processEnvironment();
+    environment.insert(name, value);
+    m_process.setProcessEnvironment(environment);
+}
+
 bool Screen::start(const QString& program, const QStringList& words) {
     QFile::remove(m_folder.filePath(QStringLiteral("witness.json")));
     m_process.start(program, words);
@@ -119,10 +125,22 @@ std::optional<QPoint> Screen::restingPlace(const QString& id) const {
     return rests ? std::make_optional(QPoint(at[0].toInt(), at[1].toInt())) : std::nullopt;
 }
 
-bool Screen::click(const QString& id, int button, int times) const {
+bool Screen::pointAt(const QString& id) const {
     const std::optional<QPoint> place = restingPlace(id);
-    return place && xdotool({"mousemove", QString::number(place->x()), QString::number(place->y()), "click", "--repeat",
-                             QString::number(times), "--delay", "60", QString::number(button)});
+    return place && xdotool({"mousemove", QString::number(place->x()), QString::number(place->y())});
+}
+
+bool Screen::click(const QString& id, int button, int times) const {
+    return pointAt(id) &&
+           xdotool({"click", "--repeat", QString::number(times), "--delay", "60", QString::number(button)});
+}
+
+bool Screen::press(const QString& id) const {
+    return pointAt(id) && xdotool({"mousedown", "1"});
+}
+
+bool Screen::release() const {
+    return xdotool({"mouseup", "1"});
 }
 
 bool Screen::focus(const QString& id) const {

@@ -20,6 +20,8 @@ public:
 
     // Into the programs started from then on, beside the witness: a library for Qt Designer.
     bool install(const QString& designerLibrary);
+    // For the programs started from then on.
+    void setVariable(const QString& name, const QString& value);
     bool start(const QString& program, const QStringList& words);
     // Waits until it has ended by itself with that exit code.
     bool endsWith(int code);
@@ -38,6 +40,11 @@ public:
 
     // Waits until the thing has come to rest, then clicks into its middle: button 1 left, 3 right.
     bool click(const QString& id, int button = 1, int times = 1) const;
+    // The left button, held until it is released wherever the pointer is by then.
+    bool press(const QString& id) const;
+    bool release() const;
+    // Where the thing has come to rest.
+    bool pointAt(const QString& id) const;
     // A click gives no window the keys at once: waits until what has them matches.
     bool focus(const QString& id) const;
     bool activate(const QString& id, const QString& window) const;

@@ -7,6 +7,7 @@
 #include "fabric/timermoderator.h"
 #include "qttests.h"
 #include "testcell.h"
+#include "widgets/zel_eventbutton.h"
 #include "window.h"
 
 class LiveDisplayTest : public QObject {
@@ -26,6 +27,7 @@ private slots:
     void operatorHasHisMenu();
     void ctrlLReachesTheForm();
     void formMayCloseTheDisplay();
+    void eventButtonMayCloseTheDisplay();
     void cleanupTestCase();
 
 private:
@@ -135,6 +137,20 @@ void LiveDisplayTest::ctrlLReachesTheForm() {
 void LiveDisplayTest::formMayCloseTheDisplay() {
     QVERIFY(m_window->window().isVisible());
     QVERIFY(QMetaObject::invokeMethod(runQtUIWindow, "closeEvent"));
+    QVERIFY(!m_window->window().isVisible());
+}
+
+// Its first click hides the button itself; one that was shown again closes the display.
+void LiveDisplayTest::eventButtonMayCloseTheDisplay() {
+    m_window->window().show();
+    ZelEventButton button(&m_window->window());
+    button.setSignal(true);
+    button.show();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QVERIFY(!button.isVisible());
+    QVERIFY(m_window->window().isVisible());
+    button.show();
+    QTest::mouseClick(&button, Qt::LeftButton);
     QVERIFY(!m_window->window().isVisible());
 }
 

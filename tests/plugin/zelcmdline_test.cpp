@@ -1,6 +1,4 @@
 // The command line: what is typed becomes child processes, and is remembered.
-#include <dlfcn.h>
-
 #include <QAction>
 #include <QComboBox>
 #include <QGroupBox>
@@ -14,24 +12,8 @@
 #include "commandtest.h"
 #include "qttests.h"
 #include "readouttest.h"
+#include "settingsfolder.h"
 #include "widgets/cmdlinewidget.h"
-
-namespace {
-
-// Where settings really are kept, and where the widget asked for them.
-QString settingsFolder;
-QStringList foldersAsked;
-
-}  // namespace
-
-// Settings of the system stand where the test says.
-void QSettings::setPath(Format format, Scope scope, const QString& path) {
-    foldersAsked.append(QStringLiteral("%1 %2 %3").arg(format).arg(scope).arg(path));
-    using Function = void (*)(Format, Scope, const QString&);
-    static const auto real =
-        reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN9QSettings7setPathENS_6FormatENS_5ScopeERK7QString"));
-    real(format, scope, settingsFolder);
-}
 
 namespace {
 
@@ -141,9 +123,9 @@ private Q_SLOTS:
     void settingsThatCannotBeWrittenAreNoMatter();
 
 private:
-    static QString settingsFile() { return settingsFolder + "/engine test/line.conf"; }
-    static QStringList savedLines();
-    static void saveLines(int count, const QStringList& lines);
+    QString settingsFile() const { return m_settings->filePath("engine test/line.conf"); }
+    QStringList savedLines() const;
+    void saveLines(int count, const QStringList& lines) const;
 
     std::unique_ptr<QTemporaryDir> m_settings;
     std::unique_ptr<Commands> m_commands;
@@ -157,8 +139,8 @@ void ZelCmdLineTest::init() {
     runQtUIWindow = nullptr;
     qstrncpy(OperatorDisplayDir, "engine test", sizeof(OperatorDisplayDir));
     m_settings = std::make_unique<QTemporaryDir>();
-    settingsFolder = m_settings->path();
-    foldersAsked.clear();
+    qputenv(settingsFolderVariable, m_settings->path().toUtf8());
+    settingsFoldersAsked.clear();
     m_commands = std::make_unique<Commands>();
 }
 
@@ -170,7 +152,7 @@ void ZelCmdLineTest::cleanup() {
 }
 
 // The saved lines, sorted, behind their number.
-QStringList ZelCmdLineTest::savedLines() {
+QStringList ZelCmdLineTest::savedLines() const {
     const QSettings settings(settingsFile(), QSettings::IniFormat);
     const int count = settings.value(group + "item_count", -1).toInt();
     QStringList lines;
@@ -181,7 +163,7 @@ QStringList ZelCmdLineTest::savedLines() {
     return lines;
 }
 
-void ZelCmdLineTest::saveLines(int count, const QStringList& lines) {
+void ZelCmdLineTest::saveLines(int count, const QStringList& lines) const {
     QVERIFY(QDir().mkpath(QFileInfo(settingsFile()).path()));
     QSettings settings(settingsFile(), QSettings::IniFormat);
     settings.setValue(group + "item_count", count);
@@ -521,7 +503,7 @@ void ZelCmdLineTest::aFinishedCommandSavesTheHistory() {
     QVERIFY(!QFile::exists(settingsFile()));
     line.enter("true 1");
     QTRY_COMPARE(savedLines(), QStringList({"2", " ", "true 1"}));
-    QCOMPARE(foldersAsked.first(), QString("0 1 /specs/qt"));
+    QCOMPARE(settingsFoldersAsked.first(), QString("0 1 /specs/qt"));
 }
 
 void ZelCmdLineTest::savingIsToldByTheProperty() {
@@ -531,7 +513,7 @@ void ZelCmdLineTest::savingIsToldByTheProperty() {
     m_commands->told("out");
     QVERIFY(allTasksEnd());
     QCoreApplication::processEvents();
-    QCOMPARE(foldersAsked, QStringList());
+    QCOMPARE(settingsFoldersAsked, QStringList());
     // The property counts at the moment when the command has ended.
     line.enter(m_commands->meet("running", {"go"}));
     line.setSaveHistory(true);
@@ -587,7 +569,7 @@ void ZelCmdLineTest::theFormLoadsTheHistory() {
     QCOMPARE(line.items(), QStringList({""}));
     line.setSaveHistory(true);
     QCOMPARE(line.items(), QStringList({"", "true 1", "true 2"}));
-    QCOMPARE(foldersAsked, QStringList({"0 1 /specs/qt"}));
+    QCOMPARE(settingsFoldersAsked, QStringList({"0 1 /specs/qt"}));
     // The blank row stands where the first line of the history is looked for.
     QCOMPARE(line.shownAfter(Qt::Key_Up), QString());
     QCOMPARE(line.shownAfter(Qt::Key_Up), QString("true 1"));
@@ -633,19 +615,19 @@ void ZelCmdLineTest::withoutAHostNothingIsLoaded() {
     Line line;
     line.setSaveHistory(true);
     QCOMPARE(line.items(), QStringList({""}));
-    QCOMPARE(foldersAsked, QStringList());
+    QCOMPARE(settingsFoldersAsked, QStringList());
 }
 
 void ZelCmdLineTest::settingsThatCannotBeWrittenAreNoMatter() {
     runQtUIWindow = &m_host;
     // A file stands where a folder should.
-    QVERIFY(QFile(settingsFolder + "/engine test").open(QIODevice::WriteOnly));
+    QVERIFY(QFile(m_settings->filePath("engine test")).open(QIODevice::WriteOnly));
     Line line;
     line.setSaveHistory(true);
     QCOMPARE(line.items(), QStringList({""}));
     line.enter(m_commands->tell("out"));
     QCOMPARE(m_commands->told("out"), QByteArray("[]"));
-    QTRY_VERIFY(foldersAsked.size() > 1);
+    QTRY_VERIFY(settingsFoldersAsked.size() > 1);
     emit m_host.saveConfig();
     QCOMPARE(line.items().size(), 2);
 }
