@@ -12,7 +12,9 @@
 #include <QThread>
 #include <QXmlStreamReader>
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "paths.h"
 
@@ -26,7 +28,8 @@ constexpr std::pair<const char*, const char*> aliasesOfTheDemo[] = {{"N_MEAN", "
                                                                     {"T_EXH_1", "CYL_EXH_TEMP:0"},
                                                                     {"P_CYL_1", "CYL_PRESSURE:0"}};
 
-// What a form says of the variables of its widgets: their names and units, by the widgets' names.
+// What a form says of the variables of its widgets: their names and units, and those that enable them, by the widgets'
+// names.
 QStringList variablesIn(const QString& file) {
     QFile form(file);
     QStringList lines;
@@ -44,7 +47,8 @@ QStringList variablesIn(const QString& file) {
         if (xml.name() == QLatin1String("widget")) {
             widgets.append(name);
         } else if (xml.name() == QLatin1String("property") &&
-                   (name == QLatin1String("name") || name == QLatin1String("units"))) {
+                   (name == QLatin1String("name") || name == QLatin1String("units") ||
+                    name == QLatin1String("enableVariableName"))) {
             xml.readNextStartElement();
             lines.append(widgets.last() + QLatin1Char('.') + name + QLatin1String(" = ") + xml.readElementText());
         }
@@ -231,11 +235,11 @@ TEST_F(Designer, ShowsAFormWithAZelValueAsTheRealWidget) {
 
 // A form is opened, edited and saved while the cell is there, so that its widgets are bound to variables. What they
 // have made of the names must not become what the form says.
-class DesignerWithCell : public Designer, public testing::WithParamInterface<const char*> {};
+class DesignerWithCell : public Designer, public testing::WithParamInterface<std::string> {};
 
 TEST_P(DesignerWithCell, SavesNamesAndUnits) {
     embedDemoCell();
-    const QString original = QString(paths::sources) + QLatin1String(GetParam());
+    const QString original = QString(paths::sources) + QString::fromStdString(GetParam());
     copyWithLabel(original, QStringLiteral("form.ui"));
     open(QStringLiteral("form.ui"));
     moveLabelAndSave();
@@ -249,11 +253,19 @@ TEST_P(DesignerWithCell, SavesNamesAndUnits) {
     EXPECT_EQ(expected.join('\n').toStdString(), saved.join('\n').toStdString());
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, DesignerWithCell,
-                         testing::Values("/demo-cell/forms/overview.ui", "/demo-cell/forms/simple.ui",
-                                         "/demo-cell/forms/states.ui", "/demo-cell/forms/groups.ui",
-                                         "/tests/designer/parts.ui"),
-                         [](const auto& form) { return QFileInfo(form.param).baseName().toStdString(); });
+// Every form of the demo, and one with what no form of the demo has.
+std::vector<std::string> forms() {
+    std::vector<std::string> all{"/tests/designer/parts.ui"};
+    const QString folder = QStringLiteral("/demo-cell/forms/");
+    const auto names = QDir(QString(paths::sources) + folder).entryList({QStringLiteral("*.ui")});
+    for (const QString& name : names)
+        all.push_back((folder + name).toStdString());
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, DesignerWithCell, testing::ValuesIn(forms()), [](const auto& form) {
+    return QFileInfo(QString::fromStdString(form.param)).baseName().toStdString();
+});
 
 }  // namespace
 
