@@ -7,6 +7,13 @@
 #include "qttests.h"
 #include "widgets/cmd_thread.h"
 
+namespace {
+
+// For a command that would never end: long enough for it to begin.
+constexpr int timeOut = 2000;  // ms
+
+}  // namespace
+
 class CmdThreadTest : public QObject {
     Q_OBJECT
 
@@ -18,6 +25,9 @@ private Q_SLOTS:
     void itEnablesItsParentAtTheEnd();
     void withoutAParentItOnlyRuns();
     void aCommandThatLastsTooLongIsKilled();
+    void eachCommandHasTheTimeToItself();
+    void withoutATimeOutItWaitsOn();
+    void theTimeIsThatOfTheCommandsNotOfTheGui();
     void aDetachedCommandIsNotWaitedFor();
     void aProgramThatIsNotThereIsPassedOver();
     void withoutCommandsItEndsAtOnce();
@@ -26,6 +36,9 @@ private Q_SLOTS:
 private:
     // A program that writes the words that follow it in the text, behind what stands in the file already.
     QString note(const QString& name) const;
+    // A program that writes its process number and then ends by nothing but a kill, or with the folder.
+    QString stubborn(const QString& name) const;
+    bool isAlive(const QString& name) const { return kill(m_commands->contents(name).toInt(), 0) == 0; }
 
     std::unique_ptr<Commands> m_commands;
 };
@@ -40,6 +53,17 @@ QString CmdThreadTest::note(const QString& name) const {
     if (!script.open(QIODevice::WriteOnly))
         return QString();
     script.write("printf '[%s]' \"$@\" >>" + m_commands->path(name).toUtf8());
+    return "sh " + script.fileName();
+}
+
+QString CmdThreadTest::stubborn(const QString& name) const {
+    QFile script(m_commands->path(name + ".sh"));
+    if (!script.open(QIODevice::WriteOnly))
+        return QString();
+    script.write(QStringLiteral("trap '' TERM INT HUP\necho $$ >%1.part && mv %1.part %1\n"
+                                "while [ -e %1 ]; do sleep 0.01; done\n")
+                     .arg(m_commands->path(name))
+                     .toUtf8());
     return "sh " + script.fileName();
 }
 
@@ -80,12 +104,55 @@ void CmdThreadTest::withoutAParentItOnlyRuns() {
     QCOMPARE(m_commands->contents("out"), QByteArray("[]"));
 }
 
+// Nothing less than a kill ends it, and nothing of it stays. What stands behind it in the list waits as long.
 void CmdThreadTest::aCommandThatLastsTooLongIsKilled() {
-    CmdThread thread(m_commands->meet("endless", {"never"}) + ';' + note("out"), 500, false, nullptr);
+    CmdThread thread(stubborn("endless") + ';' + note("out"), timeOut, false, nullptr);
     thread.start();
+    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("endless"), 20000);
+    QVERIFY(isAlive("endless"));
+    QVERIFY(!m_commands->exists("out"));
     QVERIFY(thread.wait(20000));
+    QVERIFY(!isAlive("endless"));
     QCOMPARE(childStates(), QByteArray());
     QCOMPARE(m_commands->contents("out"), QByteArray("[]"));
+}
+
+void CmdThreadTest::eachCommandHasTheTimeToItself() {
+    CmdThread thread(stubborn("first") + ';' + stubborn("second") + ';' + note("out"), timeOut, false, nullptr);
+    thread.start();
+    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("second"), 20000);
+    QVERIFY(!isAlive("first"));
+    QVERIFY(isAlive("second"));
+    QVERIFY(thread.wait(20000));
+    QVERIFY(!isAlive("second"));
+    QCOMPARE(m_commands->contents("out"), QByteArray("[]"));
+}
+
+// It outlives one that is killed meanwhile, and ends as it likes.
+void CmdThreadTest::withoutATimeOutItWaitsOn() {
+    CmdThread patient(m_commands->meet("first", {"go"}) + ';' + note("out"), -1, false, nullptr);
+    CmdThread hasty(stubborn("endless"), timeOut, false, nullptr);
+    patient.start();
+    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
+    hasty.start();
+    QVERIFY(hasty.wait(20000));
+    QVERIFY(patient.isRunning());
+    QVERIFY(!m_commands->exists("out"));
+    m_commands->create("go");
+    QVERIFY(patient.wait(20000));
+    QCOMPARE(m_commands->contents("out"), QByteArray("[]"));
+}
+
+// The thread needs no events of another: the GUI may be busy all the while.
+void CmdThreadTest::theTimeIsThatOfTheCommandsNotOfTheGui() {
+    QPushButton button;
+    button.setEnabled(false);
+    auto* thread = new CmdThread(stubborn("endless"), timeOut, false, &button);
+    thread->start();
+    QVERIFY(thread->wait(20000));
+    QVERIFY(!isAlive("endless"));
+    QVERIFY(!button.isEnabled());
+    QTRY_VERIFY(button.isEnabled());
 }
 
 void CmdThreadTest::aDetachedCommandIsNotWaitedFor() {
