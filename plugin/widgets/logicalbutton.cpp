@@ -34,6 +34,7 @@ void LogicalButton::startAs(const QString& name, const Parts& parts) {
 LogicalButton::Binding LogicalButton::bind(const QString& name) {
     const NameChoice choice = chooseName(name, _name, acceptVariable(name, {LOGI_TYPE}));
     m_mark->show(choice.isMissing);
+    m_boundAt = Reconfig_data->generic_reconfig_count;
     const VAR_FIND_STATUS status = setupVariable(choice.name);
     const bool isRebound = status == VARIABLE_CHANGED || (status == VARIABLE_FOUND && lptr != _ptr);
     if (isRebound)
@@ -75,6 +76,17 @@ LOGICAL_VARIABLE* LogicalButton::record() const {
     return _mem.vari_type == LOGI_TYPE ? static_cast<LOGICAL_VARIABLE*>(_ptr) : nullptr;
 }
 
+LOGICAL_VARIABLE* LogicalButton::recordToWrite() {
+    if (_ptr && m_boundAt != Reconfig_data->generic_reconfig_count)
+        setName(ownName());
+    lptr = record();
+    return lptr;
+}
+
+QString LogicalButton::ownName() const {
+    return _real_name.isEmpty() || _real_name == notSet ? _name : _real_name;
+}
+
 void LogicalButton::showState(const LOGICAL_VARIABLE& record) {
     const bool on = record.value != 0;
     if (takeStateText(record, on, &svalue))
@@ -83,9 +95,8 @@ void LogicalButton::showState(const LOGICAL_VARIABLE& record) {
 }
 
 void LogicalButton::handleWriteValue(QObject*) {
-    lptr = record();
-    if (lptr)
-        set_logical_variable(lptr, lptr->value != 0 ? 0 : 1, 0, nullptr);
+    if (LOGICAL_VARIABLE* const bound = recordToWrite())
+        set_logical_variable(bound, bound->value != 0 ? 0 : 1, 0, nullptr);
 }
 
 // ---- What the form gives ----

@@ -61,6 +61,11 @@ protected:
 
     // The bound record; null without one, and where the store has made a variable of another kind of it.
     LOGICAL_VARIABLE* record() const;
+    // The same for who writes: where the store was reconfigured since, the name is bound anew first, since the record's
+    // place may be another variable's by now. lptr has it too.
+    LOGICAL_VARIABLE* recordToWrite();
+    // The variable's own name, as a reconfiguration looks for it.
+    QString ownName() const;
     // Shows the state where it is not the one shown last.
     void showState(const LOGICAL_VARIABLE& record);
     EnableVariable& enableVariable() { return *m_enable; }
@@ -71,6 +76,7 @@ private:
     Parts m_parts{};
     std::unique_ptr<NotFoundMark> m_mark;
     std::unique_ptr<EnableVariable> m_enable;
+    int m_boundAt = 0;  // reconfigurations of the store when the name was bound last
 };
 
 #endif

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "ui_zel_pushbutton.h"
-#include "variables/names.h"
 #include "widgets/enablevariable.h"
 
 namespace {
@@ -111,11 +110,11 @@ void ZelPushButton::pressed() {
         handleWriteValue(nullptr);
         return;
     }
-    lptr = record();
-    if (!lptr)
+    LOGICAL_VARIABLE* const bound = recordToWrite();
+    if (!bound)
         return;
-    m_held = _real_name.isEmpty() || _real_name == notSet ? _name : _real_name;
-    set_logical_variable(lptr, 1, 0, nullptr);
+    m_held = ownName();
+    set_logical_variable(bound, 1, 0, nullptr);
 }
 
 // Kept: of whichever mouse button.
@@ -123,9 +122,8 @@ void ZelPushButton::released() {
     if (!ui->qtSvgButton->isEnabled() || m_toggleType != Momentary)
         return;
     m_held.clear();
-    lptr = record();
-    if (lptr)
-        set_logical_variable(lptr, 0, 0, nullptr);
+    if (LOGICAL_VARIABLE* const bound = recordToWrite())
+        set_logical_variable(bound, 0, 0, nullptr);
 }
 
 // The widget may show another variable by now, or none, and the store may have moved the record.

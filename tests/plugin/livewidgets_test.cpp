@@ -1,14 +1,18 @@
 // Widgets on a real store, which is served by a process of its own.
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <cstring>
 #include <fstream>
 
 #include "hostlink/globals.h"
 #include "ostrel/storefixture.h"
+#include "widgets/ZelToggleButton.h"
+#include "widgets/zel_pushbutton.h"
 #include "widgets/zel_simplevalue.h"
 #include "widgets/zel_simplevalue_fl.h"
 #include "widgets/zel_simplevaluechanindex.h"
@@ -416,6 +420,126 @@ TEST_F(Channel, LosesAPlaceThatTheNextGenerationHasNot) {
     announce(widget);
     EXPECT_EQ(label(), "");
     EXPECT_EQ(shownBy(widget), "-");
+}
+
+// ---- Buttons ----
+
+void mouse(QWidget* widget, QEvent::Type type) {
+    QMouseEvent event(type, widget->rect().center(), Qt::LeftButton,
+                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+template <class Button>
+class Buttons : public LiveWidgets {
+protected:
+    void bind() { button.setName("RUN"); }
+    QWidget* drawn() { return button.template findChild<QAbstractButton*>(); }
+    void click() {
+        mouse(drawn(), QEvent::MouseButtonPress);
+        mouse(drawn(), QEvent::MouseButtonRelease);
+    }
+
+    Button button;
+};
+
+using ButtonTypes = testing::Types<ZelPushButton, ZelToggleButton>;
+TYPED_TEST_SUITE(Buttons, ButtonTypes);
+
+TYPED_TEST(Buttons, WhatTheyWriteIsInTheListOfWrites) {
+    this->configure({"put 56 3 RUN"});
+    this->bind();
+    this->writes();
+    this->click();
+    EXPECT_EQ(this->logical("RUN"), 1);
+    const auto writes = this->writes();
+    ASSERT_EQ(writes.size(), 1u);
+    EXPECT_NE(writes[0].find("RUN"), std::string::npos) << writes[0];
+}
+
+TYPED_TEST(Buttons, ARefusedWriteLeavesTheState) {
+    this->configure({"put 56 3 RUN"});
+    this->bind();
+    ASSERT_EQ(this->server.tell("rule RUN 0 - -"), "ok");
+    this->click();
+    this->button.ostrelTimerEvent(1000);
+    EXPECT_EQ(this->logical("RUN"), 0);
+    auto* drawn = this->button.template findChild<QAbstractButton*>();
+    EXPECT_FALSE(drawn->isChecked());
+}
+
+// The operator may be faster than the news.
+TYPED_TEST(Buttons, LeaveTheVariableThatTookThePlaceOfTheirOwn) {
+    this->configure({"put 56 3 RUN"});
+    this->bind();
+    this->configure({"put 56 3 OTHER"});
+    this->click();
+    EXPECT_EQ(this->logical("OTHER"), 0);
+    EXPECT_EQ(this->button.ptr(), nullptr);
+}
+
+TYPED_TEST(Buttons, SwitchTheVariableOfTheNextGeneration) {
+    this->configure({"put 56 3 RUN"});
+    this->bind();
+    auto* before = this->template record<LOGICAL_VARIABLE>("RUN");
+    this->makeGeneration({"put 56 3 OTHER", "put 56 3 RUN"});
+    this->click();
+    EXPECT_EQ(this->logical("RUN"), 1);
+    EXPECT_EQ(this->logical("OTHER"), 0);
+    EXPECT_EQ(+before->value, 0);
+}
+
+TYPED_TEST(Buttons, FollowTheEnableVariableOfTheNextGeneration) {
+    this->configure({"put 56 3 RUN", "put 56 3 READY"});
+    this->bind();
+    this->button.setEnableVariableName("READY");
+    EXPECT_FALSE(this->drawn()->isEnabled());
+    this->makeGeneration({"put 56 3 RUN", "put 56 3 OTHER", "put 56 3 READY"});
+    this->template record<LOGICAL_VARIABLE>("READY")->value = 1;
+    this->button.ostrelTimerEvent(1000);
+    EXPECT_TRUE(this->drawn()->isEnabled());
+}
+
+class HeldButton : public LiveWidgets {
+protected:
+    void hold() {
+        configure({"put 56 3 HORN"});
+        button.setName("HORN");
+        button.setToggleType(ZelPushButton::Momentary);
+        mouse(button.findChild<QAbstractButton*>(), QEvent::MouseButtonPress);
+        ASSERT_EQ(logical("HORN"), 1);
+    }
+
+    ZelPushButton button;
+};
+
+TEST_F(HeldButton, LetsTheVariableOfTheNextGenerationGo) {
+    hold();
+    makeGeneration({"put 56 3 OTHER", "put 56 3 HORN"});
+    record<LOGICAL_VARIABLE>("HORN")->value = 1;
+    record<LOGICAL_VARIABLE>("OTHER")->value = 1;
+    button.setEnabled(false);
+    EXPECT_EQ(logical("HORN"), 0);
+    EXPECT_EQ(logical("OTHER"), 1);
+}
+
+TEST_F(HeldButton, ReleasesTheVariableOfTheNextGeneration) {
+    hold();
+    makeGeneration({"put 56 3 OTHER", "put 56 3 HORN"});
+    record<LOGICAL_VARIABLE>("HORN")->value = 1;
+    record<LOGICAL_VARIABLE>("OTHER")->value = 1;
+    mouse(button.findChild<QAbstractButton*>(), QEvent::MouseButtonRelease);
+    EXPECT_EQ(logical("HORN"), 0);
+    EXPECT_EQ(logical("OTHER"), 1);
+}
+
+TEST_F(HeldButton, LeavesTheVariableThatTookThePlaceOfItsOwn) {
+    hold();
+    configure({"put 56 3 OTHER"});
+    record<LOGICAL_VARIABLE>("OTHER")->value = 1;
+    mouse(button.findChild<QAbstractButton*>(), QEvent::MouseButtonRelease);
+    button.setEnabled(false);
+    EXPECT_EQ(logical("OTHER"), 1);
 }
 
 }  // namespace
