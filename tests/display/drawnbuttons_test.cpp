@@ -85,6 +85,11 @@ private Q_SLOTS:
     void aDisabledOneTakesNothing();
     void aFingerClicks();
     void aFingerThatSlidesOffCancels();
+    void aFingerThatTheScreenLosesCancels();
+    void aFingerOnAnotherLetsThisGo();
+    void aSecondFingerOnTheSameIsNothing();
+    void twoQuickTapsAreADoubleClick();
+    void aDisabledOneTakesNoFinger();
     void tabReachesThem();
     void keysPressAsTheMouseDoes_data();
     void keysPressAsTheMouseDoes();
@@ -291,7 +296,7 @@ void DrawnButtonsTest::aDisabledOneTakesNothing() {
 void DrawnButtonsTest::aFingerClicks() {
     ButtonPanel panel(make());
     panel.touch(panel.button->geometry().center());
-    QVERIFY(panel.button->isDown());
+    QVERIFY(panel.button->isDown() && panel.button->hasFocus());
     panel.lift(panel.button->geometry().center());
     QVERIFY(!panel.button->isDown());
     QCOMPARE(panel.clicks->count(), 1);
@@ -305,6 +310,69 @@ void DrawnButtonsTest::aFingerThatSlidesOffCancels() {
     panel.slide(off);
     panel.lift(off);
     QVERIFY(!panel.button->isDown());
+    QCOMPARE(panel.clicks->count(), 0);
+}
+
+void DrawnButtonsTest::aFingerThatTheScreenLosesCancels() {
+    ButtonPanel panel(make());
+    panel.touch(panel.button->geometry().center());
+    QTouchEvent cancel(QEvent::TouchCancel, touchScreen());
+    QApplication::sendEvent(panel.button, &cancel);
+    QVERIFY(!panel.button->isDown());
+    QCOMPARE(panel.clicks->count(), 0);
+    QCOMPARE(panel.mouse->heard, QStringList({"press 1", "release 1"}));
+    panel.lift(panel.button->geometry().center());
+}
+
+void DrawnButtonsTest::aFingerOnAnotherLetsThisGo() {
+    ButtonPanel panel(make());
+    QAbstractButton* second = make();
+    second->setParent(&panel.window);
+    second->setGeometry(100, 120, 120, 60);
+    second->show();
+    const QPoint first = panel.button->geometry().center();
+    const QPoint below = second->geometry().center();
+    QTest::touchEvent(&panel.window, touchScreen()).press(0, first, &panel.window);
+    QTest::touchEvent(&panel.window, touchScreen()).stationary(0).press(1, below, &panel.window);
+    QVERIFY(second->isDown() && second->hasFocus());
+    QVERIFY(!panel.button->isDown());
+    QTest::touchEvent(&panel.window, touchScreen()).release(0, first, &panel.window).stationary(1);
+    QVERIFY(second->isDown());
+    QCOMPARE(panel.clicks->count(), 0);
+    QTest::touchEvent(&panel.window, touchScreen()).release(1, below, &panel.window);
+    QVERIFY(!second->isDown());
+    QCOMPARE(panel.mouse->heard, QStringList({"press 1", "release 1"}));
+}
+
+void DrawnButtonsTest::aSecondFingerOnTheSameIsNothing() {
+    ButtonPanel panel(make());
+    const QPoint on = panel.button->geometry().center();
+    QTest::touchEvent(&panel.window, touchScreen()).press(0, on, &panel.window);
+    QTest::touchEvent(&panel.window, touchScreen()).stationary(0).press(1, on + QPoint(8, 8), &panel.window);
+    QTest::touchEvent(&panel.window, touchScreen()).stationary(0).release(1, on + QPoint(8, 8), &panel.window);
+    QVERIFY(panel.button->isDown());
+    QCOMPARE(panel.mouse->heard, QStringList("press 1"));
+    QTest::touchEvent(&panel.window, touchScreen()).release(0, on, &panel.window);
+    QCOMPARE(panel.clicks->count(), 1);
+}
+
+void DrawnButtonsTest::twoQuickTapsAreADoubleClick() {
+    ButtonPanel panel(make());
+    const QPoint on = panel.button->geometry().center();
+    for (int i = 0; i < 2; ++i) {
+        panel.touch(on);
+        panel.lift(on);
+    }
+    QCOMPARE(panel.mouse->heard, QStringList({"press 1", "release 1", "release 1"}));
+    QVERIFY(!panel.button->isDown());
+}
+
+void DrawnButtonsTest::aDisabledOneTakesNoFinger() {
+    ButtonPanel panel(make());
+    panel.button->setEnabled(false);
+    panel.touch(panel.button->geometry().center());
+    QVERIFY(!panel.button->isDown());
+    panel.lift(panel.button->geometry().center());
     QCOMPARE(panel.clicks->count(), 0);
 }
 

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void aReleaseOnADisabledButtonWritesNothing();
     void aKeyHoldsIt();
     void aFingerHoldsIt();
+    void twoQuickTapsFlipOnce();
     void thePointerThatLeavesHoldsOn();
 
     void itLetsGoWhenItLosesTheFocus();
@@ -358,6 +359,17 @@ void ZelPushButtonTest::aFingerHoldsIt() {
     QCOMPARE(writes(), QStringList(pressed));
     QTest::touchEvent(&panel.window, screen).release(0, off, &panel.window);
     QCOMPARE(writes(), QStringList({pressed, released}));
+}
+
+void ZelPushButtonTest::twoQuickTapsFlipOnce() {
+    Panel panel(ZelPushButton::Toggle);
+    QTouchDevice* const screen = QTest::createTouchDevice();
+    const QPoint on = panel.button->mapTo(&panel.window, panel.middle());
+    for (int i = 0; i < 2; ++i) {
+        QTest::touchEvent(&panel.window, screen).press(0, on, &panel.window);
+        QTest::touchEvent(&panel.window, screen).release(0, on, &panel.window);
+    }
+    QCOMPARE(writes(), QStringList(pressed));
 }
 
 // The hand has not let go, and the button looks so.

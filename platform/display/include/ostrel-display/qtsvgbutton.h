@@ -13,8 +13,8 @@
 //
 // For one who listens to its mouse events: it is pressed from a press to the release, wherever the pointer goes
 // meanwhile, though only a release on it is a click. The second press of a double click is none. Space, the return keys
-// and a screen reader press it as the left mouse button would, in its middle, so that they are heard too; a touch
-// screen does so anyway.
+// and a screen reader press it as the left mouse button would, in its middle, and a finger where it is, so that they
+// are heard too.
 //
 // The widget library knows this class by this header alone and calls ordinary members of a shared library, so a site
 // may bring a class of its own with the same members. GUI thread only.
@@ -37,6 +37,7 @@ public Q_SLOTS:
     void setSkin(const QString& skin);
 
 protected:
+    bool event(QEvent* event) override;
     bool hitButton(const QPoint& position) const override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -35,6 +35,7 @@ public Q_SLOTS:
     void setSkin(const QString& skin);
 
 protected:
+    bool event(QEvent* event) override;
     bool hitButton(const QPoint& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

@@ -1,10 +1,12 @@
 #include "drawn/buttonface.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QStyleHints>
+#include <QTouchEvent>
 
 #include "drawn/contrast.h"
 
@@ -30,14 +32,21 @@ bool pressesButtons(int key) {
 }
 
 // Through the application, so that those who listen to the button's mouse hear it.
-void sendMouse(QAbstractButton* button, QEvent::Type type) {
-    const QPointF middle = button->rect().center();
-    const QPoint window = button->mapTo(button->window(), middle.toPoint());
-    const bool isHeld = type == QEvent::MouseButtonPress;
-    QMouseEvent event(type, middle, window, button->mapToGlobal(middle.toPoint()), Qt::LeftButton,
-                      isHeld ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier, Qt::MouseEventSynthesizedByApplication);
+void sendMouse(QAbstractButton* button, QEvent::Type type, const QPointF& place) {
+    const QPoint window = button->mapTo(button->window(), place.toPoint());
+    const bool isHeld = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, place, window, button->mapToGlobal(place.toPoint()),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, isHeld ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier, Qt::MouseEventSynthesizedByApplication);
     QCoreApplication::sendEvent(button, &event);
 }
+
+void sendMouse(QAbstractButton* button, QEvent::Type type) {
+    sendMouse(button, type, button->rect().center());
+}
+
+// On no button.
+constexpr QPointF elsewhere(-1.0, -1.0);
 
 }  // namespace
 
@@ -51,6 +60,7 @@ void clickAsMouse(QAbstractButton* button) {
 ButtonFace::ButtonFace(QAbstractButton* button, ButtonSkins skins)
     : m_button(button), m_skins(std::move(skins)), m_name(m_skins.names.first()), m_skin(skinOf(m_skins, m_name)) {
     button->setAttribute(Qt::WA_Hover);
+    button->setAttribute(Qt::WA_AcceptTouchEvents);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     // Also without its key: where the button loses the focus.
@@ -133,4 +143,35 @@ bool ButtonFace::keyReleased(const QKeyEvent& event) {
     if (!event.isAutoRepeat() && event.key() == m_key)
         sendMouse(m_button, QEvent::MouseButtonRelease);
     return true;
+}
+
+void ButtonFace::touched(const QTouchEvent& event) {
+    if (event.type() == QEvent::TouchCancel)
+        fingerUp(elsewhere);
+    for (const QTouchEvent::TouchPoint& point : event.touchPoints()) {
+        if (point.state() == Qt::TouchPointPressed && m_finger < 0 && !m_button->isDown()) {
+            m_finger = point.id();
+            fingerDown(point.pos());
+        } else if (point.id() == m_finger && point.state() == Qt::TouchPointMoved) {
+            sendMouse(m_button, QEvent::MouseMove, point.pos());
+        } else if (point.id() == m_finger && point.state() == Qt::TouchPointReleased) {
+            fingerUp(point.pos());
+        }
+    }
+}
+
+void ButtonFace::fingerDown(const QPointF& place) {
+    const bool isSecond =
+        m_sinceTouch.isValid() && !m_sinceTouch.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    m_sinceTouch.invalidate();
+    if (!isSecond)
+        m_sinceTouch.start();
+    sendMouse(m_button, isSecond ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress, place);
+}
+
+void ButtonFace::fingerUp(const QPointF& place) {
+    if (m_finger < 0)
+        return;
+    m_finger = -1;
+    sendMouse(m_button, QEvent::MouseButtonRelease, place);
 }

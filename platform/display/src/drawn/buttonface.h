@@ -1,7 +1,8 @@
-// What the drawn buttons share: their skins, and the keys that press them.
+// What the drawn buttons share: their skins, and the keys and fingers that press them.
 #ifndef OSTREL_DISPLAY_DRAWN_BUTTONFACE_H
 #define OSTREL_DISPLAY_DRAWN_BUTTONFACE_H
 
+#include <QElapsedTimer>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -10,6 +11,7 @@
 
 class QAbstractButton;
 class QKeyEvent;
+class QTouchEvent;
 
 // The names of a button's skins, and their files' name before the skin's.
 struct ButtonSkins {
@@ -36,15 +38,21 @@ public:
     // Presses and releases the button by mouse events, for the keys that do so. False for another key.
     bool keyPressed(const QKeyEvent& event);
     bool keyReleased(const QKeyEvent& event);
+    // The same for one finger, whatever the others do. One that the screen loses clicks nothing.
+    void touched(const QTouchEvent& event);
 
 private:
     QStringList elements() const;
+    void fingerDown(const QPointF& place);
+    void fingerUp(const QPointF& place);
 
     QAbstractButton* m_button;
     ButtonSkins m_skins;
     QString m_name;
     SvgSkin m_skin;
-    int m_key = 0;  // that holds the button
+    int m_key = 0;      // that holds the button
+    int m_finger = -1;  // the same
+    QElapsedTimer m_sinceTouch;
 };
 
 // Presses and releases the button's middle as the left mouse button does.

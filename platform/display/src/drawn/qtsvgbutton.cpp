@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QTouchEvent>
 
 #include "drawn/accessiblebutton.h"
 #include "drawn/accessibledrawing.h"
@@ -45,6 +46,20 @@ QSize QtSvgButton::sizeHint() const {
 
 QSize QtSvgButton::minimumSizeHint() const {
     return d->face.minimumSizeHint();
+}
+
+bool QtSvgButton::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+            if (isEnabled())
+                d->face.touched(static_cast<QTouchEvent&>(*event));
+            return true;
+        default:
+            return QAbstractButton::event(event);
+    }
 }
 
 bool QtSvgButton::hitButton(const QPoint& position) const {

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QTouchEvent>
 
 #include "drawn/accessiblebutton.h"
 #include "drawn/accessibledrawing.h"
@@ -44,6 +45,20 @@ QSize QtSvgToggleSwitch::sizeHint() const {
 
 QSize QtSvgToggleSwitch::minimumSizeHint() const {
     return d->face.minimumSizeHint();
+}
+
+bool QtSvgToggleSwitch::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+            if (isEnabled())
+                d->face.touched(static_cast<QTouchEvent&>(*event));
+            return true;
+        default:
+            return QAbstractButton::event(event);
+    }
 }
 
 bool QtSvgToggleSwitch::hitButton(const QPoint& position) const {
