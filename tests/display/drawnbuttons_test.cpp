@@ -374,6 +374,7 @@ void DrawnButtonsTest::aDisabledOneTakesNoFinger() {
     QVERIFY(!panel.button->isDown());
     panel.lift(panel.button->geometry().center());
     QCOMPARE(panel.clicks->count(), 0);
+    QCOMPARE(panel.mouse->heard, QStringList());
 }
 
 void DrawnButtonsTest::tabReachesThem() {
