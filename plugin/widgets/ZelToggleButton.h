@@ -2,7 +2,7 @@
 #ifndef OSTREL_WIDGETS_ZELTOGGLEBUTTON_H
 #define OSTREL_WIDGETS_ZELTOGGLEBUTTON_H
 
-#include "widgets/logicalbutton.h"
+#include "logicalbutton.h"
 
 namespace Ui {
 class ZelToggleButton;

@@ -2,7 +2,7 @@
 #ifndef OSTREL_WIDGETS_ZEL_PUSHBUTTON_H
 #define OSTREL_WIDGETS_ZEL_PUSHBUTTON_H
 
-#include "widgets/logicalbutton.h"
+#include "logicalbutton.h"
 
 namespace Ui {
 class ZelPushButton;
