@@ -2,12 +2,13 @@
 #ifndef OSTREL_TESTS_DISPLAY_LISTENER_H
 #define OSTREL_TESTS_DISPLAY_LISTENER_H
 
-#include <QAccessible>
-#include <QApplication>
-#include <QStringList>
 #include <QtGui/private/qguiapplication_p.h>
 #include <QtGui/qpa/qplatformaccessibility.h>
 #include <QtGui/qpa/qplatformintegration.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QStringList>
 
 // Hears of values and of lamps while it lives.
 class Listener {
