@@ -1,5 +1,6 @@
 // What an operator waits for with 20,000 variables in the store: the selection dialog on the screen, the first time and
-// again, a group chosen, the next key typed, the list dropped down.
+// again, a group chosen, the next key typed, the list dropped down; the box of a form filled and on the screen, and its
+// look-ups without a screen.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -11,10 +12,11 @@
 #include "hostlink/globals.h"
 #include "selection/variableselectiondialog.h"
 #include "servedstore.h"
+#include "widgets/zelvariablewidget.h"
 
 namespace {
 
-constexpr size_t variables = 20000;
+constexpr int variables = 20000;
 
 // A dialog as a widget opens it, painted.
 class Opened {
@@ -85,6 +87,37 @@ void dropDown(benchmark::State& state) {
     }
 }
 BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::millisecond);
+
+void fillBox(benchmark::State& state) {
+    for (auto _ : state) {
+        ZelVariable box(QT_OSTREL_ANY, nullptr, true, false);
+        box.setVariableTypes(QT_OSTREL_ANY);
+        if (box.comboBox()->count() != variables + 1)
+            state.SkipWithError("the box does not list all variables");
+    }
+}
+BENCHMARK(fillBox)->Name("fill_box")->Unit(benchmark::millisecond);
+
+void showBox(benchmark::State& state) {
+    for (auto _ : state) {
+        ZelVariable box(QT_OSTREL_ANY, nullptr, true, false);
+        box.setVariableTypes(QT_OSTREL_ANY);
+        box.show();
+        if (!QTest::qWaitForWindowExposed(&box))
+            std::abort();
+        box.repaint();
+    }
+}
+BENCHMARK(showBox)->Name("show_box")->Unit(benchmark::millisecond);
+
+void lookUp(benchmark::State& state) {
+    for (auto _ : state) {
+        const std::unique_ptr<QHash<QString, QString>> units(ZelVariable::GetVariablesAndUnitsForType(QT_OSTREL_ANY));
+        if (units->size() != variables)
+            state.SkipWithError("the table does not hold all variables");
+    }
+}
+BENCHMARK(lookUp)->Name("look_up_units")->Unit(benchmark::millisecond);
 
 }  // namespace
 
