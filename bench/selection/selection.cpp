@@ -43,8 +43,8 @@ void open(benchmark::State& state, bool isFirst) {
             state.SkipWithError("the dialog does not list all variables");
     }
 }
-BENCHMARK_CAPTURE(open, first, true)->Name("open_first")->Unit(benchmark::millisecond);
-BENCHMARK_CAPTURE(open, again, false)->Name("open_again")->Unit(benchmark::millisecond);
+BENCHMARK_CAPTURE(open, first, true)->Name("open_first")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(open, again, false)->Name("open_again")->Unit(benchmark::kMillisecond);
 
 void chooseGroup(benchmark::State& state) {
     Opened opened;
@@ -55,7 +55,7 @@ void chooseGroup(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
 }
-BENCHMARK(chooseGroup)->Name("choose_group")->Unit(benchmark::millisecond);
+BENCHMARK(chooseGroup)->Name("choose_group")->Unit(benchmark::kMillisecond);
 
 // One key at a time from the first character of a name to the last, with the completer's list on the screen.
 void type(benchmark::State& state) {
@@ -76,7 +76,7 @@ void type(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
 }
-BENCHMARK(type)->Name("type_key")->Unit(benchmark::millisecond);
+BENCHMARK(type)->Name("type_key")->Unit(benchmark::kMillisecond);
 
 void dropDown(benchmark::State& state) {
     Opened opened;
@@ -86,7 +86,7 @@ void dropDown(benchmark::State& state) {
         opened.variable->hidePopup();
     }
 }
-BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::millisecond);
+BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::kMillisecond);
 
 void fillBox(benchmark::State& state) {
     for (auto _ : state) {
@@ -96,7 +96,7 @@ void fillBox(benchmark::State& state) {
             state.SkipWithError("the box does not list all variables");
     }
 }
-BENCHMARK(fillBox)->Name("fill_box")->Unit(benchmark::millisecond);
+BENCHMARK(fillBox)->Name("fill_box")->Unit(benchmark::kMillisecond);
 
 void showBox(benchmark::State& state) {
     for (auto _ : state) {
@@ -108,7 +108,7 @@ void showBox(benchmark::State& state) {
         box.repaint();
     }
 }
-BENCHMARK(showBox)->Name("show_box")->Unit(benchmark::millisecond);
+BENCHMARK(showBox)->Name("show_box")->Unit(benchmark::kMillisecond);
 
 void lookUp(benchmark::State& state) {
     for (auto _ : state) {
@@ -117,7 +117,7 @@ void lookUp(benchmark::State& state) {
             state.SkipWithError("the table does not hold all variables");
     }
 }
-BENCHMARK(lookUp)->Name("look_up_units")->Unit(benchmark::millisecond);
+BENCHMARK(lookUp)->Name("look_up_units")->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <QCompleter>
 #include <QMessageBox>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cstdlib>
 #include <type_traits>
 
@@ -219,6 +220,12 @@ void ZelVariable::fillBox() {
     connect(completer, QOverload<const QString&>::of(&QCompleter::activated), this, &ZelVariable::setSelectedText);
     m_comboBox->setCompleter(completer);
     prepareForManyNames(m_comboBox);
+    // As wide as the longest entry, without measuring all of them.
+    int longest = 0;
+    for (const QString& entry : qAsConst(m_variables))
+        longest = std::max(longest, entry.size());
+    m_comboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_comboBox->setMinimumContentsLength(longest);
     m_proxy->fill(QStringList(QString()) + m_variables);
     if (!m_variables.isEmpty())
         m_comboBox->setEnabled(true);
