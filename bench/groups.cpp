@@ -66,13 +66,13 @@ void readLargeGroup(benchmark::State& state) {
     for (auto _ : state)
         benchmark::DoNotOptimize(readGroup(text));
 }
-BENCHMARK(readLargeGroup)->Unit(benchmark::microsecond);
+BENCHMARK(readLargeGroup)->Unit(benchmark::kMicrosecond);
 
 void writeLargeGroup(benchmark::State& state) {
     for (auto _ : state)
         benchmark::DoNotOptimize(largeGroup());
 }
-BENCHMARK(writeLargeGroup)->Unit(benchmark::microsecond);
+BENCHMARK(writeLargeGroup)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
