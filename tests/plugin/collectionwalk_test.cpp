@@ -279,7 +279,8 @@ TEST_F(CollectionWalk, EveryPropertyTakesAnything) {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
