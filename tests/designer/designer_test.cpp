@@ -132,7 +132,7 @@ protected:
         m_designer.kill();
         m_designer.waitForFinished();
         if (HasFailure())
-            printf("designer said:\n%s\nwitness said:\n%s\n", m_designer.readAll().constData(),
+            printf("designer said:\n%s\nwitness said:\n%s\n", said().toUtf8().constData(),
                    witness().join('\n').toUtf8().constData());
     }
 
@@ -152,6 +152,13 @@ protected:
     void open(const QString& form) {
         m_designer.start(QString(paths::designer), {path(form)});
         ASSERT_TRUE(m_designer.waitForStarted());
+    }
+
+    // What it has written so far.
+    QString said() {
+        m_designer.waitForReadyRead(0);
+        m_said += QString::fromUtf8(m_designer.readAll());
+        return m_said;
     }
 
     QStringList witness() const {
@@ -227,6 +234,7 @@ protected:
 private:
     QTemporaryDir m_folder;
     QProcess m_designer;
+    QString m_said;
 };
 
 TEST_F(Designer, OffersTheWidgetsInItsPalette) {
@@ -339,6 +347,26 @@ TEST_F(Designer, PlacesEveryWidgetAndADisplayShowsThem) {
     ASSERT_FALSE(picture.isNull());
     for (const Placed& widget : placed)
         EXPECT_FALSE(isBlank(picture.copy(widget.place & picture.rect()))) << qPrintable(widget.widget);
+}
+
+// Ctrl+R opens a window with the form's widgets as they will be. Nothing in it is out of order.
+TEST_F(Designer, PreviewsTheIndicatorsWithoutAComplaint) {
+    embedDemoCell();
+    copyWithLabel(QString(paths::sources) + QStringLiteral("/demo-cell/forms/indicators.ui"),
+                  QStringLiteral("form.ui"));
+    open(QStringLiteral("form.ui"));
+    ASSERT_TRUE(comesToRest(QStringLiteral("at-mover")));
+    const QStringList at = told(QStringLiteral("at-mover")).split(' ');
+    mouse({"mousemove", at[0], at[1], "click", "1"});
+    ASSERT_TRUE(comesTrue([this] {
+        mouse({"key", "ctrl+r"});
+        QThread::msleep(400);
+        return QProcess::execute(QStringLiteral("xdotool"), {"search", "--name", "Preview"}) == 0;
+    }));
+    QStringList complaints = said().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    // Of the witness itself.
+    complaints = complaints.filter(QRegularExpression(QStringLiteral("^(?!.*DesignerWitness)")));
+    EXPECT_EQ(complaints.join(QLatin1Char('\n')).toStdString(), "");
 }
 
 // A form is opened, edited and saved while the cell is there, so that its widgets are bound to variables. What they
