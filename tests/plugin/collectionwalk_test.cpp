@@ -110,6 +110,9 @@ std::vector<QVariant> junkFor(const QMetaProperty& property) {
     using Double = std::numeric_limits<double>;
     constexpr int least = std::numeric_limits<int>::min();
     constexpr int most = std::numeric_limits<int>::max();
+    // Those of Qt hold nothing else.
+    if (property.isEnumType() && qstrcmp(property.enumerator().scope(), "Qt") == 0)
+        return junkOf(0, 1, 2, 3);
     if (property.isEnumType())
         return junkOf(-1, 9999, least, most);
     switch (property.userType()) {
