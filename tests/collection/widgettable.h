@@ -1,6 +1,6 @@
 // The page that lists the widgets with their properties, docs/widgets.md, made from the library itself.
-#ifndef OSTREL_TESTS_PLUGIN_WIDGETTABLE_H
-#define OSTREL_TESTS_PLUGIN_WIDGETTABLE_H
+#ifndef OSTREL_TESTS_COLLECTION_WIDGETTABLE_H
+#define OSTREL_TESTS_COLLECTION_WIDGETTABLE_H
 
 #include <QMap>
 #include <QStringList>
