@@ -177,18 +177,18 @@ QString section(QDesignerCustomWidgetInterface& plugin, QStringList* withoutMean
 
 // As it looks on a display: on a variable that it takes, with a file that it reads.
 void dress(QWidget& widget) {
-    if (auto* const bound = qobject_cast<OstrelBase*>(&widget))
-        for (const char* variable : {"ENGINE_SPEED", "BEACON", "CELL_STATE"}) {
-            bound->setName(QLatin1String(variable));
-            if (bound->ptr())
-                break;
-        }
     widget.setProperty("maximum", 2500);
     widget.setProperty("Maximum", 2500);
     widget.setProperty("memCode", int{AI_REAL_MEM});
     widget.setProperty("memIndex", 1);
     widget.setProperty("FileName", source("/demo-cell/groups/dyno.grp"));
     widget.setProperty("TailFileName", QStringLiteral("LICENSE"));
+    if (auto* const bound = qobject_cast<OstrelBase*>(&widget))
+        for (const char* variable : {"ENGINE_SPEED", "BEACON", "CELL_STATE"}) {
+            bound->setName(QLatin1String(variable));
+            if (bound->ptr())
+                break;
+        }
 }
 
 }  // namespace
