@@ -91,7 +91,7 @@ void onStore(benchmark::State& state) {
         }
     });
 }
-BENCHMARK(onStore)->Name("clients")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::nanosecond);
+BENCHMARK(onStore)->Name("clients")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::kNanosecond);
 
 void onMaps(benchmark::State& state) {
     std::unordered_map<std::string, size_t> places;
@@ -109,7 +109,7 @@ void onMaps(benchmark::State& state) {
             benchmark::DoNotOptimize(values.data());
         });
 }
-BENCHMARK(onMaps)->Name("floor")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::nanosecond);
+BENCHMARK(onMaps)->Name("floor")->Arg(1)->Arg(50)->UseManualTime()->Iterations(5)->Unit(benchmark::kNanosecond);
 
 }  // namespace
 

@@ -43,8 +43,8 @@ void rebuild(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * readouts);
 }
-BENCHMARK_TEMPLATE(rebuild, ZelGroup)->Unit(benchmark::millisecond);
-BENCHMARK_TEMPLATE(rebuild, ZelGroup_fl)->Unit(benchmark::millisecond);
+BENCHMARK_TEMPLATE(rebuild, ZelGroup)->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(rebuild, ZelGroup_fl)->Unit(benchmark::kMillisecond);
 
 void rebuildFloor(benchmark::State& state) {
     QWidget box;
@@ -59,20 +59,20 @@ void rebuildFloor(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * readouts);
 }
-BENCHMARK(rebuildFloor)->Name("rebuild/floor")->Unit(benchmark::millisecond);
+BENCHMARK(rebuildFloor)->Name("rebuild/floor")->Unit(benchmark::kMillisecond);
 
 void readLargeGroup(benchmark::State& state) {
     const QByteArray text = largeGroup();
     for (auto _ : state)
         benchmark::DoNotOptimize(readGroup(text));
 }
-BENCHMARK(readLargeGroup)->Unit(benchmark::microsecond);
+BENCHMARK(readLargeGroup)->Unit(benchmark::kMicrosecond);
 
 void writeLargeGroup(benchmark::State& state) {
     for (auto _ : state)
         benchmark::DoNotOptimize(largeGroup());
 }
-BENCHMARK(writeLargeGroup)->Unit(benchmark::microsecond);
+BENCHMARK(writeLargeGroup)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -32,7 +32,7 @@ void reload(benchmark::State& state) {
         ostrel_server_commit(server);
     }
 }
-BENCHMARK(reload)->Arg(20000)->Unit(benchmark::millisecond);
+BENCHMARK(reload)->Arg(20000)->Unit(benchmark::kMillisecond);
 
 void fillMap(benchmark::State& state) {
     const std::vector<std::string> all = names(state);
@@ -43,7 +43,7 @@ void fillMap(benchmark::State& state) {
         benchmark::DoNotOptimize(map);
     }
 }
-BENCHMARK(fillMap)->Name("floor")->Arg(20000)->Unit(benchmark::millisecond);
+BENCHMARK(fillMap)->Name("floor")->Arg(20000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

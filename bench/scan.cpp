@@ -98,7 +98,7 @@ void scanDemo(benchmark::State& state) {
     for (auto _ : state)
         cell.scan();
 }
-BENCHMARK(scanDemo)->Name("scan_demo")->Unit(benchmark::microsecond);
+BENCHMARK(scanDemo)->Name("scan_demo")->Unit(benchmark::kMicrosecond);
 
 void scanMany(benchmark::State& state) {
     ScannedCell cell(manyText());
@@ -106,7 +106,7 @@ void scanMany(benchmark::State& state) {
         cell.scan();
     state.SetItemsProcessed(state.iterations() * many);
 }
-BENCHMARK(scanMany)->Name("scan")->Arg(many)->Unit(benchmark::microsecond);
+BENCHMARK(scanMany)->Name("scan")->Arg(many)->Unit(benchmark::kMicrosecond);
 
 void computeMany(benchmark::State& state) {
     ScannedCell cell(manyText());
@@ -128,7 +128,7 @@ void computeMany(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * many);
 }
-BENCHMARK(computeMany)->Name("floor")->Arg(many)->Unit(benchmark::microsecond);
+BENCHMARK(computeMany)->Name("floor")->Arg(many)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 // What an operator waits for with 20,000 variables in the store: the selection dialog on the screen, the first time and
-// again, a group chosen, the next key typed, the list dropped down.
+// again, a group chosen, the next key typed, the list dropped down; the box of a form filled and on the screen, and its
+// look-ups without a screen.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -11,10 +12,11 @@
 #include "hostlink/globals.h"
 #include "selection/variableselectiondialog.h"
 #include "servedstore.h"
+#include "widgets/zelvariablewidget.h"
 
 namespace {
 
-constexpr size_t variables = 20000;
+constexpr int variables = 20000;
 
 // A dialog as a widget opens it, painted.
 class Opened {
@@ -41,8 +43,8 @@ void open(benchmark::State& state, bool isFirst) {
             state.SkipWithError("the dialog does not list all variables");
     }
 }
-BENCHMARK_CAPTURE(open, first, true)->Name("open_first")->Unit(benchmark::millisecond);
-BENCHMARK_CAPTURE(open, again, false)->Name("open_again")->Unit(benchmark::millisecond);
+BENCHMARK_CAPTURE(open, first, true)->Name("open_first")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(open, again, false)->Name("open_again")->Unit(benchmark::kMillisecond);
 
 void chooseGroup(benchmark::State& state) {
     Opened opened;
@@ -53,7 +55,7 @@ void chooseGroup(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
 }
-BENCHMARK(chooseGroup)->Name("choose_group")->Unit(benchmark::millisecond);
+BENCHMARK(chooseGroup)->Name("choose_group")->Unit(benchmark::kMillisecond);
 
 // One key at a time from the first character of a name to the last, with the completer's list on the screen.
 void type(benchmark::State& state) {
@@ -74,7 +76,7 @@ void type(benchmark::State& state) {
         QCoreApplication::processEvents();
     }
 }
-BENCHMARK(type)->Name("type_key")->Unit(benchmark::millisecond);
+BENCHMARK(type)->Name("type_key")->Unit(benchmark::kMillisecond);
 
 void dropDown(benchmark::State& state) {
     Opened opened;
@@ -84,7 +86,38 @@ void dropDown(benchmark::State& state) {
         opened.variable->hidePopup();
     }
 }
-BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::millisecond);
+BENCHMARK(dropDown)->Name("drop_down")->Unit(benchmark::kMillisecond);
+
+void fillBox(benchmark::State& state) {
+    for (auto _ : state) {
+        ZelVariable box(QT_OSTREL_ANY, nullptr, true, false);
+        box.setVariableTypes(QT_OSTREL_ANY);
+        if (box.comboBox()->count() != variables + 1)
+            state.SkipWithError("the box does not list all variables");
+    }
+}
+BENCHMARK(fillBox)->Name("fill_box")->Unit(benchmark::kMillisecond);
+
+void showBox(benchmark::State& state) {
+    for (auto _ : state) {
+        ZelVariable box(QT_OSTREL_ANY, nullptr, true, false);
+        box.setVariableTypes(QT_OSTREL_ANY);
+        box.show();
+        if (!QTest::qWaitForWindowExposed(&box))
+            std::abort();
+        box.repaint();
+    }
+}
+BENCHMARK(showBox)->Name("show_box")->Unit(benchmark::kMillisecond);
+
+void lookUp(benchmark::State& state) {
+    for (auto _ : state) {
+        const std::unique_ptr<QHash<QString, QString>> units(ZelVariable::GetVariablesAndUnitsForType(QT_OSTREL_ANY));
+        if (units->size() != variables)
+            state.SkipWithError("the table does not hold all variables");
+    }
+}
+BENCHMARK(lookUp)->Name("look_up_units")->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -2,10 +2,10 @@
 
 #include <ostrel/store.h>
 
-#include <cstdio>
 #include <cstdlib>
+#include <type_traits>
 
-#include "selection/cataloguesections.h"
+#include "selection/cataloguewalk.h"
 #include "variables/recordtext.h"
 
 namespace {
@@ -34,13 +34,16 @@ const CatalogueSection& sectionOf(SM_AREA_ID area) {
 }
 
 const SYSTEM_ATTRIBUTES& linkedAttributes() {
-    void* Sys_attr = nullptr;
-    if (link_to_memory(SYS_ATTR_MEM, &Sys_attr) != 0 || !Sys_attr) {
-        std::printf("\n %s must be running to use this command\n", "Ostrel");
+    const SYSTEM_ATTRIBUTES* attributes = linkSystemAttributes();
+    if (!attributes)
         std::exit(0);
-    }
-    return *static_cast<const SYSTEM_ATTRIBUTES*>(Sys_attr);
+    return *attributes;
 }
+
+// Their aliases are not in the catalogue.
+template <class Record>
+constexpr bool hasMembers = std::is_same_v<Record, STAT_VARIABLE> || std::is_same_v<Record, COMP_VARIABLE> ||
+                            std::is_same_v<Record, PROP_VARIABLE> || std::is_same_v<Record, EMIS_VARIABLE>;
 
 }  // namespace
 
@@ -60,43 +63,13 @@ void VariableMapList::retrieveData(bool useKeys, QT_OSTREL_VAR_TYPE varType) {
         m_variables_keys->clear();
     else
         m_variables->clear();
-    retrieveGeneralUse(attributes, useKeys, varType);
-    retrieveOtherAreas(attributes, useKeys, varType);
+    walkCatalogue(
+        m_areas, [varType](const CatalogueSection& section) { return section.isTakenBy(varType); },
+        [&](const CatalogueSection& section, void* base) {
+            retrieveSection(section, base, section.count(attributes), section.label, useKeys, false);
+        });
     if (varType == QT_OSTREL_VAR_TYPE(QT_OSTREL_IO_MEM))
         retrieveChannels(attributes, useKeys);
-}
-
-// The area of the reals, linked last, decides for all four; where it does not link the others stay linked.
-void VariableMapList::retrieveGeneralUse(const SYSTEM_ATTRIBUTES& attributes, bool useKeys,
-                                         QT_OSTREL_VAR_TYPE varType) {
-    void* bases[generalUseSections] = {};
-    for (const size_t i : {1, 2, 3, 0})
-        local_link_to_memory(catalogueSections()[i].area, &bases[i]);
-    if (!bases[0])
-        return;
-    for (size_t i = 0; i < generalUseSections; ++i) {
-        const CatalogueSection& section = catalogueSections()[i];
-        if (section.isTakenBy(varType))
-            retrieveSection(section, bases[i], section.count(attributes), section.label, useKeys, false);
-    }
-    for (size_t i = 0; i < generalUseSections; ++i)
-        local_fre_shrd_mem(catalogueSections()[i].area);
-}
-
-// Each area is linked once for all sections in it, whether the filter takes one or not.
-void VariableMapList::retrieveOtherAreas(const SYSTEM_ATTRIBUTES& attributes, bool useKeys,
-                                         QT_OSTREL_VAR_TYPE varType) {
-    const auto end = catalogueSections().end();
-    for (auto section = catalogueSections().begin() + generalUseSections; section != end;) {
-        const SM_AREA_ID area = section->area;
-        void* base = nullptr;
-        const bool isLinked = local_link_to_memory(area, &base);
-        for (; section != end && section->area == area; ++section)
-            if (isLinked && section->isTakenBy(varType))
-                retrieveSection(*section, base, section->count(attributes), section->label, useKeys, false);
-        if (isLinked)
-            local_fre_shrd_mem(area);
-    }
 }
 
 void VariableMapList::retrieveChannels(const SYSTEM_ATTRIBUTES& attributes, bool useKeys) {
@@ -112,40 +85,19 @@ void VariableMapList::retrieveChannels(const SYSTEM_ATTRIBUTES& attributes, bool
 
 void VariableMapList::retrieveSection(const CatalogueSection& section, void* base, short n, const char* label,
                                       bool useKeys, bool useIndexNumber) {
-    void* const start = base ? static_cast<char*>(base) + section.start : nullptr;
-    switch (section.kind) {
-        case REAL_TYPE:
-            return x_label(static_cast<REAL_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case INT_TYPE:
-            return x_label(static_cast<INTEGER_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case LOGI_TYPE:
-            return x_label(static_cast<LOGICAL_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case STRING_TYPE:
-            return x_label(static_cast<STRING_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case REAL_ARRAY_TYPE:
-            return x_label(static_cast<REAL_ARRAY_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case INT_ARRAY_TYPE:
-            return x_label(static_cast<INTEGER_ARRAY_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case LOGI_ARRAY_TYPE:
-            return x_label(static_cast<LOGICAL_ARRAY_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case STRING_ARRAY_TYPE:
-            return x_label(static_cast<STRING_ARRAY_VARIABLE*>(start), n, label, useKeys, useIndexNumber);
-        case STAT_TYPE:
-            return other_label(static_cast<STAT_VARIABLE*>(start), n, label, useKeys);
-        case COMP_TYPE:
-            return other_label(static_cast<COMP_VARIABLE*>(start), n, label, useKeys);
-        case PROP_TYPE:
-            return other_label(static_cast<PROP_VARIABLE*>(start), n, label, useKeys);
-        default:
-            return other_label(static_cast<EMIS_VARIABLE*>(start), n, label, useKeys);
-    }
+    visitRecords(section, base, [&](const auto* records) {
+        if constexpr (hasMembers<std::decay_t<decltype(*records)>>)
+            other_label(records, n, label, useKeys);
+        else
+            x_label(records, n, label, useKeys, useIndexNumber);
+    });
 }
 
 template <class T>
 QStringList VariableMapList::activeEntries(const T* ptr, short n, const QString& group, bool useKeys,
                                            bool useIndexNumber) {
     QStringList list;
-    for (short i = 0; ptr && i < n; ++i) {
+    for (short i = 0; i < n; ++i) {
         if (!ptr[i].active)
             continue;
         if (!useKeys)
@@ -158,7 +110,7 @@ QStringList VariableMapList::activeEntries(const T* ptr, short n, const QString&
 
 template <class T>
 void VariableMapList::appendAliases(const T* ptr, short n, const QString& group, bool useKeys, QStringList* list) {
-    for (short i = 0; ptr && i < n; ++i) {
+    for (short i = 0; i < n; ++i) {
         if (!ptr[i].active)
             continue;
         const QString name = recordText(ptr[i].label);
@@ -174,7 +126,7 @@ void VariableMapList::appendAliases(const T* ptr, short n, const QString& group,
 }
 
 template <class T>
-void VariableMapList::x_label(T* ptr, short n, const char* section_label, bool useKeys, bool useIndexNumber) {
+void VariableMapList::x_label(const T* ptr, short n, const char* section_label, bool useKeys, bool useIndexNumber) {
     const QString group = QString::fromLatin1(section_label);
     QStringList list = activeEntries(ptr, n, group, useKeys, useIndexNumber);
     QStringList aliases;
@@ -186,7 +138,7 @@ void VariableMapList::x_label(T* ptr, short n, const char* section_label, bool u
 }
 
 template <class T>
-void VariableMapList::other_label(T* ptr, short n, const char* section_label, bool useKeys) {
+void VariableMapList::other_label(const T* ptr, short n, const char* section_label, bool useKeys) {
     const QString group = QString::fromLatin1(section_label);
     const QStringList list = activeEntries(ptr, n, group, useKeys, false);
     if (useKeys && !list.isEmpty())

@@ -27,17 +27,15 @@ public:
 
 private:
     void retrieveData(bool useKeys, QT_OSTREL_VAR_TYPE varType);
-    void retrieveGeneralUse(const SYSTEM_ATTRIBUTES& attributes, bool useKeys, QT_OSTREL_VAR_TYPE varType);
-    void retrieveOtherAreas(const SYSTEM_ATTRIBUTES& attributes, bool useKeys, QT_OSTREL_VAR_TYPE varType);
     void retrieveChannels(const SYSTEM_ATTRIBUTES& attributes, bool useKeys);
     void retrieveSection(const CatalogueSection& section, void* base, short n, const char* label, bool useKeys,
                          bool useIndexNumber);
     bool local_link_to_memory(SM_AREA_ID memcode, void** addr) { return m_areas.local_link_to_memory(memcode, addr); }
     void local_fre_shrd_mem(SM_AREA_ID memcode) { m_areas.local_fre_shrd_mem(memcode); }
     template <class T>
-    void x_label(T* ptr, short n, const char* section_label, bool useKeys, bool useIndexNumber);
+    void x_label(const T* ptr, short n, const char* section_label, bool useKeys, bool useIndexNumber);
     template <class T>
-    void other_label(T* ptr, short n, const char* section_label, bool useKeys);
+    void other_label(const T* ptr, short n, const char* section_label, bool useKeys);
     template <class T>
     QStringList activeEntries(const T* ptr, short n, const QString& group, bool useKeys, bool useIndexNumber);
     template <class T>

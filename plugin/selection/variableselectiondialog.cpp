@@ -4,14 +4,12 @@
 
 #include <QCompleter>
 #include <QLineEdit>
-#include <QListView>
 #include <QRegExpValidator>
 #include <QRegularExpression>
-#include <QStandardItemModel>
-#include <algorithm>
 
 #include "hostlink/globals.h"
 #include "selection/memberextensions.h"
+#include "selection/nameorder.h"
 #include "selection/variablemaplist.h"
 #include "ui_variableselectiondialog.h"
 #include "variables/recordtext.h"
@@ -25,22 +23,6 @@ Catalogue* Master_variables = nullptr;
 QT_OSTREL_VAR_TYPE VMLType;
 // The members that were offered last.
 QStringList* Master_subVariables = nullptr;
-
-// Sorts names, and knows when its source holds them in order already: the comparison of names is what a long list takes
-// its time for.
-class NameOrder : public QSortFilterProxyModel {
-public:
-    using QSortFilterProxyModel::QSortFilterProxyModel;
-    void setSourceInOrder(bool isInOrder) { m_sourceIsInOrder = isInOrder; }
-
-protected:
-    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
-        return m_sourceIsInOrder ? left.row() < right.row() : QSortFilterProxyModel::lessThan(left, right);
-    }
-
-private:
-    bool m_sourceIsInOrder = false;
-};
 
 constexpr int drawer = 7;
 constexpr int distanceBelowParent = 40;
@@ -97,17 +79,10 @@ VariableSelectionDialog::~VariableSelectionDialog() = default;
 void VariableSelectionDialog::setUpVariableBox() {
     QComboBox* const box = ui->variableComboBox;
     proxy_ = new NameOrder(box);
-    proxy_->setSourceModel(box->model());
-    box->model()->setParent(proxy_);
-    box->setModel(proxy_);
-    proxy_->setFilterCaseSensitivity(Qt::CaseInsensitive);
     const QRegExp name(QStringLiteral("[A-Za-z_][A-Za-z0-9_]*[\\.]?(\\:[A-Za-z0-9_]*){0,6}"), Qt::CaseSensitive);
     box->setValidator(new QRegExpValidator(name, this));
     box->setCompleter(new QCompleter(box->model(), this));
-    // Every row is a line of text: none of the lists needs to measure all of them.
-    for (QAbstractItemView* view : {box->view(), box->completer()->popup()})
-        if (auto* list = qobject_cast<QListView*>(view))
-            list->setUniformItemSizes(true);
+    prepareForManyNames(box);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }
 
@@ -118,10 +93,8 @@ void VariableSelectionDialog::connectSlots() {
     connect(this, &VariableSelectionDialog::mapParent, this, &VariableSelectionDialog::mapDialog);
     connect(ui->groupComboBox, SIGNAL(currentIndexChanged(QString)), this, SLOT(groupIndexChanged(QString)));
     connect(ui->variableComboBox, &QComboBox::editTextChanged, this, &VariableSelectionDialog::variableEditTextChanged);
-    // The Return key would put a name that is not in the list into it, at its place in the alphabet, and then take the
-    // name that it finds there: another variable than was typed.
-    for (const QComboBox* box : {ui->variableComboBox, ui->subComboBox})
-        disconnect(box->lineEdit(), SIGNAL(returnPressed()), box, nullptr);
+    // As for the variables: the Return key takes no other member than was typed.
+    disconnect(ui->subComboBox->lineEdit(), SIGNAL(returnPressed()), ui->subComboBox, nullptr);
 }
 
 QString VariableSelectionDialog::text() const {
@@ -145,7 +118,7 @@ void VariableSelectionDialog::showEvent(QShowEvent*) {
         ui->groupComboBox->insertItem(0, tr("All Variables"));
     ui->groupComboBox->insertItems(ui->groupComboBox->count(), variables->keys());
     ui->variableComboBox->clear();
-    insertVariables(namesOfAllGroups());
+    proxy_->fill(namesOfAllGroups());
     ui->variableComboBox->clearEditText();
     showOriginalName();
     initializingClass = false;
@@ -169,21 +142,6 @@ QStringList VariableSelectionDialog::namesOfAllGroups() const {
     for (const QStringList& group : qAsConst(*variables))
         names.append(group);
     return names;
-}
-
-// Fills the empty box. The names go into the model behind the sorting one all at once: the box itself would hand them
-// over one by one, each to be sorted in, which takes half a minute for tens of thousands.
-void VariableSelectionDialog::insertVariables(QStringList names) {
-    std::sort(names.begin(), names.end());
-    QList<QStandardItem*> items;
-    items.reserve(names.size());
-    for (const QString& name : qAsConst(names))
-        items.append(new QStandardItem(name));
-    auto* const sorting = static_cast<NameOrder*>(proxy_);
-    sorting->setSourceInOrder(true);
-    static_cast<QStandardItemModel*>(proxy_->sourceModel())->invisibleRootItem()->appendRows(items);
-    sorting->sort(0, Qt::AscendingOrder);
-    sorting->setSourceInOrder(false);
 }
 
 bool VariableSelectionDialog::selectVariable(const QString& listed, const QString& shown) {
@@ -230,7 +188,7 @@ void VariableSelectionDialog::groupIndexChanged(QString item) {
     box->clear();
     box->clearEditText();
     const bool isAll = ui->groupComboBox->currentIndex() == 0;
-    insertVariables(isAll ? namesOfAllGroups() : variables->value(item));
+    proxy_->fill(isAll ? namesOfAllGroups() : variables->value(item));
     if (!isAll && !variables->isEmpty())
         box->setEnabled(true);
     box->setCurrentIndex(0);

@@ -6,11 +6,12 @@
 
 #include <QDialog>
 #include <QMap>
-#include <QSortFilterProxyModel>
 #include <QStringList>
 #include <memory>
 
 #include "variables/kinds.h"
+
+class NameOrder;
 
 namespace Ui {
 class VariableSelectionDialog;
@@ -49,7 +50,6 @@ private Q_SLOTS:
 private:
     void setUpVariableBox();
     void connectSlots();
-    void insertVariables(QStringList names);
     QStringList namesOfAllGroups() const;
     bool selectVariable(const QString& listed, const QString& shown);
     void selectMember(const QString& member);
@@ -61,7 +61,7 @@ private:
     QT_OSTREL_VAR_TYPE varType;
     QString origVarName_;
     QMap<QString, QStringList>* variables = nullptr;  // the kept catalogue
-    QSortFilterProxyModel* proxy_ = nullptr;
+    NameOrder* proxy_ = nullptr;
     QStringList subVariables;  // the members that were offered last, in any dialog
     char default_units[16] = {};
     bool initializingClass = false;

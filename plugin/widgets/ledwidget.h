@@ -28,9 +28,9 @@ class Q_DECL_EXPORT ZelLed : public OstrelBase {
 
 public:
     // Forms hold the names, the lamp is told the numbers.
-    enum ledColor { Red = 0, Green, Yellow, Grey, Orange, Purple, Blue };
+    enum ledColor : int { Red = 0, Green, Yellow, Grey, Orange, Purple, Blue };
     Q_ENUM(ledColor)
-    enum ledShape { Circle = 0, Square, Triangle, Rounded, Triangle_90, Triangle_180, Triangle_270 };
+    enum ledShape : int { Circle = 0, Square, Triangle, Rounded, Triangle_90, Triangle_180, Triangle_270 };
     Q_ENUM(ledShape)
 
     explicit ZelLed(QWidget* parent = nullptr);

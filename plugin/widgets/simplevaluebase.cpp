@@ -4,6 +4,8 @@
 
 #include <QMessageBox>
 #include <QResizeEvent>
+#include <algorithm>
+#include <limits>
 
 #include "fabric/timermoderator.h"
 #include "variables/logicalstate.h"
@@ -91,6 +93,11 @@ void SimpleValueBase::setNameAlignment(Qt::Alignment alignment) {
     m_nameAlignment = alignment;
     m_parts->name->setAlignment(alignment);
     remember("nameAlignment", static_cast<int>(alignment));
+}
+
+int SimpleValueBase::sumOf(int one, int other) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp(qint64{one} + other, qint64{Limits::min()}, qint64{Limits::max()}));
 }
 
 void SimpleValueBase::setNameMaxWidth(int width) {

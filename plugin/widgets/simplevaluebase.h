@@ -61,6 +61,8 @@ protected:
     void bind(const QString& name);
     void sampleValue(bool startup);
     void takeTick(int interval);
+    // Of two heights, for which a form may ask anything.
+    static int sumOf(int one, int other);
     // Takes the decimals that a number is shown with, and shows it with them.
     void showResolution(int decimals);
 

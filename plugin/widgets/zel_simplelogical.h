@@ -48,6 +48,7 @@ private:
     void showNothing();
 
     std::unique_ptr<Ui::ZelSimpleLogical> ui;
+    QString svalue;  // what the label shows; the base's is that of whoever asks for the text
 };
 
 #endif

@@ -43,7 +43,7 @@ void ZelSimpleValue::setValueMaxHeight(int height) {
 }
 
 void ZelSimpleValue::limitFrame() {
-    ui->frame->setMaximumHeight(m_nameMaxHeight + m_valueMaxHeight);
+    ui->frame->setMaximumHeight(sumOf(m_nameMaxHeight, m_valueMaxHeight));
 }
 
 void ZelSimpleValue::setResolution(int decimals) {

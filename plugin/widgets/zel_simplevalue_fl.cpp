@@ -78,7 +78,7 @@ void ZelSimpleValue_fl::setNameMaxHeight(int height) {
 void ZelSimpleValue_fl::setValueMaxHeight(int height) {
     m_valueMaxHeight = height;
     ui->value->setMaximumHeight(height);
-    limitFrameHeight(ui->frame->maximumHeight(), m_nameMaxHeight + m_valueMaxHeight);
+    limitFrameHeight(ui->frame->maximumHeight(), sumOf(m_nameMaxHeight, m_valueMaxHeight));
     remember("valueMaxHeight", height);
 }
 

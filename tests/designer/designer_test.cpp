@@ -3,11 +3,16 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDomDocument>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QRect>
+#include <QRegularExpression>
+#include <QSaveFile>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QXmlStreamReader>
@@ -131,7 +136,7 @@ protected:
         m_designer.kill();
         m_designer.waitForFinished();
         if (HasFailure())
-            printf("designer said:\n%s\nwitness said:\n%s\n", m_designer.readAll().constData(),
+            printf("designer said:\n%s\nwitness said:\n%s\n", said().toUtf8().constData(),
                    witness().join('\n').toUtf8().constData());
     }
 
@@ -153,6 +158,13 @@ protected:
         ASSERT_TRUE(m_designer.waitForStarted());
     }
 
+    // What it has written so far.
+    QString said() {
+        m_designer.waitForReadyRead(0);
+        m_said += QString::fromUtf8(m_designer.readAll());
+        return m_said;
+    }
+
     QStringList witness() const {
         QFile file(path(QStringLiteral("witness.txt")));
         if (!file.open(QIODevice::ReadOnly))
@@ -166,6 +178,32 @@ protected:
             if (line.startsWith(key + QLatin1Char(' ')))
                 return line.mid(key.size() + 1);
         return QString();
+    }
+
+    QStringList allTold(const QString& key) const { return witness().filter(QRegularExpression("^" + key + " ")); }
+
+    // Asks the witness for an entry of the palette, and waits until it knows.
+    void want(const QString& entry) {
+        QSaveFile file(path(QStringLiteral("witness.txt.wanted")));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(entry.toUtf8());
+        ASSERT_TRUE(file.commit());
+        ASSERT_TRUE(comesTrue([&] { return told(QStringLiteral("wanted")) == entry; }));
+    }
+
+    // The form on a display with the demo cell.
+    QImage displayed(const QString& form) {
+        QProcess display;
+        QProcessEnvironment environment = m_designer.processEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        display.setProcessEnvironment(environment);
+        const QString picture = path(QStringLiteral("picture.png"));
+        display.start(QString(paths::display),
+                      {"--cell", QString(paths::sources) + QStringLiteral("/demo-cell/cell.toml"), "--screenshot",
+                       picture, path(form)});
+        EXPECT_TRUE(display.waitForFinished(limit));
+        EXPECT_EQ(display.exitCode(), 0) << display.readAllStandardError().constData();
+        return QImage(picture);
     }
 
     bool comesTrue(const std::function<bool()>& condition) const {
@@ -200,6 +238,7 @@ protected:
 private:
     QTemporaryDir m_folder;
     QProcess m_designer;
+    QString m_said;
 };
 
 TEST_F(Designer, OffersTheWidgetsInItsPalette) {
@@ -231,6 +270,107 @@ TEST_F(Designer, ShowsAFormWithAZelValueAsTheRealWidget) {
           "</customwidget></customwidgets></ui>");
     open(QStringLiteral("value.ui"));
     EXPECT_TRUE(comesTrue([this] { return told(QStringLiteral("placed")) == QLatin1String("ZelValue speed"); }));
+}
+
+// The widgets that a form has outside of others: class and place.
+struct Placed {
+    QString widget;
+    QRect place;
+};
+
+std::vector<Placed> widgetsIn(const QString& file) {
+    QFile form(file);
+    std::vector<Placed> widgets;
+    if (!form.open(QIODevice::ReadOnly))
+        return widgets;
+    QDomDocument document;
+    document.setContent(&form);
+    const QDomElement top = document.documentElement().firstChildElement(QStringLiteral("widget"));
+    for (QDomElement widget = top.firstChildElement(QStringLiteral("widget")); !widget.isNull();
+         widget = widget.nextSiblingElement(QStringLiteral("widget"))) {
+        const QDomElement rect =
+            widget.firstChildElement(QStringLiteral("property")).firstChildElement(QStringLiteral("rect"));
+        const auto number = [&](const char* name) {
+            return rect.firstChildElement(QLatin1String(name)).text().toInt();
+        };
+        widgets.push_back({widget.attribute(QStringLiteral("class")),
+                           QRect(number("x"), number("y"), number("width"), number("height"))});
+    }
+    return widgets;
+}
+
+bool isBlank(const QImage& picture) {
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixel(x, y) != picture.pixel(0, 0))
+                return false;
+    return true;
+}
+
+// A display builder drags one of each onto a form and saves it; the display then shows them where they were put.
+TEST_F(Designer, PlacesEveryWidgetAndADisplayShowsThem) {
+    constexpr int columns = 5;
+    const QSize cell(110, 90);
+    write(QStringLiteral("all.ui"),
+          "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\"><property "
+          "name=\"geometry\"><rect><x>0</x><y>0</y><width>600</width><height>500</height></rect></property>"
+          "</widget></ui>");
+    open(QStringLiteral("all.ui"));
+    ASSERT_TRUE(comesToRest(QStringLiteral("palette")));
+    const QStringList palette = told(QStringLiteral("palette")).split(' ');
+    ASSERT_GE(palette.size(), 14);
+    // What takes other widgets comes last, where nothing is dropped onto it.
+    std::vector<int> order;
+    for (const bool takesOthers : {false, true})
+        for (int i = 0; i < palette.size(); ++i)
+            if (palette[i].startsWith(QLatin1String("ZelGroup")) == takesOthers)
+                order.push_back(i);
+    QPoint at(cell.width() / 2, cell.height() / 2);
+    for (size_t i = 0; i < order.size(); ++i) {
+        want(QString::number(order[i]));
+        ASSERT_TRUE(comesToRest(QStringLiteral("entry")));
+        const QStringList middle = told(QStringLiteral("form")).split(' ');
+        const QPoint corner(middle[0].toInt() - 300, middle[1].toInt() - 250);
+        const QPoint target = corner + at + QPoint(int(i) % columns * cell.width(), int(i) / columns * cell.height());
+        drag(told(QStringLiteral("entry")), QStringLiteral("%1 %2").arg(target.x()).arg(target.y()));
+        ASSERT_TRUE(comesTrue([&] { return allTold(QStringLiteral("placed")).size() == int(i) + 1; }))
+            << qPrintable(palette[order[i]]);
+    }
+    mouse({"key", "ctrl+s"});
+    ASSERT_TRUE(comesTrue([this] { return !told(QStringLiteral("saved")).isEmpty(); }));
+
+    const auto placed = widgetsIn(path(QStringLiteral("all.ui")));
+    QStringList expected;
+    QStringList saved;
+    for (const int entry : order)
+        expected.append(palette[entry]);
+    for (const Placed& widget : placed)
+        saved.append(widget.widget);
+    EXPECT_EQ(saved.join(' ').toStdString(), expected.join(' ').toStdString());
+    const QImage picture = displayed(QStringLiteral("all.ui"));
+    ASSERT_FALSE(picture.isNull());
+    for (const Placed& widget : placed)
+        EXPECT_FALSE(isBlank(picture.copy(widget.place & picture.rect()))) << qPrintable(widget.widget);
+}
+
+// Ctrl+R opens a window with the form's widgets as they will be. Nothing in it is out of order.
+TEST_F(Designer, PreviewsTheIndicatorsWithoutAComplaint) {
+    embedDemoCell();
+    copyWithLabel(QString(paths::sources) + QStringLiteral("/demo-cell/forms/indicators.ui"),
+                  QStringLiteral("form.ui"));
+    open(QStringLiteral("form.ui"));
+    ASSERT_TRUE(comesToRest(QStringLiteral("at-mover")));
+    const QStringList at = told(QStringLiteral("at-mover")).split(' ');
+    mouse({"mousemove", at[0], at[1], "click", "1"});
+    ASSERT_TRUE(comesTrue([this] {
+        mouse({"key", "ctrl+r"});
+        QThread::msleep(400);
+        return QProcess::execute(QStringLiteral("xdotool"), {"search", "--name", "Preview"}) == 0;
+    }));
+    QStringList complaints = said().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    // Of the witness itself.
+    complaints = complaints.filter(QRegularExpression(QStringLiteral("^(?!.*DesignerWitness)")));
+    EXPECT_EQ(complaints.join(QLatin1Char('\n')).toStdString(), "");
 }
 
 // A form is opened, edited and saved while the cell is there, so that its widgets are bound to variables. What they

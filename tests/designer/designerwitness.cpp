@@ -5,9 +5,12 @@
 #include <QDesignerFormWindowInterface>
 #include <QDesignerFormWindowManagerInterface>
 #include <QDesignerWidgetBoxInterface>
+#include <QFile>
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QSaveFile>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTextStream>
 #include <QTimer>
 #include <QTreeWidget>
@@ -18,6 +21,10 @@ namespace {
 QString position(QWidget* widget, QPoint inside) {
     const QPoint point = widget->mapToGlobal(inside);
     return QStringLiteral("%1 %2").arg(point.x()).arg(point.y());
+}
+
+bool isOurs(const QString& group) {
+    return group == QLatin1String("Ostrel") || group == QLatin1String("ValueManager");
 }
 
 // Brings the upper left corner of a form that is larger than its place in the program into view.
@@ -50,30 +57,45 @@ QStringList DesignerWitness::paletteEntries() const {
     const QDesignerWidgetBoxInterface* box = m_core->widgetBox();
     for (int i = 0; box && i < box->categoryCount(); ++i) {
         const auto category = box->category(i);
-        for (int j = 0; category.name() == QLatin1String("Ostrel") && j < category.widgetCount(); ++j)
+        for (int j = 0; isOurs(category.name()) && j < category.widgetCount(); ++j)
             entries.append(category.widget(j).name());
     }
     return entries;
 }
 
-// The widget box is a tree whose groups hold a list view each.
-QString DesignerWitness::paletteEntryPosition() const {
+// The widget box is a tree whose groups hold a list view each. The entry is brought into view.
+QString DesignerWitness::paletteEntryPosition(const QString& wanted) const {
     QWidget* box = m_core->widgetBox();
     auto* tree = box ? box->findChild<QTreeWidget*>() : nullptr;
+    int number = 0;
     for (int i = 0; tree && i < tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* group = tree->topLevelItem(i);
-        group->setExpanded(group->text(0) == QLatin1String("Ostrel"));
+        group->setExpanded(isOurs(group->text(0)));
         auto* list =
             group->childCount() > 0 ? qobject_cast<QAbstractItemView*>(tree->itemWidget(group->child(0), 0)) : nullptr;
         if (!list || !group->isExpanded())
             continue;
-        for (int row = 0; row < list->model()->rowCount(); ++row) {
+        for (int row = 0; row < list->model()->rowCount(); ++row, ++number) {
             const QModelIndex index = list->model()->index(row, 0);
-            if (index.data().toString() == QLatin1String("ZelValue"))
-                return position(list->viewport(), list->visualRect(index).center());
+            if (wanted != index.data().toString() && wanted != QString::number(number))
+                continue;
+            const QPoint middle = list->visualRect(index).center();
+            const int below = list->viewport()->mapTo(tree->viewport(), middle).y() - tree->viewport()->height() / 2;
+            tree->verticalScrollBar()->setValue(tree->verticalScrollBar()->value() + below);
+            return position(list->viewport(), middle);
         }
     }
     return QString();
+}
+
+// The entry that a test asks for, by its name or its number. Such a test needs room for many widgets.
+QString DesignerWitness::wantedEntry() const {
+    QFile file(qEnvironmentVariable("OSTREL_WITNESS") + QLatin1String(".wanted"));
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("ZelValue");
+    QWidget* const program = m_core->widgetBox()->window();
+    program->setGeometry(program->screen()->geometry());
+    return QString::fromUtf8(file.readAll());
 }
 
 void DesignerWitness::report() {
@@ -88,7 +110,9 @@ void DesignerWitness::report() {
         return;
     QTextStream out(&file);
     out << "palette " << paletteEntries().join(QLatin1Char(' ')) << "\n";
-    out << "entry " << paletteEntryPosition() << "\n";
+    const QString wanted = wantedEntry();
+    out << "entry " << paletteEntryPosition(wanted) << "\n";
+    out << "wanted " << wanted << "\n";
     out << "form " << position(form->mainContainer(), form->mainContainer()->rect().center()) << "\n";
     for (QWidget* child : form->mainContainer()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (form->isManaged(child))

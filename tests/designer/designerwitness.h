@@ -7,9 +7,10 @@
 
 class QDesignerFormEditorInterface;
 
-// Once a form is open it writes to the file in OSTREL_WITNESS, again and again: the widget box's entries of the group
-// "Ostrel", where on the screen the entry ZelValue, the form and each widget on it lie, the class of each, and whether
-// the form has changes that its file does not have.
+// Once a form is open it writes to the file in OSTREL_WITNESS, again and again: the widget box's entries of the
+// library, where on the screen one of them, the form and each widget on it lie, the class of each, and whether the form
+// has changes that its file does not have. The entry is ZelValue, or the one whose name or number stands in the file
+// beside it, with ".wanted" behind its name.
 class DesignerWitness : public QObject, public QDesignerCustomWidgetInterface {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QDesignerCustomWidgetInterface")
@@ -31,7 +32,8 @@ public:
 private:
     void report();
     QStringList paletteEntries() const;
-    QString paletteEntryPosition() const;
+    QString paletteEntryPosition(const QString& wanted) const;
+    QString wantedEntry() const;
 
     QDesignerFormEditorInterface* m_core = nullptr;
 };

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "drawn/contrast.h"
+#include "listener.h"
 #include "picture.h"
 #include "qttests.h"
 
@@ -73,6 +74,7 @@ private Q_SLOTS:
     void withoutRoomNothingIsDrawn();
     void itsSizeFollowsTheFont();
     void aScreenReaderIsTold();
+    void aScreenReaderHearsOfEachChangeOnce();
 };
 
 void QLedTest::itIsGreenRedRoundAndDarkAtFirst() {
@@ -313,6 +315,19 @@ void QLedTest::aScreenReaderIsTold() {
     led.setEnabled(false);
     QCOMPARE(spoken->text(QAccessible::Name), QStringLiteral("Oil pump"));
     QVERIFY(spoken->state().disabled);
+}
+
+void QLedTest::aScreenReaderHearsOfEachChangeOnce() {
+    const Listener listener;
+    QLed led;
+    led.show();
+    led.setValue(true);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"checked"}));
+    led.setValue(true);
+    led.setShape(QLed::Square);
+    QCOMPARE(listener.heardAfterEvents(), QStringList());
+    led.setValue(false);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"not checked"}));
 }
 
 OSTREL_TEST(QLedTest)

@@ -11,6 +11,7 @@
 #include <limits>
 
 #include "drawn/contrast.h"
+#include "listener.h"
 #include "picture.h"
 #include "qttests.h"
 
@@ -148,6 +149,7 @@ private Q_SLOTS:
     void fontPaletteAndStateAreFollowed();
     void aRemoteDialIsPlainlyNotLive();
     void aScreenReaderIsTold();
+    void aScreenReaderHearsOfEachChangeOnce();
 };
 
 void QtSvgDialGaugeTest::atFirstItIsAPlainScaleToAHundred() {
@@ -804,6 +806,26 @@ void QtSvgDialGaugeTest::aScreenReaderIsTold() {
     dial.set_remote();
     QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("not live"));
     QVERIFY(std::isnan(value->currentValue().toDouble()));
+}
+
+void QtSvgDialGaugeTest::aScreenReaderHearsOfEachChangeOnce() {
+    const Listener listener;
+    ShownDial shown;
+    Dial& dial = shown.dial;
+    dial.setValue(20.0);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"value 20"}));
+    dial.setValue(20.0);
+    dial.setValue(20.001);
+    QCOMPARE(listener.heardAfterEvents(), QStringList());
+    // The number stays at the end of the scale; that it lies beyond is news.
+    dial.setValue(500.0);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"value 500"}));
+    dial.setMaximum(1000.0);
+    dial.setValue(700.0);
+    dial.setValue(800.0);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"value 800"}));
+    dial.setTicks(4);
+    QCOMPARE(listener.heardAfterEvents(), QStringList());
 }
 
 OSTREL_TEST(QtSvgDialGaugeTest)

@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "drawn/contrast.h"
+#include "listener.h"
 #include "picture.h"
 #include "qttests.h"
 
@@ -111,6 +112,7 @@ private Q_SLOTS:
     void itsSizeFollowsFontAndOrientation();
     void aRemoteSliderIsPlainlyNotLive();
     void aScreenReaderIsTold();
+    void aScreenReaderHearsOfEachChangeOnce();
 };
 
 void SliderTest::atFirstItIsAnEmptyScaleToAHundred() {
@@ -576,6 +578,26 @@ void SliderTest::aScreenReaderIsTold() {
     bar.set_remote();
     QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("not live"));
     QVERIFY(std::isnan(value->currentValue().toDouble()));
+}
+
+void SliderTest::aScreenReaderHearsOfEachChangeOnce() {
+    const Listener listener;
+    ShownBar shown;
+    shown.bar.setProperty("Value", 30.0);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"value 30"}));
+    shown.bar.setProperty("Value", 30.0);
+    shown.bar.setProperty("Value", 30.02);
+    shown.bar.update();
+    QCOMPARE(listener.heardAfterEvents(), QStringList());
+    shown.bar.setProperty("Value", 60.0);
+    shown.bar.setProperty("Value", 70.0);
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"value 70"}));
+    // Written in place, as its widget does.
+    shown.bar.Value = 80.0;
+    shown.bar.update();
+    QCOMPARE(listener.heardAfterEvents(), QStringList({"value 80"}));
+    shown.bar.setProperty("MajorTicks", 3);
+    QCOMPARE(listener.heardAfterEvents(), QStringList());
 }
 
 OSTREL_TEST(SliderTest)

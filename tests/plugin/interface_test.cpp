@@ -20,6 +20,8 @@
 #include "plugintest.h"
 #include "qttests.h"
 #include "widgets/zel_simplelogical.h"
+#include "widgets/zeltable.h"
+#include "widgets/zelvariablewidget.h"
 
 namespace {
 
@@ -124,6 +126,8 @@ void InterfaceTest::theMetaObjectsAreAsWrittenDown() {
     add(&GLOstrelBase::staticMetaObject);
     add(&ostrel_logical_base::staticMetaObject);
     add(&ZelSimpleLogical::staticMetaObject);
+    add(&ZelVariable::staticMetaObject);
+    add(&zelTable::staticMetaObject);
     QStringList lines;
     for (const QStringList& description : qAsConst(classes))
         lines += description;

@@ -1,14 +1,19 @@
 // Widgets on a real store, which is served by a process of its own.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QTableWidget>
 #include <cstring>
 #include <fstream>
 
+#include "core/glostrelbase.h"
+#include "core/ostrel_logical_base.h"
+#include "fabric/timermoderator.h"
 #include "hostlink/globals.h"
 #include "ostrel/storefixture.h"
 #include "widgets/ZelToggleButton.h"
@@ -19,6 +24,8 @@
 #include "widgets/zel_value.h"
 #include "widgets/zelgroupwidget.h"
 #include "widgets/zelgroupwidget_fl.h"
+#include "widgets/zeltable.h"
+#include "widgets/zelvariablewidget.h"
 
 namespace {
 
@@ -540,6 +547,109 @@ TEST_F(HeldButton, LeavesTheVariableThatTookThePlaceOfItsOwn) {
     mouse(button.findChild<QAbstractButton*>(), QEvent::MouseButtonRelease);
     button.setEnabled(false);
     EXPECT_EQ(logical("OTHER"), 1);
+}
+
+// Widgets of a site's own, on the smaller bases.
+
+constexpr int ownRate = 100;
+
+class OwnLogical : public ostrel_logical_base {
+public:
+    OwnLogical() { _updateRate = ownRate; }
+    void setName(const QString& name) override {
+        if (setupVariable(name) == VARIABLE_NOTFOUND)
+            return;
+        lptr = static_cast<LOGICAL_VARIABLE*>(ptr());
+        TimerModerator::requestTimer(this, getSampleRate());
+    }
+    void sample() override { svalue = lptr->value != 0 ? QStringLiteral("on") : QStringLiteral("off"); }
+    QString shown() const { return svalue; }
+};
+
+class OwnPicture : public GLOstrelBase {
+public:
+    ~OwnPicture() override { TimerModerator::releaseFromTimer(this); }
+    void ostrelTimerEvent(int interval) override {
+        if (interval == ownRate)
+            m_height = static_cast<const REAL_VARIABLE*>(ptr())->value;
+    }
+    bool bind(QByteArray name) {
+        return configureSharedMem(name.data()) == 0 && TimerModerator::requestTimer(this, ownRate);
+    }
+    double height() const { return m_height; }
+
+private:
+    double m_height = 0.0;
+};
+
+// A table that its subclass fills, which the base does not.
+class OwnTable : public zelTable {
+public:
+    OwnTable() {
+        auto* cells = findChild<QTableWidget*>(QStringLiteral("tableWidget"));
+        cells->setItem(0, 0, new QTableWidgetItem(QStringLiteral("SPEED")));
+        setNames({QStringLiteral("SPEED")});
+    }
+};
+
+class SitesOwn : public LiveWidgets {
+protected:
+    SitesOwn() { InitializationDone = true; }
+};
+
+TEST_F(SitesOwn, LogicalFollowsItsVariable) {
+    configure({"put 56 3 RUN"});
+    OwnLogical widget;
+    widget.setName(QStringLiteral("RUN"));
+    EXPECT_TRUE(happens([&] { return widget.shown() == QLatin1String("off"); }));
+    record<LOGICAL_VARIABLE>("RUN")->value = 1;
+    EXPECT_TRUE(happens([&] { return widget.shown() == QLatin1String("on"); }));
+}
+
+TEST_F(SitesOwn, PictureFollowsItsVariable) {
+    configure({"put 54 1 LEVEL"});
+    OwnPicture widget;
+    EXPECT_FALSE(widget.bind("NOBODY"));
+    EXPECT_NE(widget.status(), 0);
+    ASSERT_TRUE(widget.bind("LEVEL"));
+    EXPECT_EQ(widget.status(), 0);
+    record<REAL_VARIABLE>("LEVEL")->value = 12.5;
+    EXPECT_TRUE(happens([&] { return widget.height() == 12.5; }));
+}
+
+TEST_F(SitesOwn, TableHoldsWhatItsSubclassPutsIn) {
+    const OwnTable table;
+    const auto* cells = table.findChild<QTableWidget*>(QStringLiteral("tableWidget"));
+    EXPECT_EQ(cells->item(0, 0)->text(), QStringLiteral("SPEED"));
+    EXPECT_EQ(cells->rowCount(), 3);
+    EXPECT_TRUE(table.getNames().isEmpty());
+}
+
+class VariableBox : public LiveWidgets {
+protected:
+    static QStringList sorted(QStringList list) {
+        list.sort();
+        return list;
+    }
+};
+
+TEST_F(VariableBox, ListsWhatTheStoreHas) {
+    configure({"put 54 1 SPEED", "put 56 3 RUN", "array 15 EXH 4", "alias N SPEED 1"});
+    std::strcpy(record<REAL_VARIABLE>("SPEED")->units, "RPM");
+    ZelVariable box(QT_OSTREL_ANY, nullptr, false, false);
+    box.setVariableTypes(QT_OSTREL_REAL | QT_OSTREL_LOGICAL);
+    EXPECT_EQ(sorted(box.variables()).join('|').toStdString(), "EXH|N [RPM]|RUN [Logical]|SPEED [RPM]");
+    EXPECT_EQ(box.comboBox()->count(), 5);
+}
+
+TEST_F(VariableBox, LooksUpNamesAndUnits) {
+    configure({"put 54 1 SPEED", "put 56 3 RUN", "alias N SPEED 1"});
+    std::strcpy(record<REAL_VARIABLE>("SPEED")->units, "RPM");
+    EXPECT_EQ(ZelVariable::GetVariablesForType(QT_OSTREL_REAL_INTEGER).join('|').toStdString(), "N|SPEED");
+    const std::unique_ptr<QHash<QString, QString>> units(ZelVariable::GetVariablesAndUnitsForType(QT_OSTREL_ANY));
+    EXPECT_EQ(units->size(), 3);
+    EXPECT_EQ(units->value(QStringLiteral("N")), QStringLiteral("RPM"));
+    EXPECT_EQ(units->value(QStringLiteral("RUN")), QStringLiteral("Logical"));
 }
 
 }  // namespace

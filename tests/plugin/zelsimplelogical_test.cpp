@@ -41,6 +41,7 @@ private Q_SLOTS:
 
     void theNameAndTheStateAreShown();
     void aTickShowsANewState();
+    void whoAsksForTheTextHidesNoChange();
     void aStateThatRestsTouchesNoLabel();
     void blanksAreNotShownButCompared();
     void theStatusIsSampled();
@@ -139,6 +140,19 @@ void ZelSimpleLogicalTest::aTickShowsANewState() {
     valve.value(-7);
     widget.tick();
     QCOMPARE(widget.state()->text(), QString("OPEN"));
+}
+
+// A host that asked for the text between two ticks was the last to see the new state: the label kept the former.
+void ZelSimpleLogicalTest::whoAsksForTheTextHidesNoChange() {
+    const auto pump = platform().logical("PUMP").value(1).states("RUNNING", "STOPPED");
+    Display widget;
+    widget.setName("PUMP");
+    pump.value(0);
+    const QString* text = widget.sampleReal(true);
+    QVERIFY(text);
+    QCOMPARE(*text, QString("STOPPED"));
+    widget.tick();
+    QCOMPARE(widget.state()->text(), QString("STOPPED"));
 }
 
 void ZelSimpleLogicalTest::aStateThatRestsTouchesNoLabel() {

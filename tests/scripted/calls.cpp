@@ -138,6 +138,8 @@ char* get_variable_units(SHARED_MEMORY mem) {
             return reinterpret_cast<REAL_VARIABLE*>(slot->record())->units;
         case STAT_TYPE:
             return reinterpret_cast<STAT_VARIABLE*>(slot->record())->stat[mem.offset].units;
+        case REAL_ARRAY_TYPE:
+            return reinterpret_cast<REAL_ARRAY_MEMBER*>(slot->elements.get())[mem.offset].units;
         default:
             return none;
     }

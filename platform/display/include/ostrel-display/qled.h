@@ -20,10 +20,10 @@ class Q_DECL_EXPORT QLed : public QWidget {
 
 public:
     // Names and numbers stand in forms.
-    enum ledColor { Red = 0, Green, Yellow, Grey, Orange, Purple, Blue };
+    enum ledColor : int { Red = 0, Green, Yellow, Grey, Orange, Purple, Blue };
     Q_ENUM(ledColor)
     // A triangle points up; the others of its kind are turned clockwise by so many degrees.
-    enum ledShape { Circle = 0, Square, Triangle, Rounded, Triangle_90, Triangle_180, Triangle_270 };
+    enum ledShape : int { Circle = 0, Square, Triangle, Rounded, Triangle_90, Triangle_180, Triangle_270 };
     Q_ENUM(ledShape)
 
     explicit QLed(QWidget* parent = nullptr);

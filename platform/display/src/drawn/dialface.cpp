@@ -304,7 +304,7 @@ void DialFace::paintArc(QPainter& painter, double from, double to, const QColor&
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
     // Qt counts sixteenths of a degree anticlockwise from the right.
-    const int start = qRound((90.0 - angleAt(from)) * 16.0);
+    const int start = qRound(std::remainder(90.0 - angleAt(from), 360.0) * 16.0);
     const int span = qRound(-sweep() * (to - from) * 16.0);
     painter.drawArc(QRectF(m_centre.x() - radius, m_centre.y() - radius, 2.0 * radius, 2.0 * radius), start, span);
 }

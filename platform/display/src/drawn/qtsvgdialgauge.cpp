@@ -32,6 +32,7 @@ struct Q_DECL_HIDDEN QtSvgDialGauge::Private {
     const DialFace& currentFace();
     void dropFace();
     void follow();
+    void tellOfReading();
     void renderPictures(qreal ratio);
 
     template <class Value>
@@ -59,6 +60,8 @@ struct Q_DECL_HIDDEN QtSvgDialGauge::Private {
     std::optional<double> shownAngle;
     QString shownText;
     int shownSide = 0;
+    QString toldText;
+    int toldSide = 0;
 };
 
 const DialFace& QtSvgDialGauge::Private::currentFace() {
@@ -74,6 +77,7 @@ const DialFace& QtSvgDialGauge::Private::currentFace() {
     shownAngle = face->needleAngle(value);
     shownText = face->readingText(value);
     shownSide = face->sideOf(value);
+    tellOfReading();
     return *face;
 }
 
@@ -82,6 +86,20 @@ void QtSvgDialGauge::Private::dropFace() {
     facePicture = {};
     ground = {};
     q->update();
+}
+
+// A screen reader follows what stands on the screen, from the first number on. A new face may bring another one, or the
+// same again.
+void QtSvgDialGauge::Private::tellOfReading() {
+    if (!look.isLive || (shownText == toldText && shownSide == toldSide))
+        return;
+    const bool isFirst = toldText.isNull();
+    toldText = shownText;
+    toldSide = shownSide;
+    if (!isFirst && QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(q, value);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 // Brings the needle and the number to the value.
@@ -95,10 +113,7 @@ void QtSvgDialGauge::Private::follow() {
         shownText = text;
         shownSide = side;
         q->update(face->plateRect());
-        if (QAccessible::isActive()) {
-            QAccessibleValueChangeEvent event(q, value);
-            QAccessible::updateAccessibility(&event);
-        }
+        tellOfReading();
     }
     const std::optional<double> angle = face->needleAngle(value);
     if (angle == shownAngle)

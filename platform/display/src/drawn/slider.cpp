@@ -28,6 +28,7 @@ struct Q_DECL_HIDDEN Slider::Private {
     void set(Field& field, const Field& value);
     void renew();
     void tellOfValue();
+    double leastMove() const { return visibleMove / q->devicePixelRatioF(); }
 
     static QAccessibleInterface* accessible(const QString& className, QObject* object);
     SpokenDrawing speech();
@@ -41,6 +42,7 @@ struct Q_DECL_HIDDEN Slider::Private {
     QPixmap picture;
     // What the last paint event has shown.
     double shownValue = 0.0;
+    double toldValue = 0.0;
 };
 
 const BarFace& Slider::Private::currentFace() {
@@ -91,9 +93,10 @@ void Slider::Private::set(Field& field, const Field& value) {
 
 // Whoever writes the value in place calls nothing but update().
 void Slider::Private::tellOfValue() {
-    if (shownValue == q->Value || (std::isnan(shownValue) && std::isnan(q->Value)))
-        return;
     shownValue = q->Value;
+    if (currentFace().areAlike(shownValue, toldValue, leastMove()))
+        return;
+    toldValue = shownValue;
     if (QAccessible::isActive()) {
         QAccessibleValueChangeEvent event(q, shownValue);
         QAccessible::updateAccessibility(&event);
@@ -175,7 +178,7 @@ void Slider::setValue(double value) {
     if (d->isRemote)
         return;
     const BarFace& face = d->currentFace();
-    if (face.areAlike(value, d->shownValue, visibleMove / devicePixelRatioF()))
+    if (face.areAlike(value, d->shownValue, d->leastMove()))
         return;
     if (std::isfinite(value) && std::isfinite(d->shownValue))
         update(face.barRect());
