@@ -20,6 +20,16 @@ Json eventJson(const ostrel_event_info_t& event) {
                         {"dropped", event.dropped}};
 }
 
+Json eventRoomJson() {
+    ostrel_event_room_t room{};
+    if (ostrel_event_room(&room) != 0)
+        return {};
+    return Json::Object{{"threads", room.threads},
+                        {"most_threads", room.most_threads},
+                        {"events", room.events},
+                        {"most_events", room.most_events}};
+}
+
 struct Area {
     const ostrel_section* section;
     int variables;
@@ -55,11 +65,13 @@ void printAreas() {
 }
 
 void printEvents(const std::vector<ostrel_event_info_t>& events) {
-    if (!mayUseEvents()) {
+    ostrel_event_room_t room{};
+    if (!mayUseEvents() || ostrel_event_room(&room) != 0) {
         std::printf("%-16s not for this user, who may read the store only\n", "events");
         return;
     }
-    std::printf("%-16s %zu\n", "events", events.size());
+    std::printf("%-16s %d of %d\n", "event threads", room.threads, room.most_threads);
+    std::printf("%-16s %d of %d\n", "events", room.events, room.most_events);
     for (const auto& event : events) {
         const std::string period = event.period_ms > 0 ? ", every " + std::to_string(event.period_ms) + " ms" : "";
         std::printf("  %s: raised %llu, attached %d, dropped %llu%s\n", printable(fieldText(event.name)).c_str(),
@@ -92,6 +104,7 @@ int statusCommand(const ostrel_store_status& store, bool json) {
             eventList.push_back(eventJson(event));
         status.emplace_back("areas", areaList);
         status.emplace_back("events", mayUseEvents() ? Json(eventList) : Json());
+        status.emplace_back("event_room", eventRoomJson());
         std::puts(Json(status).text().c_str());
         return store.alive != 0 ? 0 : 1;
     }

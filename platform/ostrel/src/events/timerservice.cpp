@@ -115,9 +115,7 @@ void TimerService::Loop::raiseDueTimers(int64_t now, ThreadSet& toWake) {
     for (Timer& timer : m_timers) {
         if (timer.due > now)
             continue;
-        const ThreadSet sleepers = putMessage(m_memory, timer.event, nullptr, 0);
-        for (size_t word = 0; word < toWake.size(); ++word)
-            toWake[word] |= sleepers[word];
+        putMessage(m_memory, timer.event, nullptr, 0, toWake);
         timer.due = dueAfter(timer, now);
     }
 }

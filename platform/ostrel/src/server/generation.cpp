@@ -68,10 +68,14 @@ std::unique_ptr<Attachment> makeStore(const ostrel_server& server, const std::st
     StoreObjects objects;
     if (!createStoreObjects(objects, objectsName, capacities, server.access, problem))
         return nullptr;
-    fillHeader(objects, server.name, generation);
-    formatEventMemory(objects.events.data());
+    int error = objects.events.reserve(0, eventMemoryHead());
+    if (error == 0) {
+        fillHeader(objects, server.name, generation);
+        formatEventMemory(objects.events.data());
+    }
     auto store = std::make_unique<Attachment>(std::move(objects), server.name);
-    int error = ServedRecords(*store).prepare();
+    if (error == 0)
+        error = ServedRecords(*store).prepare();
     if (error == 0)
         error = publishNames(store->objects(), {}, {});
     if (error != 0) {

@@ -73,6 +73,12 @@ int ostrel_section_capacity(SM_AREA_ID area, SM_VARI_TYPE kind) {
     return store && section >= 0 ? store->capacity(section) : 0;
 }
 
+int ostrel_section_used(SM_AREA_ID area, SM_VARI_TYPE kind) {
+    const Attachment* store = attachment();
+    const int section = sectionNumber(area, kind);
+    return store && section >= 0 ? store->used(section) : 0;
+}
+
 void* get_private_shrd_mem(char* name, size_t size) {
     if (!name || size > privateBlockBytes)
         return nullptr;
