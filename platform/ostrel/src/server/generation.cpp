@@ -68,18 +68,18 @@ std::unique_ptr<Attachment> makeStore(const ostrel_server& server, const std::st
     StoreObjects objects;
     if (!createStoreObjects(objects, objectsName, capacities, server.access, problem))
         return nullptr;
-    int error = objects.events.reserve(0, eventMemoryHead());
-    if (error == 0) {
+    Shortage shortage = objects.events.reserve(0, eventMemoryHead());
+    if (!shortage) {
         fillHeader(objects, server.name, generation);
         formatEventMemory(objects.events.data());
     }
     auto store = std::make_unique<Attachment>(std::move(objects), server.name);
-    if (error == 0)
-        error = ServedRecords(*store).prepare();
-    if (error == 0)
-        error = publishNames(store->objects(), {}, {});
-    if (error != 0) {
-        problem = withoutMemory(error);
+    if (!shortage)
+        shortage = ServedRecords(*store).prepare();
+    if (!shortage)
+        shortage = publishNames(store->objects(), {}, {});
+    if (shortage) {
+        problem = describe(shortage);
         if (!objectsName.empty())
             unlinkStoreObjects(objectsName);
         return nullptr;

@@ -290,9 +290,9 @@ void ostrel_server_commit(ostrel_server* server) {
     server->store->takeServersThread();
     retireDangling(*server);
     fillAliasRecords(*server);
-    if (const int error = server->names->publish())
-        log_error(__FILE__, __LINE__, 1, error, "store %s: the names cannot be made known: %s", server->name.c_str(),
-                  std::strerror(error));
+    if (const Shortage shortage = server->names->publish())
+        log_error(__FILE__, __LINE__, 1, static_cast<short>(shortage.error),
+                  "store %s: the names cannot be made known: %s", server->name.c_str(), describe(shortage).c_str());
     server->records->commit();
     countReconfiguration(*server->store);
     const std::vector<SM_AREA_ID> begun = std::exchange(server->begun, {});

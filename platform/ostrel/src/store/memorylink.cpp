@@ -34,7 +34,7 @@ void* sharedBlock(const Attachment& store, std::string_view name, size_t size) {
             continue;
         const SharedObject& blocks = store.objects().blocks;
         const size_t start = i * privateBlockBytes;
-        if (size > 0 && store.isWritable() && blocks.reserve(start, size) != 0)
+        if (size > 0 && store.isWritable() && blocks.reserve(start, size))
             return nullptr;
         return blocks.data() + start;
     }

@@ -7,9 +7,17 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <utility>
 
 #include "processidentity.h"
+
+std::string describe(const Shortage& shortage) {
+    const std::string wanted = std::to_string(shortage.bytes) + " bytes of shared memory";
+    if (shortage.error == ENOSPC)
+        return "there is no memory left for it, " + wanted + "; free some in /dev/shm";
+    return wanted + ": " + std::strerror(shortage.error);
+}
 
 SharedObject::~SharedObject() {
     if (m_data)
@@ -91,8 +99,9 @@ int SharedObject::open(const std::string& name, size_t size, bool writable) {
     return take(fd, size, writable);
 }
 
-int SharedObject::reserve(size_t offset, size_t length) const {
-    return posix_fallocate(m_fd, static_cast<off_t>(offset), static_cast<off_t>(length));
+Shortage SharedObject::reserve(size_t offset, size_t length) const {
+    const int error = posix_fallocate(m_fd, static_cast<off_t>(offset), static_cast<off_t>(length));
+    return error == 0 ? Shortage{} : Shortage{error, length};
 }
 
 void SharedObject::release(size_t offset, size_t length) const {

@@ -23,6 +23,17 @@ std::string ownershipOf(const std::string& name);
 // True where that name leads to the object that is open there.
 bool leadsTo(const std::string& name, int fd);
 
+// Memory that could not be had; false where there is none missing.
+struct Shortage {
+    int error = 0;  // an errno
+    size_t bytes = 0;
+
+    explicit operator bool() const { return error != 0; }
+};
+
+// What people are told of it.
+std::string describe(const Shortage& shortage);
+
 // Functions with an int result give 0, or the errno of what failed; a failed one leaves the object empty.
 class SharedObject {
 public:
@@ -42,7 +53,7 @@ public:
     int open(const std::string& name, size_t size, bool writable);
 
     // Takes the pages of that range from the system now, so that a full memory is an error here and no signal later.
-    int reserve(size_t offset, size_t length) const;
+    Shortage reserve(size_t offset, size_t length) const;
 
     // Gives the pages of that range back to the system; they are zero from then on.
     void release(size_t offset, size_t length) const;

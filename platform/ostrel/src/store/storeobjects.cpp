@@ -185,10 +185,9 @@ bool createStoreObjects(StoreObjects& objects, const std::string& name, const Ca
             error = createObject(*part.object, name, part.suffix, part.size, access);
     if (error == 0)
         error = createObject(objects.header, name, "", headerObjectBytes, access);
-    if (error == 0)
-        error = objects.header.reserve(0, indexOffset);
-    if (error != 0) {
-        problem = "cannot make its shared memory: " + std::string(std::strerror(error));
+    const Shortage shortage = error == 0 ? objects.header.reserve(0, indexOffset) : Shortage{};
+    if (error != 0 || shortage) {
+        problem = shortage ? describe(shortage) : "cannot make its shared memory: " + std::string(std::strerror(error));
         if (!name.empty())
             unlinkStoreObjects(name);
         return false;
