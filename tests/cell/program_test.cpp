@@ -1,4 +1,6 @@
 // The program ostrel-cell from outside.
+#include <unistd.h>
+
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
@@ -179,6 +181,21 @@ TEST_F(Program, RefusesASecondServer) {
     EXPECT_NE(errors.find(std::to_string(first.pid())), std::string::npos) << errors;
     first.signal(SIGTERM);
     EXPECT_EQ(first.wait(), 0);
+}
+
+TEST_F(Program, RefusesNamesThatSomebodyElseHasTaken) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can give files away";
+    for (const char* part : {".lock", ""}) {
+        const std::string squatted = "/dev/shm/ostrel-" + m_store + part;
+        std::ofstream(squatted) << "mine";
+        ASSERT_EQ(chown(squatted.c_str(), 65534, static_cast<gid_t>(-1)), 0);
+        Process cell(command(write(simple)));
+        EXPECT_EQ(cell.wait(), 1) << part;
+        EXPECT_NE(cell.errors().find("belongs to nobody"), std::string::npos) << part << ": " << cell.errors();
+        EXPECT_EQ(contents(squatted), "mine");
+        std::filesystem::remove(squatted);
+    }
 }
 
 TEST_F(Program, AdoptsTheStoreOfAKilledServer) {

@@ -17,9 +17,6 @@ struct Access {
     gid_t group = 0;
 };
 
-// Whose an object is that may not be opened: its owner and mode, for people.
-std::string ownershipOf(const std::string& name);
-
 // True where that name leads to the object that is open there.
 bool leadsTo(const std::string& name, int fd);
 
@@ -49,7 +46,7 @@ public:
     int createAnonymous(const char* purpose, size_t size);
 
     // An object that is there. ENODATA where it has fewer than `size` bytes: a page behind the end must never be
-    // mapped, for touching it would kill the process.
+    // mapped, for touching it would kill the process. EPERM where it belongs to somebody whose stores are not used.
     int open(const std::string& name, size_t size, bool writable);
 
     // Takes the pages of that range from the system now, so that a full memory is an error here and no signal later.
