@@ -7,6 +7,7 @@
 
 #include "commands.h"
 #include "failure.h"
+#include "ground/printable.h"
 #include "storeaccess.h"
 #include "suggestion.h"
 
@@ -161,7 +162,7 @@ int run(int argc, char** argv) {
 
 void complain(const std::string& message) {
     std::fflush(stdout);
-    std::fprintf(stderr, "ostrel: %s\n", message.c_str());
+    std::fprintf(stderr, "ostrel: %s\n", printableLines(message).c_str());
 }
 
 int main(int argc, char** argv) {
