@@ -20,6 +20,7 @@ struct Arguments {
     std::optional<std::string> store;
     bool json = false;
     bool namesOnly = false;
+    bool force = false;
     std::string pattern, name, value, units, payload;
     std::vector<std::string> names;
     WatchRequest watch;
@@ -63,7 +64,11 @@ void addGetAndSet(CLI::App& app, Arguments& a) {
     set->add_option("NAME", a.name, "Variable or array element")->required();
     set->add_option("VALUE", a.value, "Number, text, or state: its own words, 0, 1, false, true, off, on")->required();
     set->add_option("UNITS", a.units, "Units of VALUE; the variable's own where they are not given");
-    runs(set, a, inStore(a, [&a] { return setCommand(a.name, a.value, a.units, a.json); }));
+    set->add_flag("--force", a.force, "Writes also where the cell has died or is silent");
+    runs(set, a, [&a] {
+        openStoreToWrite(a.store, a.force);
+        return setCommand(a.name, a.value, a.units, a.json);
+    });
 }
 
 void addWatch(CLI::App& app, Arguments& a) {

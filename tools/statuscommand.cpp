@@ -9,6 +9,7 @@
 #include "commands.h"
 #include "eventlist.h"
 #include "json.h"
+#include "storeaccess.h"
 
 namespace {
 
@@ -79,12 +80,24 @@ void printEvents(const std::vector<ostrel_event_info_t>& events) {
     }
 }
 
+const char* stateText(const ostrel_store_status& store) {
+    switch (serverState(store)) {
+        case ServerState::Alive:
+            return "alive";
+        case ServerState::Stopped:
+            return "stopped";
+        default:
+            return "dead";
+    }
+}
+
 // The instance is a text: it has more digits than a number in JSON keeps.
 Json::Object storeJson(const ostrel_store_status& store) {
     return {{"store", fieldText(store.name)},
             {"alive", store.alive != 0},
             {"server_pid", store.server_pid},
             {"cell_file", fieldText(store.cell_file)},
+            {"state", stateText(store)},
             {"heartbeat_age_s", std::round(store.heartbeat_age_s * 1000) / 1000},
             {"instance", std::to_string(store.instance)},
             {"generation", store.generation},
@@ -106,11 +119,11 @@ int statusCommand(const ostrel_store_status& store, bool json) {
         status.emplace_back("events", mayUseEvents() ? Json(eventList) : Json());
         status.emplace_back("event_room", eventRoomJson());
         std::puts(Json(status).text().c_str());
-        return store.alive != 0 ? 0 : 1;
+        return serverState(store) == ServerState::Alive ? 0 : 1;
     }
     for (const auto& [name, value] : status)
         std::printf("%-16s %s\n", name.c_str(), printable(value.plainText()).c_str());
     printAreas();
     printEvents(events);
-    return store.alive != 0 ? 0 : 1;
+    return serverState(store) == ServerState::Alive ? 0 : 1;
 }
