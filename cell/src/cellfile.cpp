@@ -164,6 +164,7 @@ void readAliases(const toml::key& key, const toml::node& node, CellModel& model,
                      [](const Alias& a, const Alias& b) { return a.line < b.line; });
     for (size_t index = 0; index < model.aliases.size(); ++index)
         model.aliasByName.emplace(model.aliases[index].name, static_cast<int>(index));
+    findEndsOfAliases(model);
 }
 
 void readDocument(const toml::table& document, CellModel& model, Diagnostics& diagnostics) {

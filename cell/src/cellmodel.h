@@ -127,6 +127,7 @@ struct Variable {
 struct Alias {
     std::string name;
     std::string target;
+    std::optional<std::string> end;  // of the chain that starts with it; none where that is a circle
     bool primary = false;
     int line = 0;
 };
