@@ -1,5 +1,7 @@
 // ostrel: asks and writes the variables and events of a running store.
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -171,9 +173,11 @@ void complain(const std::string& message) {
 }
 
 int main(int argc, char** argv) {
+    // Whoever reads no further ends no write in the middle.
+    std::signal(SIGPIPE, SIG_IGN);
     try {
         const int status = run(argc, argv);
-        if (std::fflush(stdout) != 0)
+        if (std::fflush(stdout) != 0 && errno != EPIPE)
             throw Failure("standard output: cannot be written");
         return status;
     } catch (const std::exception& failure) {

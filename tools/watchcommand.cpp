@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <map>
@@ -127,6 +128,8 @@ int watchCommand(const WatchRequest& request, bool json) {
     for (int rounds = 0; request.count == 0 || rounds < request.count;) {
         if (watch.round())
             ++rounds;
+        if (std::ferror(stdout) && errno == EPIPE)
+            break;
         if (std::ferror(stdout))
             throw Failure("standard output: cannot be written any more");
         if (request.count != 0 && rounds == request.count)
