@@ -9,7 +9,7 @@ CellCondition conditionOf(const ostrel_store_status& status) {
         return CellCondition::NoStore;
     if (!status.alive)
         return CellCondition::Ended;
-    return status.heartbeat_age_s < silenceLimit ? CellCondition::Alive : CellCondition::Silent;
+    return status.heartbeat_age_s < OSTREL_SILENCE_S ? CellCondition::Alive : CellCondition::Silent;
 }
 
 // A time of day alone would lie about a cell that has been down since yesterday.

@@ -28,9 +28,6 @@ struct CellState {
     bool alive() const { return condition == CellCondition::Alive; }
 };
 
-// A cell that has been silent for that long shows frozen values.
-constexpr double silenceLimit = 2.0;  // seconds
-
 // `reconfigurations` is the store's counter, 0 without a store.
 CellState cellStateOf(const ostrel_store_status& status, int reconfigurations, const QDateTime& now);
 

@@ -1,6 +1,7 @@
 // ostrel-display: shows a form of live values.
 #include <QApplication>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 
@@ -29,6 +30,8 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A terminal or a pipe that is gone takes no screen away.
+    std::signal(SIGPIPE, SIG_IGN);
     try {
         return run(argc, argv);
     } catch (const Failure& failure) {

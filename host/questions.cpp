@@ -110,17 +110,22 @@ void tellGroupsNotSaved(QWidget* window, const QStringList& faults) {
     note.ask(close, close);
 }
 
-void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten) {
-    if (unplaced.isEmpty() && overwritten.isEmpty())
+void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten,
+                const QStringList& refused) {
+    if (unplaced.isEmpty() && overwritten.isEmpty() && refused.isEmpty())
         return;
     QStringList parts;
     if (!unplaced.isEmpty())
         parts.append(words("There is no place for these changes any more. They stay unsaved:") + listed(unplaced));
+    if (!refused.isEmpty())
+        parts.append(words("No form can hold the characters of these changes. They stay unsaved:") + listed(refused));
     if (!overwritten.isEmpty())
         parts.append(words("Changed here and on the disk alike. The form now has the values of this display:") +
                      listed(overwritten));
     Question note(window, QMessageBox::Information, "mergeNote",
-                  words("The form or a group of it was changed on the disk as well."),
+                  unplaced.isEmpty() && overwritten.isEmpty()
+                      ? words("Some changes were not saved.")
+                      : words("The form or a group of it was changed on the disk as well."),
                   parts.join(QStringLiteral("\n\n")));
     auto* close = note.add("close", words("Close"), QMessageBox::RejectRole);
     note.ask(close, close);

@@ -28,7 +28,8 @@ bool tellSavingFailed(QWidget* window, const QString& fault);
 // A line for each group.
 void tellGroupsNotSaved(QWidget* window, const QStringList& faults);
 // What saving or reloading could not do as everybody may expect; says nothing where there is nothing to say.
-void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten);
+void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten,
+                const QStringList& refused = {});
 void tellNotBuilt(QWidget* window, const QString& fault);
 
 #endif

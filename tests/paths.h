@@ -17,6 +17,7 @@ extern const char* const formSaver;
 extern const char* const plainHost;
 extern const char* const globalsHost;
 extern const char* const preloadedPlatform;
+extern const char* const hangingDisk;
 extern const char* const designerWitness;
 extern const char* const screenWitness;
 extern const char* const settingsFolder;

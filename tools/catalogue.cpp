@@ -10,15 +10,15 @@
 
 namespace {
 
-// Calls `function` with the address of each slot of the section, the empty ones too.
+// Calls `function` with the address of each slot of the section that ever held a variable.
 template <class Function>
 void forEachSlot(const ostrel_section& section, Function function) {
     void* base = nullptr;
     if (link_to_memory(static_cast<short>(section.area), &base) != 0)
         return;
-    const int capacity = ostrel_section_capacity(section.area, section.kind);
+    const int used = ostrel_section_used(section.area, section.kind);
     const char* slot = static_cast<const char*>(base) + section.start;
-    for (int i = 0; i < capacity; ++i, slot += section.record_size)
+    for (int i = 0; i < used; ++i, slot += section.record_size)
         function(slot);
     fre_shrd_mem(section.area);
 }

@@ -1,5 +1,7 @@
 // ostrel: asks and writes the variables and events of a running store.
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -7,6 +9,7 @@
 
 #include "commands.h"
 #include "failure.h"
+#include "ground/printable.h"
 #include "storeaccess.h"
 #include "suggestion.h"
 
@@ -19,6 +22,7 @@ struct Arguments {
     std::optional<std::string> store;
     bool json = false;
     bool namesOnly = false;
+    bool force = false;
     std::string pattern, name, value, units, payload;
     std::vector<std::string> names;
     WatchRequest watch;
@@ -62,7 +66,11 @@ void addGetAndSet(CLI::App& app, Arguments& a) {
     set->add_option("NAME", a.name, "Variable or array element")->required();
     set->add_option("VALUE", a.value, "Number, text, or state: its own words, 0, 1, false, true, off, on")->required();
     set->add_option("UNITS", a.units, "Units of VALUE; the variable's own where they are not given");
-    runs(set, a, inStore(a, [&a] { return setCommand(a.name, a.value, a.units, a.json); }));
+    set->add_flag("--force", a.force, "Writes also where the cell has died or is silent");
+    runs(set, a, [&a] {
+        openStoreToWrite(a.store, a.force);
+        return setCommand(a.name, a.value, a.units, a.json);
+    });
 }
 
 void addWatch(CLI::App& app, Arguments& a) {
@@ -161,13 +169,15 @@ int run(int argc, char** argv) {
 
 void complain(const std::string& message) {
     std::fflush(stdout);
-    std::fprintf(stderr, "ostrel: %s\n", message.c_str());
+    std::fprintf(stderr, "ostrel: %s\n", printableLines(message).c_str());
 }
 
 int main(int argc, char** argv) {
+    // Whoever reads no further ends no write in the middle.
+    std::signal(SIGPIPE, SIG_IGN);
     try {
         const int status = run(argc, argv);
-        if (std::fflush(stdout) != 0)
+        if (std::fflush(stdout) != 0 && errno != EPIPE)
             throw Failure("standard output: cannot be written");
         return status;
     } catch (const std::exception& failure) {

@@ -9,6 +9,7 @@
 #include "commands.h"
 #include "eventlist.h"
 #include "json.h"
+#include "storeaccess.h"
 
 namespace {
 
@@ -18,6 +19,16 @@ Json eventJson(const ostrel_event_info_t& event) {
                         {"attached", event.attached},
                         {"raised", event.raised},
                         {"dropped", event.dropped}};
+}
+
+Json eventRoomJson() {
+    ostrel_event_room_t room{};
+    if (ostrel_event_room(&room) != 0)
+        return {};
+    return Json::Object{{"threads", room.threads},
+                        {"most_threads", room.most_threads},
+                        {"events", room.events},
+                        {"most_events", room.most_events}};
 }
 
 struct Area {
@@ -55,15 +66,28 @@ void printAreas() {
 }
 
 void printEvents(const std::vector<ostrel_event_info_t>& events) {
-    if (!mayUseEvents()) {
+    ostrel_event_room_t room{};
+    if (!mayUseEvents() || ostrel_event_room(&room) != 0) {
         std::printf("%-16s not for this user, who may read the store only\n", "events");
         return;
     }
-    std::printf("%-16s %zu\n", "events", events.size());
+    std::printf("%-16s %d of %d\n", "event threads", room.threads, room.most_threads);
+    std::printf("%-16s %d of %d\n", "events", room.events, room.most_events);
     for (const auto& event : events) {
         const std::string period = event.period_ms > 0 ? ", every " + std::to_string(event.period_ms) + " ms" : "";
         std::printf("  %s: raised %llu, attached %d, dropped %llu%s\n", printable(fieldText(event.name)).c_str(),
                     event.raised, event.attached, event.dropped, period.c_str());
+    }
+}
+
+const char* stateText(const ostrel_store_status& store) {
+    switch (serverState(store)) {
+        case ServerState::Alive:
+            return "alive";
+        case ServerState::Stopped:
+            return "stopped";
+        default:
+            return "dead";
     }
 }
 
@@ -73,6 +97,7 @@ Json::Object storeJson(const ostrel_store_status& store) {
             {"alive", store.alive != 0},
             {"server_pid", store.server_pid},
             {"cell_file", fieldText(store.cell_file)},
+            {"state", stateText(store)},
             {"heartbeat_age_s", std::round(store.heartbeat_age_s * 1000) / 1000},
             {"instance", std::to_string(store.instance)},
             {"generation", store.generation},
@@ -92,12 +117,13 @@ int statusCommand(const ostrel_store_status& store, bool json) {
             eventList.push_back(eventJson(event));
         status.emplace_back("areas", areaList);
         status.emplace_back("events", mayUseEvents() ? Json(eventList) : Json());
+        status.emplace_back("event_room", eventRoomJson());
         std::puts(Json(status).text().c_str());
-        return store.alive != 0 ? 0 : 1;
+        return serverState(store) == ServerState::Alive ? 0 : 1;
     }
     for (const auto& [name, value] : status)
         std::printf("%-16s %s\n", name.c_str(), printable(value.plainText()).c_str());
     printAreas();
     printEvents(events);
-    return store.alive != 0 ? 0 : 1;
+    return serverState(store) == ServerState::Alive ? 0 : 1;
 }

@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <map>
@@ -9,6 +10,7 @@
 #include "fieldtext.h"
 #include "interrupt.h"
 #include "reading.h"
+#include "storeaccess.h"
 
 namespace {
 
@@ -75,10 +77,16 @@ std::vector<std::string> watchedNames(const WatchRequest& request) {
 
 class Watch {
 public:
-    Watch(const WatchRequest& request, bool json) : m_request(request), m_names(watchedNames(request)), m_json(json) {}
+    // Where the values stand still already the opening of the store has told it.
+    Watch(const WatchRequest& request, bool json) : m_request(request), m_names(watchedNames(request)), m_json(json) {
+        ostrel_store_status status{};
+        ostrel_store_get_status(&status);
+        m_stands = serverState(status) != ServerState::Alive;
+    }
 
     // Samples all names once; false when nothing had to be printed.
     bool round() {
+        tellStandstill();
         bool printed = false;
         for (const std::string& name : m_names) {
             const Sample now = sample(name, m_request.units);
@@ -94,10 +102,21 @@ public:
     }
 
 private:
+    // Once, when the values begin to stand still: the same line again and again says nothing of it.
+    void tellStandstill() {
+        ostrel_store_status status{};
+        ostrel_store_get_status(&status);
+        const bool stands = status.found != 0 && serverState(status) != ServerState::Alive;
+        if (stands && !m_stands)
+            complain(standstill(status));
+        m_stands = stands;
+    }
+
     const WatchRequest& m_request;
     std::vector<std::string> m_names;
     std::map<std::string, std::string> m_shown;
     bool m_json;
+    bool m_stands = false;
 };
 
 }  // namespace
@@ -109,6 +128,8 @@ int watchCommand(const WatchRequest& request, bool json) {
     for (int rounds = 0; request.count == 0 || rounds < request.count;) {
         if (watch.round())
             ++rounds;
+        if (std::ferror(stdout) && errno == EPIPE)
+            break;
         if (std::ferror(stdout))
             throw Failure("standard output: cannot be written any more");
         if (request.count != 0 && rounds == request.count)

@@ -9,7 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "ground/printable.h"
+
 namespace {
+
+// Names and texts in it may be anybody's.
+void complain(const std::string& text) {
+    std::fprintf(stderr, "%s\n", printableLines(text).c_str());
+}
 
 constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
@@ -37,7 +44,7 @@ int parse(CLI::App& app, int argc, char** argv, Arguments& arguments) {
         app.exit(wanted);
         return 0;
     } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "ostrel-cell: %s; see ostrel-cell --help\n", error.what());
+        complain(std::string("ostrel-cell: ") + error.what() + "; see ostrel-cell --help");
         return exitUsage;
     }
     return -1;
@@ -47,11 +54,11 @@ int check(const Arguments& arguments) {
     std::vector<char> message(message_size);
     ostrel_cell_summary summary{};
     if (ostrel_cell_check(arguments.file.c_str(), &summary, message.data(), message.size()) != 0) {
-        std::fprintf(stderr, "%s\n", message.data());
+        complain(message.data());
         return exitFailure;
     }
-    std::printf("ostrel-cell: %s: no mistakes; cell %s, %d variables, %d aliases\n", arguments.file.c_str(),
-                summary.name, summary.variables, summary.aliases);
+    std::printf("ostrel-cell: %s: no mistakes; cell %s, %d variables, %d aliases\n", printable(arguments.file).c_str(),
+                printable(summary.name).c_str(), summary.variables, summary.aliases);
     return 0;
 }
 
@@ -68,20 +75,19 @@ sigset_t blockSignals() {
 void say(const ostrel_cell* cell, const char* what, const std::string& store) {
     ostrel_cell_summary summary{};
     ostrel_cell_get_summary(cell, &summary);
-    std::printf("ostrel-cell: %s: %s store %s, %d variables, %d aliases, scan %d ms\n", summary.name, what,
-                store.c_str(), summary.variables, summary.aliases, summary.scan_ms);
+    std::printf("ostrel-cell: %s: %s store %s, %d variables, %d aliases, scan %d ms\n", printable(summary.name).c_str(),
+                what, store.c_str(), summary.variables, summary.aliases, summary.scan_ms);
     std::fflush(stdout);
 }
 
 void reload(ostrel_cell* cell, const Arguments& arguments) {
     std::vector<char> message(message_size);
     if (ostrel_cell_reload(cell, message.data(), message.size()) != 0) {
-        std::fprintf(stderr, "%s\nostrel-cell: %s: not reloaded; the cell goes on as it was\n", message.data(),
-                     arguments.file.c_str());
+        complain(message.data() + ("\nostrel-cell: " + arguments.file) + ": not reloaded; the cell goes on as it was");
         return;
     }
     if (message[0] != '\0')
-        std::fprintf(stderr, "ostrel-cell: %s: %s\n", arguments.file.c_str(), message.data());
+        complain("ostrel-cell: " + arguments.file + ": " + message.data());
     say(cell, "reloaded", arguments.store);
 }
 
@@ -93,7 +99,7 @@ int serve(const Arguments& arguments) {
     if (cell == nullptr) {
         // What is wrong in the file starts with its name; what is wrong with the store does not.
         const bool ofFile = std::string(message.data()).rfind(arguments.file + ":", 0) == 0;
-        std::fprintf(stderr, "%s%s\n", ofFile ? "" : "ostrel-cell: ", message.data());
+        complain((ofFile ? "" : "ostrel-cell: ") + std::string(message.data()));
         return exitFailure;
     }
     ostrel_cell_summary summary{};

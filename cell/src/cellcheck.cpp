@@ -31,14 +31,14 @@ void checkRoom(const CellModel& model, Diagnostics& diagnostics) {
 
 // The aliases of a cycle that `start` leads into, in the order in which they point to each other.
 std::vector<std::string> aliasCycle(const CellModel& model, const std::string& start) {
+    if (followAliases(model, start))
+        return {};
     std::vector<std::string> path;
+    std::set<std::string> seen;
     std::string name = start;
-    while (std::find(path.begin(), path.end(), name) == path.end()) {
-        const auto found = model.aliasByName.find(name);
-        if (found == model.aliasByName.end())
-            return {};
+    while (seen.insert(name).second) {
         path.push_back(name);
-        name = model.aliases[static_cast<size_t>(found->second)].target;
+        name = model.aliases[static_cast<size_t>(model.aliasByName.at(name))].target;
     }
     path.erase(path.begin(), std::find(path.begin(), path.end(), name));
     return path;
@@ -58,10 +58,13 @@ void checkAlias(const CellModel& model, const Alias& alias, std::set<std::string
     if (variable != model.variableByLabel.end())
         diagnostics.add(alias.line, subject + "the name stands already in line " +
                                         std::to_string(model.variables[static_cast<size_t>(variable->second)].line));
+    if (reported.contains(alias.name) || reported.contains(alias.target))
+        return;
     const auto cycle = aliasCycle(model, alias.name);
     if (!cycle.empty()) {
-        if (reported.insert(*std::min_element(cycle.begin(), cycle.end())).second)
+        if (!reported.contains(cycle.front()))
             diagnostics.add(alias.line, subject + "aliases go in a circle: " + arrows(cycle));
+        reported.insert(cycle.begin(), cycle.end());
         return;
     }
     std::string why;

@@ -3,13 +3,10 @@
 #include <grp.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "cellcheck.h"
+#include "ground/regularfile.h"
 #include "names.h"
 #include "straycharacter.h"
 #include "suggestion.h"
@@ -82,6 +79,8 @@ void readCellTable(const toml::table& table, CellModel& model, Diagnostics& diag
     model.log = reader.text("log", 4095).value_or("");
     model.audit = reader.text("audit", 4095);
     model.kept = reader.text("kept", 4095).value_or("");
+    model.logMegabytes = reader.integer("log_mb", 0, 1'000'000).value_or(model.logMegabytes);
+    model.auditMegabytes = reader.integer("audit_mb", 0, 1'000'000).value_or(model.auditMegabytes);
     model.mode = readMode(reader);
     readGroup(reader, model);
     model.seed = seedOf(model.name) + static_cast<uint64_t>(reader.integer("seed").value_or(0));
@@ -165,6 +164,7 @@ void readAliases(const toml::key& key, const toml::node& node, CellModel& model,
                      [](const Alias& a, const Alias& b) { return a.line < b.line; });
     for (size_t index = 0; index < model.aliases.size(); ++index)
         model.aliasByName.emplace(model.aliases[index].name, static_cast<int>(index));
+    findEndsOfAliases(model);
 }
 
 void readDocument(const toml::table& document, CellModel& model, Diagnostics& diagnostics) {
@@ -211,21 +211,14 @@ void readCellText(const std::string& text, CellModel& model, Simulation& simulat
 
 void readCellFile(const std::string& file, CellModel& model, Simulation& simulation, Diagnostics& diagnostics) {
     model.file = file;
-    std::error_code failure;
-    if (std::filesystem::is_directory(file, failure)) {
-        diagnostics.add(0, "is a directory; name a cell file");
+    std::string problem;
+    const std::string text = readRegularFile(file, Trust::Any, problem);
+    if (!problem.empty()) {
+        const bool isFolder = std::filesystem::is_directory(file);
+        diagnostics.add(0, isFolder ? "is a directory; name a cell file" : "cannot be read: " + problem);
         return;
     }
-    errno = 0;
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
-    if (stream)
-        text << stream.rdbuf();
-    if (!stream && !text.tellp()) {
-        diagnostics.add(0, std::string("cannot be read: ") + std::strerror(errno));
-        return;
-    }
-    readCellText(text.str(), model, simulation, diagnostics);
+    readCellText(text, model, simulation, diagnostics);
 }
 
 }  // namespace ostrelcell

@@ -127,6 +127,7 @@ struct Variable {
 struct Alias {
     std::string name;
     std::string target;
+    std::optional<std::string> end;  // of the chain that starts with it; none where that is a circle
     bool primary = false;
     int line = 0;
 };
@@ -146,6 +147,8 @@ struct CellModel {
     std::string log;
     std::optional<std::string> audit;  // file of refused and accepted writes; empty: none
     std::string kept;                  // file of the values that persist
+    int logMegabytes = 64;             // that the log grows to before another file is begun; 0: without end
+    int auditMegabytes = 256;
     int mode = 0600;
     std::string group;
     uint64_t seed = 0;

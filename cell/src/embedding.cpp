@@ -8,7 +8,7 @@
 #include <mutex>
 #include <thread>
 
-#include "quietthread.h"
+#include "ground/quietthread.h"
 #include "servedcell.h"
 
 namespace ostrelcell {

@@ -3,26 +3,32 @@
 #include <fcntl.h>
 #include <ostrel/log.h>
 #include <ostrel/units.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cmath>
+#include <condition_variable>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <mutex>
 #include <optional>
 #include <sstream>
 #include <unordered_map>
 
-#include "quietthread.h"
+#include "ground/quietthread.h"
+#include "ground/regularfile.h"
 
 namespace ostrelcell {
 
 namespace {
 
 const std::string firstLine = "ostrel-kept 1";
+const std::string temporaryEnding = ".new-XXXXXX";
 
 // ---- Texts
 
@@ -197,17 +203,6 @@ std::string failureText(const std::string& file, const char* what) {
     return file + ": " + what + ": " + std::strerror(errno);
 }
 
-bool writeAll(int fd, const std::string& text) {
-    size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t size = ::write(fd, text.data() + done, text.size() - done);
-        if (size < 0 && errno != EINTR)
-            return false;
-        done += static_cast<size_t>(std::max<ssize_t>(size, 0));
-    }
-    return true;
-}
-
 // A new name is on the disk when its folder is.
 void syncFolder(const std::string& file) {
     const int fd = open(std::filesystem::path(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -220,12 +215,12 @@ void syncFolder(const std::string& file) {
 }  // namespace
 
 std::vector<std::string> takeKeptValues(const std::string& file, CellModel& model) {
-    errno = 0;
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream && errno == ENOENT)
+    std::string problem;
+    std::istringstream stream(readRegularFile(file, Trust::Own, problem));
+    if (!problem.empty() && errno == ENOENT)
         return {};
-    if (!stream)
-        return {failureText(file, "kept values cannot be read")};
+    if (!problem.empty())
+        return {file + ": kept values cannot be read: " + problem};
     const auto kept = parsed(stream);
     if (!kept)
         return {putAside(file)};
@@ -256,12 +251,23 @@ std::string keptText(const CellModel& model, const StoreContents& contents) {
     return text + "end " + std::to_string(count) + "\n";
 }
 
+// Why what stands under that name must not be replaced; empty where it may be, also where nothing is there.
+static std::string refusalOf(const std::string& file) {
+    std::string problem;
+    const int fd = openRegularFile(file, O_RDONLY, 0, Trust::Own, problem);
+    if (fd >= 0)
+        close(fd);
+    return fd < 0 && errno == ENOENT ? "" : problem;
+}
+
 std::string replaceFile(const std::string& file, const std::string& text) {
-    const std::string temporary = file + ".new";
-    const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    if (const std::string refusal = refusalOf(file); !refusal.empty())
+        return file + ": cannot be replaced: " + refusal;
+    std::string temporary = file + temporaryEnding;
+    const int fd = mkostemp(temporary.data(), O_CLOEXEC);
     if (fd < 0)
-        return failureText(temporary, "cannot be written");
-    const bool written = writeAll(fd, text) && fsync(fd) == 0;
+        return failureText(file, "no file can be made beside it");
+    const bool written = writeAll(fd, text) == 0 && fchmod(fd, 0644) == 0 && fsync(fd) == 0;
     std::string why = written ? "" : failureText(temporary, "cannot be written");
     close(fd);
     if (written && std::rename(temporary.c_str(), file.c_str()) != 0)
@@ -273,15 +279,46 @@ std::string replaceFile(const std::string& file, const std::string& text) {
     return why;
 }
 
-KeptFile::KeptFile(std::string file) : m_file(std::move(file)), m_thread(startQuietThread([this] { run(); })) {}
+// What a cell that was killed left of a file that it was about to put in the place of this one.
+void removeLeftovers(const std::string& file) {
+    const std::filesystem::path path(file);
+    const std::string beginning = path.filename().string() + temporaryEnding.substr(0, temporaryEnding.find('X'));
+    std::error_code failure;
+    for (const auto& entry : std::filesystem::directory_iterator(path.parent_path(), failure)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with(beginning) && name.size() == path.filename().string().size() + temporaryEnding.size())
+            std::filesystem::remove(entry.path(), failure);
+    }
+}
+
+// The thread's too: one that hangs in a write outlives the KeptFile.
+struct KeptFile::State {
+    std::string file;
+    std::mutex mutex;  // guards what follows
+    std::condition_variable wake;
+    std::condition_variable ended;
+    std::string waiting;
+    bool hasWaiting = false;
+    bool isEnding = false;
+    bool hasEnded = false;
+    bool hasFailed = false;  // told once, until it works again; of the thread alone
+
+    void run();
+    void writeNow(const std::string& text);
+};
+
+KeptFile::KeptFile(const std::string& file) : m_state(std::make_shared<State>()) {
+    m_state->file = file;
+    removeLeftovers(file);
+    startQuietThread([state = m_state] { state->run(); }).detach();
+}
 
 KeptFile::~KeptFile() {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_ending = true;
-    }
-    m_wake.notify_one();
-    m_thread.join();
+    constexpr std::chrono::seconds timeToEnd{3};
+    std::unique_lock lock(m_state->mutex);
+    m_state->isEnding = true;
+    m_state->wake.notify_one();
+    m_state->ended.wait_for(lock, timeToEnd, [this] { return m_state->hasEnded; });
 }
 
 void KeptFile::write(std::string text) {
@@ -289,32 +326,34 @@ void KeptFile::write(std::string text) {
         return;
     m_last = text;
     {
-        const std::lock_guard lock(m_mutex);
-        m_waiting = std::move(text);
-        m_hasWaiting = true;
+        const std::lock_guard lock(m_state->mutex);
+        m_state->waiting = std::move(text);
+        m_state->hasWaiting = true;
     }
-    m_wake.notify_one();
+    m_state->wake.notify_one();
 }
 
-void KeptFile::run() {
-    std::unique_lock lock(m_mutex);
+void KeptFile::State::run() {
+    std::unique_lock lock(mutex);
     for (;;) {
-        m_wake.wait(lock, [this] { return m_hasWaiting || m_ending; });
-        if (!m_hasWaiting)
-            return;
-        const std::string text = std::move(m_waiting);
-        m_hasWaiting = false;
+        wake.wait(lock, [this] { return hasWaiting || isEnding; });
+        if (!hasWaiting)
+            break;
+        const std::string text = std::move(waiting);
+        hasWaiting = false;
         lock.unlock();
         writeNow(text);
         lock.lock();
     }
+    hasEnded = true;
+    ended.notify_all();
 }
 
-void KeptFile::writeNow(const std::string& text) {
-    const std::string why = replaceFile(m_file, text);
-    if (!why.empty() && !m_failed)
+void KeptFile::State::writeNow(const std::string& text) {
+    const std::string why = replaceFile(file, text);
+    if (!why.empty() && !hasFailed)
         log_error(__FILE__, __LINE__, 1, 0, "%s; the values that persist are not kept", why.c_str());
-    m_failed = !why.empty();
+    hasFailed = !why.empty();
 }
 
 }  // namespace ostrelcell

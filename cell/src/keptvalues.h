@@ -14,10 +14,8 @@
 #ifndef OSTREL_CELL_KEPTVALUES_H
 #define OSTREL_CELL_KEPTVALUES_H
 
-#include <condition_variable>
-#include <mutex>
+#include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "cellmodel.h"
@@ -32,15 +30,16 @@ std::vector<std::string> takeKeptValues(const std::string& file, CellModel& mode
 // The text of the file for what the store holds now.
 std::string keptText(const CellModel& model, const StoreContents& contents);
 
-// Writes `text` to a temporary file beside `file`, has it reach the disk, and puts it in the place of `file`. Empty, or
-// why it could not be done.
+// Writes `text` to a temporary file beside `file`, has it reach the disk, and puts it in the place of `file`, which may
+// be no link and nobody else's. Empty, or why it could not be done.
 std::string replaceFile(const std::string& file, const std::string& text);
 
 // Writes the file on a thread of its own, since a disk may take longer than a scan.
 class KeptFile {
 public:
-    explicit KeptFile(std::string file);
-    ~KeptFile();  // when all that was given has been written
+    explicit KeptFile(const std::string& file);
+    // Waits until all that was given has been written, three seconds at most.
+    ~KeptFile();
     KeptFile(const KeptFile&) = delete;
     KeptFile& operator=(const KeptFile&) = delete;
 
@@ -48,18 +47,9 @@ public:
     void write(std::string text);
 
 private:
-    const std::string m_file;
-    std::string m_last;  // given by write(); only its caller looks at it
-    std::mutex m_mutex;  // guards what follows
-    std::condition_variable m_wake;
-    std::string m_waiting;
-    bool m_hasWaiting = false;
-    bool m_ending = false;
-    bool m_failed = false;  // told once, until it works again; of the thread alone
-    std::thread m_thread;
-
-    void run();
-    void writeNow(const std::string& text);
+    struct State;
+    std::shared_ptr<State> m_state;
+    std::string m_last;  // given by write()
 };
 
 }  // namespace ostrelcell

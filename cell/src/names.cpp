@@ -192,14 +192,36 @@ std::optional<ValueRef> resolveName(const CellModel& model, const std::string& f
 }
 
 std::optional<std::string> followAliases(const CellModel& model, const std::string& name) {
-    std::string target = name;
-    for (size_t hops = 0; hops <= model.aliases.size(); ++hops) {
-        const auto alias = model.aliasByName.find(target);
-        if (alias == model.aliasByName.end())
-            return target;
-        target = model.aliases[static_cast<size_t>(alias->second)].target;
+    const auto alias = model.aliasByName.find(name);
+    return alias == model.aliasByName.end() ? name : model.aliases[static_cast<size_t>(alias->second)].end;
+}
+
+// Each chain is walked once: what is behind an alias that was met before is known.
+void findEndsOfAliases(CellModel& model) {
+    std::vector<bool> isMet(model.aliases.size());
+    for (size_t start = 0; start < model.aliases.size(); ++start) {
+        std::vector<size_t> path;
+        size_t at = start;
+        std::optional<std::string> end;
+        for (;;) {
+            if (isMet[at]) {
+                // Of an alias on the way here nothing is known yet, which is what a circle ends in.
+                end = model.aliases[at].end;
+                break;
+            }
+            isMet[at] = true;
+            path.push_back(at);
+            const std::string& target = model.aliases[at].target;
+            const auto next = model.aliasByName.find(target);
+            if (next == model.aliasByName.end()) {
+                end = target;
+                break;
+            }
+            at = static_cast<size_t>(next->second);
+        }
+        for (const size_t alias : path)
+            model.aliases[alias].end = end;
     }
-    return std::nullopt;
 }
 
 }  // namespace ostrelcell

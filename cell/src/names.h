@@ -33,6 +33,9 @@ std::optional<ValueRef> resolveName(const CellModel& model, const std::string& f
 // The full name at the end of a chain of aliases that starts with `name`. Nothing where the chain is a cycle.
 std::optional<std::string> followAliases(const CellModel& model, const std::string& name);
 
+// Fills in the ends of the chains, when all aliases are in the model.
+void findEndsOfAliases(CellModel& model);
+
 }  // namespace ostrelcell
 
 #endif

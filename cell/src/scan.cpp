@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <map>
 
 #include "ground/fieldtext.h"
 #include "limitstate.h"
@@ -15,10 +16,6 @@ namespace ostrelcell {
 namespace {
 
 constexpr size_t noText = static_cast<size_t>(-1);
-
-double secondsBetween(const timespec& from, const timespec& to) {
-    return static_cast<double>(to.tv_sec - from.tv_sec) + static_cast<double>(to.tv_nsec - from.tv_nsec) * 1e-9;
-}
 
 bool isLogical(SM_VARI_TYPE kind) {
     return kind == LOGI_TYPE || kind == LOGI_ARRAY_TYPE;
@@ -62,7 +59,7 @@ void Scan::addLimited(const StoreContents& contents) {
         for (int part = first; part < end; ++part) {
             const RecordValue value = contents.value(m_model, {number, part});
             if (needsJudging(variable)) {
-                m_limited.push_back({value, &variable});
+                m_limited.push_back({value, &variable, part, {}});
                 continue;
             }
             // An earlier cell may have left it coloured.
@@ -86,7 +83,17 @@ void Scan::addStats(const StoreContents& contents) {
     }
 }
 
+void Scan::takeAgesOf(const Scan& before) {
+    std::map<std::pair<std::string, int>, SampleAge> ages;
+    for (const Limited& limited : before.m_limited)
+        ages.emplace(std::pair(limited.variable->name, limited.part), limited.age);
+    for (Limited& limited : m_limited)
+        if (const auto found = ages.find({limited.variable->name, limited.part}); found != ages.end())
+            limited.age = found->second;
+}
+
 void Scan::takeMemoryOf(Scan& before) {
+    takeAgesOf(before);
     if (before.m_model.scan_ms != m_model.scan_ms)
         return;
     for (Stat& stat : m_stats) {
@@ -132,12 +139,12 @@ void Scan::resetLatches() {
     set_logical(m_latchReset, 0);
 }
 
-void Scan::judge(const timespec& now) {
-    for (const Limited& limited : m_limited) {
+void Scan::judge(const Moment& now) {
+    for (Limited& limited : m_limited) {
         const Variable& variable = *limited.variable;
         const double value = limited.value.load();
         const unsigned short before = limited.value.limitWord();
-        const double age = secondsBetween(limited.value.sampled(), now);
+        const double age = limited.age.seconds(limited.value.sampled(), now);
         const bool logical = isLogical(variable.kind);
         const unsigned short word = logical ? judgeLogical(variable.states, variable.limits, value != 0, age, before)
                                             : judgeValue(variable.limits, value, age, before);
@@ -177,13 +184,12 @@ void Scan::sampleStats(double t, const timespec& now) {
 }
 
 void Scan::run(double t, double dt) {
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
+    const Moment now = Moment::now();
     loadInputs();
-    m_simulation.run(t, dt, [this, &now](size_t output, double result) { return store(output, result, now); });
+    m_simulation.run(t, dt, [this, &now](size_t output, double result) { return store(output, result, now.day); });
     resetLatches();
     judge(now);
-    sampleStats(t, now);
+    sampleStats(t, now.day);
     ++m_count;
 }
 

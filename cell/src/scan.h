@@ -8,6 +8,7 @@
 
 #include "cellmodel.h"
 #include "recordvalue.h"
+#include "sampleage.h"
 #include "simulation.h"
 #include "statistics.h"
 #include "storefill.h"
@@ -19,7 +20,7 @@ public:
     // All three outlive the scan.
     Scan(const CellModel& model, Simulation& simulation, const StoreContents& contents);
 
-    // Windows of statistics go on where a variable watches the same value for the same time.
+    // Windows of statistics go on where a variable watches the same value for the same time, and ages of samples.
     void takeMemoryOf(Scan& before);
 
     // `t` is the time since the start of the cell, `dt` since the scan before.
@@ -34,6 +35,8 @@ private:
     struct Limited {
         RecordValue value;
         const Variable* variable;
+        int part;  // of an array, -1 for a scalar
+        SampleAge age;
     };
     struct Stat {
         STAT_VARIABLE* record;
@@ -54,12 +57,13 @@ private:
     size_t m_count = 0;
 
     void addLimited(const StoreContents& contents);
+    void takeAgesOf(const Scan& before);
     void addStats(const StoreContents& contents);
     void loadInputs();
     double store(size_t output, double result, const timespec& now);
     void showText(Text& text, double choice, const timespec& now);
     void resetLatches();
-    void judge(const timespec& now);
+    void judge(const Moment& now);
     void sampleStats(double t, const timespec& now);
 };
 

@@ -1,21 +1,21 @@
 #include "servedcell.h"
 
+#include <fcntl.h>
 #include <grp.h>
 #include <ostrel/events.h>
 #include <ostrel/log.h>
 #include <ostrel/store.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <vector>
 
 #include "cellfile.h"
 #include "diagnostics.h"
 #include "ground/monotonic.h"
+#include "ground/regularfile.h"
 
 namespace ostrelcell {
 
@@ -49,12 +49,17 @@ std::string auditPath(const CellModel& model, const std::string& store) {
                        : (std::filesystem::path(log).parent_path() / (store + ".audit")).string();
 }
 
+size_t bytes(int megabytes) {
+    return static_cast<size_t>(megabytes) << 20U;
+}
+
 // Empty where the file can be appended to, which it then is there for.
 std::string appendFault(const std::string& file) {
-    errno = 0;
-    if (std::ofstream(file, std::ios::app))
-        return "";
-    return file + ": the audit file cannot be written: " + std::strerror(errno);
+    std::string problem;
+    const int fd = openRegularFile(file, O_WRONLY | O_APPEND | O_CREAT, 0640, Trust::Own, problem);
+    if (fd >= 0)
+        close(fd);
+    return problem.empty() ? "" : file + ": the audit file cannot be written: " + problem;
 }
 
 bool anythingPersists(const CellModel& model) {
@@ -93,11 +98,9 @@ std::unique_ptr<ServedCell::Content> ServedCell::read(const std::string& file, s
 bool ServedCell::openServer(const char* store_name, std::string& reasons) {
     const CellModel& model = *m_content->model;
     const std::string file = std::filesystem::absolute(m_file).lexically_normal().string();
-    const std::string log = logPath(model);
     ostrel_server_options options{};
     options.name = store_name;
     options.cell_file = file.c_str();
-    options.log_file = log.empty() ? nullptr : log.c_str();
     options.mode = model.mode;
     if (const group* entry = model.group.empty() ? nullptr : getgrnam(model.group.c_str())) {
         options.group = entry->gr_gid;
@@ -175,6 +178,7 @@ ServedCell::~ServedCell() {
         m_kept->write(keptText(model(), m_content->contents));
     m_kept.reset();
     recordWrites();
+    writeLog();
     if (m_server == nullptr)
         return;
     // A cell that did not come up takes nothing away that another one had left.
@@ -217,10 +221,23 @@ void ServedCell::recordWrites() {
     if (m_server == nullptr || m_auditPath.empty())
         return;
     char why[512] = "";
-    const bool good = ostrel_server_drain_writes(m_server, m_auditPath.c_str(), why, sizeof why) == 0;
+    const bool good =
+        ostrel_server_drain_writes(m_server, m_auditPath.c_str(), bytes(model().auditMegabytes), why, sizeof why) == 0;
     if (!good && !m_auditFailed)
         log_error(__FILE__, __LINE__, 1, 0, "%s; what clients write is not recorded", why);
     m_auditFailed = !good;
+}
+
+void ServedCell::writeLog() {
+    const std::string path = m_server == nullptr ? "" : logPath(model());
+    if (path.empty())
+        return;
+    char why[512] = "";
+    const bool good =
+        ostrel_server_drain_log(m_server, path.c_str(), bytes(model().logMegabytes), why, sizeof why) == 0;
+    if (!good && !m_logFailed)
+        log_error(__FILE__, __LINE__, 1, 0, "%s; the log is on standard error alone", why);
+    m_logFailed = !good;
 }
 
 void ServedCell::keepValues(int64_t now) {
@@ -238,6 +255,7 @@ int64_t ServedCell::step() {
         beat(now);
         m_content->scan->run(tick.t, tick.dt);
         recordWrites();
+        writeLog();
         keepValues(now);
         now = monotonicNow();
     } else if (now - m_lastBeat >= beatNs) {
@@ -258,7 +276,6 @@ bool ServedCell::reload(std::string& reasons, std::string& remarks) {
     ostrel_server_commit(m_server);
     remark(remarks, content->model->mode != model().mode, "mode");
     remark(remarks, content->model->group != model().group, "group");
-    remark(remarks, content->model->log != model().log, "log");
     m_content = std::move(content);
     createEvents(model());
     chooseKeptFile();

@@ -53,6 +53,7 @@ private:
     int64_t m_lastKept = 0;
     std::string m_auditPath;     // empty where writes are not recorded
     bool m_auditFailed = false;  // told once, until it works again
+    bool m_logFailed = false;
 
     ServedCell() = default;
     static std::unique_ptr<Content> read(const std::string& file, std::string& reasons);
@@ -64,6 +65,7 @@ private:
     void keepValues(int64_t now);
     bool chooseAuditFile(std::string& reason);
     void recordWrites();
+    void writeLog();
 };
 
 }  // namespace ostrelcell

@@ -2,6 +2,7 @@
 #include "keptvalues.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -220,10 +221,33 @@ TEST_F(KeptValues, SurviveAKillAtAnyMoment) {
 
 TEST_F(KeptValues, ThatCannotBeWrittenSayWhy) {
     EXPECT_EQ(replaceFile(path("nowhere/x.kept"), "text"),
-              path("nowhere/x.kept.new") + ": cannot be written: No such file or directory");
+              path("nowhere/x.kept") + ": no file can be made beside it: No such file or directory");
     std::filesystem::create_directory(path("folder"));
     EXPECT_EQ(replaceFile(path("folder"), "text"), path("folder") + ": cannot be replaced: Is a directory");
-    EXPECT_FALSE(std::filesystem::exists(path("folder.new")));
+}
+
+// Who may put something into the folder shall not choose what is written to, nor hold the cell up.
+TEST_F(KeptValues, ReplaceNoLinkAndNoPipe) {
+    std::ofstream(path("target")) << "precious";
+    std::filesystem::create_symlink(path("target"), file());
+    EXPECT_EQ(replaceFile(file(), "text"), file() + ": cannot be replaced: is a link");
+    EXPECT_EQ(contents(path("target")), "precious");
+    CellModel model;
+    EXPECT_EQ(takeKeptValues(file(), model),
+              std::vector<std::string>{file() + ": kept values cannot be read: is a link"});
+    std::filesystem::remove(file());
+    ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
+    EXPECT_EQ(replaceFile(file(), "text"), file() + ": cannot be replaced: is no regular file");
+    EXPECT_EQ(takeKeptValues(file(), model),
+              std::vector<std::string>{file() + ": kept values cannot be read: is no regular file"});
+}
+
+TEST_F(KeptValues, ThatAKilledCellWasWritingAreCleanedUp) {
+    std::ofstream(file() + ".new-AbC123") << "half";
+    std::ofstream(file() + ".new-AbC1234") << "somebody's";
+    { KeptFile kept(file()); }
+    EXPECT_FALSE(std::filesystem::exists(file() + ".new-AbC123"));
+    EXPECT_TRUE(std::filesystem::exists(file() + ".new-AbC1234"));
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
 // The program ostrel-cell from outside.
+#include <ostrel/log.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
@@ -181,6 +184,21 @@ TEST_F(Program, RefusesASecondServer) {
     EXPECT_EQ(first.wait(), 0);
 }
 
+TEST_F(Program, RefusesNamesThatSomebodyElseHasTaken) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can give files away";
+    for (const char* part : {".lock", ""}) {
+        const std::string squatted = "/dev/shm/ostrel-" + m_store + part;
+        std::ofstream(squatted) << "mine";
+        ASSERT_EQ(chown(squatted.c_str(), 65534, static_cast<gid_t>(-1)), 0);
+        Process cell(command(write(simple)));
+        EXPECT_EQ(cell.wait(), 1) << part;
+        EXPECT_NE(cell.errors().find("belongs to nobody"), std::string::npos) << part << ": " << cell.errors();
+        EXPECT_EQ(contents(squatted), "mine");
+        std::filesystem::remove(squatted);
+    }
+}
+
 TEST_F(Program, AdoptsTheStoreOfAKilledServer) {
     const std::string file = write(simple);
     Process first(command(file));
@@ -321,6 +339,42 @@ TEST_F(Program, LeavesWholeKeptValuesWhereverItIsKilled) {
         }
     }
     EXPECT_GT(highest, 0);
+}
+
+TEST_F(Program, ScansBeatsAndEndsWhileTheDiskHangs) {
+    const std::string file =
+        write("[cell]\nname = \"test\"\nscan_ms = 10\nlog = \"cell.log\"\n" + simple + "persist = true\n");
+    setenv("LD_PRELOAD", paths::hangingDisk, 1);
+    setenv("HANGING_FOLDER", std::filesystem::path(file).parent_path().c_str(), 1);
+    Process cell(command(file));
+    unsetenv("LD_PRELOAD");
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    std::ofstream(path("hangs")) << "";
+    REAL_VARIABLE* setpoint = &record<REAL_VARIABLE>("SP");
+    for (int i = 0; i < 5; ++i) {
+        set_real_variable(setpoint, 10 + i);
+        log_error("a program", 1, 1, 0, "has something to say");
+        const double before = number("CLOCK");
+        EXPECT_TRUE(eventually([&] { return number("CLOCK") > before + 0.2 && number("Y") == 2 * (10 + i); }));
+        EXPECT_LT(heartbeatAge(), 1);
+    }
+    EXPECT_EQ(contents(path("cell.log")), "");
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+    EXPECT_FALSE(storeExists());
+}
+
+TEST_F(Program, WritesTheLinesOfAllProgramsIntoTheLog) {
+    Process cell(command(write("[cell]\nname = \"test\"\nscan_ms = 10\nlog = \"cell.log\"\nlog_mb = 1\n" + simple)));
+    ASSERT_TRUE(cell.says("\n")) << cell.errors();
+    log_error("a program", 7, 1, 0, "pressure %d\x1b[2J", 12);
+    ASSERT_TRUE(eventually([&] { return contents(path("cell.log")).find("pressure 12") != std::string::npos; }));
+    EXPECT_EQ(contents(path("cell.log")).find('\x1b'), std::string::npos);
+    // Said at the very end, it gets there too.
+    log_error("a program", 8, 1, 0, "last words");
+    cell.signal(SIGTERM);
+    EXPECT_EQ(cell.wait(), 0);
+    EXPECT_NE(contents(path("cell.log")).find("last words"), std::string::npos);
 }
 
 TEST_F(Program, ShowsThatItLivesMoreOftenThanItScans) {

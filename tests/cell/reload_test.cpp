@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -171,9 +172,15 @@ protected:
         m_count = counters().generic_reconfig_count;
     }
 
+    // A reason without the number of bytes that were missing, which depends on what was there before.
+    static std::string withoutBytes(const std::string& reason) {
+        static const std::regex bytes(", [1-9][0-9]* bytes of shared memory");
+        return std::regex_replace(reason, bytes, "");
+    }
+
     void refuses(const std::string& lines, const std::string& reason) {
         int status = 0;
-        EXPECT_EQ(reload(lines, status), reason);
+        EXPECT_EQ(withoutBytes(reload(lines, status)), reason);
         EXPECT_NE(status, 0);
         EXPECT_EQ(number("SP"), 42);
         EXPECT_EQ(handleOf("SP").index, m_index);
@@ -312,7 +319,7 @@ TEST_F(RefusedReload, LeavesTheStoreAsItWasHoweverMuchIsLeft) {
         for (const double left : {0.5, 3.0, 7.0, 1.0, 40.0}) {
             const Filler filler(left, freeMegabytes());
             int status = 0;
-            const std::string reason = reload(many + other, status);
+            const std::string reason = withoutBytes(reload(many + other, status));
             if (status == 0)
                 break;
             EXPECT_NE(reason.find(noMemory), std::string::npos) << reason;

@@ -146,6 +146,20 @@ TEST_F(Scan, SeesAValueGrowOld) {
     EXPECT_EQ(x.limit_status.variable_age_latch, 1);
 }
 
+// As after the clock was set back by an hour: the record has a time that lies in the future.
+TEST_F(Scan, SeesAValueGrowOldWhateverTheClockSays) {
+    serve(scans + "[real.X]\nage = 0.05\n");
+    auto& x = record<REAL_VARIABLE>("X");
+    for (const int hours : {1, -1, 2}) {
+        set_real_variable(&x, hours);
+        timespec time = x.last_sampled_time;
+        time.tv_sec += hours * 3600;
+        x.last_sampled_time = time;
+        ASSERT_TRUE(scanUntil([&] { return x.limit_status.variable_age == 0; })) << hours;
+        ASSERT_TRUE(scanUntil([&] { return x.limit_status.variable_age == 1; })) << hours;
+    }
+}
+
 TEST_F(Scan, TellsItsLimitsToClients) {
     serve(scans + "[real.X]\nlow_abort = 1\nhigh_alarm = { value = 9, colour = \"blue\" }\nage = 60\n");
     char name[] = "X";

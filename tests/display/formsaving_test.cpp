@@ -1,4 +1,6 @@
 // Saving an operator's changes into a form file: what comes back through a form loader, and what stays as it was.
+#include <sys/stat.h>
+
 #include <QColor>
 #include <QFile>
 #include <QFont>
@@ -128,6 +130,13 @@ private slots:
     void sameChangeOnTheDiskIsNotTold();
     void changeOfAWidgetThatIsGoneIsToldAndKept();
     void brokenFormOnTheDiskIsNotReplaced();
+    void charactersThatXmlHasNotAreRefusedAndKept_data();
+    void charactersThatXmlHasNotAreRefusedAndKept();
+    void nothingIsWrittenThatReadsAsAnotherForm();
+    void formThatIsTooDeepIsNotReplaced();
+    void changesThatAreTooDeepAreNotTakenOver();
+    void strayTextInAPropertyGoesWithAnEditOfIt();
+    void aPipeInThePlaceOfTheFormIsNotWaitedFor();
     void missingFileIsToldAndKept();
     void savesUnderAnotherName();
     void savesThroughALink();
@@ -628,6 +637,87 @@ void FormSavingTest::brokenFormOnTheDiskIsNotReplaced() {
     const FormSaving saving = m_changes->save();
     QVERIFY2(saving.fault.startsWith(m_path + ": line "), qPrintable(saving.fault));
     QCOMPARE(content(), plainForm.left(plainForm.size() / 2));
+    QVERIFY(m_changes->isDirty());
+}
+
+void FormSavingTest::charactersThatXmlHasNotAreRefusedAndKept_data() {
+    QTest::addColumn<QString>("text");
+    QTest::newRow("vertical tabulator") << "\v  ";
+    QTest::newRow("form feed") << "  \f";
+    QTest::newRow("zero") << QString(QChar(0));
+    QTest::newRow("half a pair") << QString(QChar(0xd83d)) + "x";
+    QTest::newRow("other half of a pair") << QString(QChar(0xde80));
+    QTest::newRow("no character") << QString(QChar(0xffff));
+}
+
+void FormSavingTest::charactersThatXmlHasNotAreRefusedAndKept() {
+    QFETCH(QString, text);
+    for (const char* encoding : {"UTF-8", "ISO-8859-1"}) {
+        const QByteArray form = QByteArray(plainForm).replace("UTF-8", encoding);
+        build(form);
+        set("title", text);
+        set("ticks", 7);
+        const FormSaving saving = m_changes->save();
+        QCOMPARE(saving.fault, QString());
+        QCOMPARE(saving.refused.size(), 1);
+        QVERIFY(!saving.isComplete());
+        QCOMPARE(difference(form, content()), QByteArray("-    <number>5</number>\n+    <number>7</number>\n"));
+        QCOMPARE(m_changes->count(), 1);
+        QVERIFY(m_changes->isDirty());
+        // Under another name too.
+        m_path = m_folder->filePath("copy.ui");
+        QCOMPARE(m_changes->saveAs(m_path).refused.size(), 1);
+        QVERIFY(content().contains(">Speed</string>"));
+        set("title", "Torque");
+        QVERIFY(m_changes->save().isComplete());
+    }
+}
+
+// The second widget of a name is another one than the first: what is written to the one must not read as the other's.
+void FormSavingTest::nothingIsWrittenThatReadsAsAnotherForm() {
+    const QString pair = QString(QChar(0xd83d)) + QChar(0xde80);
+    for (const QString& text : {QString("  "), QString(" a "), QString("]]>"), QString("<&>\r\n\t\""), pair}) {
+        build(plainForm);
+        set("title", text);
+        QVERIFY2(m_changes->save().isComplete(), qPrintable(text));
+        QCOMPARE(reloaded()->property("title").toString(), text);
+    }
+}
+
+void FormSavingTest::formThatIsTooDeepIsNotReplaced() {
+    set("title", "Torque");
+    QByteArray deep = plainForm;
+    deep.replace(" <resources/>", QByteArray("<a>").repeated(300'000) + QByteArray("</a>").repeated(300'000));
+    QFile file(m_path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(deep);
+    file.close();
+    const FormSaving saving = m_changes->save();
+    QVERIFY2(saving.fault.contains("more than 200 deep"), qPrintable(saving.fault));
+    QCOMPARE(content(), deep);
+    QVERIFY(m_changes->isDirty());
+}
+
+void FormSavingTest::changesThatAreTooDeepAreNotTakenOver() {
+    const QByteArray deep = "<changes>" + QByteArray("<a>").repeated(300'000) + QByteArray("</a>").repeated(300'000);
+    FormChanges later;
+    QVERIFY(!later.takeOver(deep + "</changes>", plainForm, nullptr));
+}
+
+void FormSavingTest::strayTextInAPropertyGoesWithAnEditOfIt() {
+    build(QByteArray(plainForm).replace("<property name=\"ticks\">", "<property name=\"ticks\">stray <!-- kept -->"));
+    set("ticks", 7);
+    QVERIFY(m_changes->save().isComplete());
+    QVERIFY2(!content().contains("stray"), content());
+    QVERIFY2(content().contains("<!-- kept -->"), content());
+    QCOMPARE(reloaded()->property("ticks").toInt(), 7);
+}
+
+void FormSavingTest::aPipeInThePlaceOfTheFormIsNotWaitedFor() {
+    set("title", "Torque");
+    QVERIFY(QFile::remove(m_path));
+    QCOMPARE(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
+    QCOMPARE(m_changes->save().fault, m_path + ": is no regular file; save the form under another name");
     QVERIFY(m_changes->isDirty());
 }
 

@@ -23,7 +23,7 @@ bool matches(const std::string& text, const std::string& form) {
 class Log : public StoreTest {
 protected:
     void SetUp() override {
-        ASSERT_EQ(server.tell("open " + store + " 600 " + path), "ok 0");
+        ASSERT_EQ(server.tell("open " + store), "ok 0");
         ASSERT_EQ(ostrel_store_open(store.c_str(), nullptr, nullptr, 0), 0);
     }
 
@@ -32,7 +32,8 @@ protected:
         std::filesystem::remove(path);
     }
 
-    std::vector<std::string> lines() const {
+    std::vector<std::string> lines() {
+        EXPECT_EQ(server.tell("drain_log " + path), "ok");
         std::ifstream file(path);
         std::vector<std::string> result;
         for (std::string line; std::getline(file, line);)

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void theLabelKeepsThePartAskedFor();
     void aliasesOfTwoPartsOfOneRecordAreTwoVariables();
     void aPartUnderItsAliasStaysTheSameVariable();
+    void theSameVariableElsewhereKeepsItsUnits();
     void aFormKeepsItsUnitsInADesigner();
     void theAliasOfTheOwnNameIsTriedNext();
     void anAliasWithoutTextShowsTheName();
@@ -463,6 +464,16 @@ void BindingTest::aPartUnderItsAliasStaysTheSameVariable() {
     QCOMPARE(widget.setupVariable("SPEED_STAT.AV"), VARIABLE_CHANGED);
     QCOMPARE(widget.getName(), QString("N_MEAN"));
     QCOMPARE(widget.setupVariable("N_MEAN"), VARIABLE_FOUND);
+}
+
+void BindingTest::theSameVariableElsewhereKeepsItsUnits() {
+    platform().real("SPEED").units("RPM");
+    Probe widget;
+    widget.setupVariable("SPEED");
+    widget.setUnits("RAD/S");
+    widget.clearMem();
+    QCOMPARE(widget.setupVariable("SPEED"), VARIABLE_CHANGED);
+    QCOMPARE(widget.getUnits(), QString("RAD/S"));
 }
 
 // It gives them before the name, as Qt Designer writes them.

@@ -420,9 +420,11 @@ void GroupBoxTest::aMissingFileIsTriedAgainUntilOneWasLaidOut() {
     const QString path = m_folder->filePath("late.grp");
     group->setFileName(path);
     QCOMPARE(group->getFileName(), QString());
+    QCOMPARE(dynamic_cast<const GroupBase*>(group.get())->missingFile(), path);
     write("late.grp", "<row>\n<var \"OTHER\"\n</row>\n");
     group->setFileName(path);
     QCOMPARE(gridOf(group.get()), QStringList{"OTHER@0,0"});
+    QCOMPARE(dynamic_cast<const GroupBase*>(group.get())->missingFile(), QString());
 }
 
 void GroupBoxTest::theSameFileAndOrientationLoadOnce() {

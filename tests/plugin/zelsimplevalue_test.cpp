@@ -105,6 +105,7 @@ private Q_SLOTS:
     void anIntegerIsWrittenInTheUnitsOfTheLastReal();
     void aDoubleClickWritesAString();
     void aDoubleClickFlipsALogical();
+    void aDoubleClickFlipsTheStateThatTheOperatorSees();
     void aDoubleClickWithoutAVariableIsAnError();
     void otherKindsCannotBeEdited_data();
     void otherKindsCannotBeEdited();
@@ -976,6 +977,18 @@ void ZelSimpleValueTest::aDoubleClickFlipsALogical() {
     platform().forgetCalls();
     QTest::mouseDClick(widget.value(), Qt::LeftButton);
     QCOMPARE(platform().calls(), QStringList({"set_logical_variable PUMP 1 0 null"}));
+}
+
+// Who clicks on "RUNNING" wants it stopped, and not started again where it stopped a moment ago.
+void ZelSimpleValueTest::aDoubleClickFlipsTheStateThatTheOperatorSees() {
+    auto pump = platform().logical("PUMP").value(1).states("RUNNING", "STOPPED");
+    Display widget;
+    widget.setReadOnlyString(false);
+    widget.setName("PUMP");
+    pump.value(0);
+    platform().forgetCalls();
+    QTest::mouseDClick(widget.value(), Qt::LeftButton);
+    QCOMPARE(platform().calls(), QStringList({"set_logical_variable PUMP 0 0 null"}));
 }
 
 void ZelSimpleValueTest::aDoubleClickWithoutAVariableIsAnError() {

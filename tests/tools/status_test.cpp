@@ -77,6 +77,43 @@ TEST_F(Status, FailsWhenTheServerHasDied) {
     EXPECT_EQ(ostrel({"status"}).status, 0);
 }
 
+// The heartbeat is two seconds old at the least when a stopped cell is told from one that lives.
+TEST_F(Status, TellsAStoppedCellFromALivingOne) {
+    EXPECT_EQ(json({"status"}).object()["state"], QJsonValue("alive"));
+    Program watch(command({"watch", "CYCLES", "--rate", "50"}));
+    ASSERT_TRUE(watch.prints(1));
+    cell().signal(SIGSTOP);
+    ASSERT_TRUE(eventually([&] { return ostrel({"status"}).status == 1; }));
+    EXPECT_EQ(json({"status"}, 1).object()["state"], QJsonValue("stopped"));
+    const std::string told = "the cell has been silent for ";
+    const Outcome get = ostrel({"get", "CYCLES"});
+    EXPECT_EQ(get.status, 0);
+    EXPECT_EQ(get.output, "CYCLES 42\n");
+    EXPECT_NE(get.errors.find(told), std::string::npos) << get.errors;
+    const Outcome set = ostrel({"set", "CYCLES", "43"});
+    EXPECT_EQ(set.status, 1);
+    EXPECT_NE(set.errors.find("nothing was written, --force writes all the same"), std::string::npos) << set.errors;
+    EXPECT_EQ(ostrel({"get", "CYCLES"}).output, "CYCLES 42\n");
+    EXPECT_EQ(ostrel({"set", "CYCLES", "43", "--force"}).status, 0);
+    EXPECT_EQ(ostrel({"get", "CYCLES"}).output, "CYCLES 43\n");
+    watch.signal(SIGINT);
+    const std::string errors = watch.finish().errors;
+    EXPECT_EQ(errors.find(told), errors.rfind(told)) << errors;
+    EXPECT_NE(errors.find(told), std::string::npos) << errors;
+    cell().signal(SIGCONT);
+    ASSERT_TRUE(eventually([&] { return ostrel({"status"}).status == 0; }));
+    EXPECT_EQ(ostrel({"set", "CYCLES", "44"}).errors, "");
+}
+
+TEST_F(Status, RefusesToWriteToADeadCell) {
+    cell().signal(SIGKILL);
+    cell().finish();
+    EXPECT_EQ(json({"status"}, 1).object()["state"], QJsonValue("dead"));
+    EXPECT_EQ(ostrel({"set", "CYCLES", "43"}).status, 1);
+    EXPECT_EQ(ostrel({"get", "CYCLES"}).output, "CYCLES 42\n");
+    startCell();
+}
+
 TEST_F(Status, SaysWhatToDoWithoutAStore) {
     const std::string name = freshStoreName();
     for (const Arguments& words : {Arguments{"status"},

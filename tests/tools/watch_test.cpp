@@ -26,6 +26,16 @@ TEST_F(Watch, FollowsAValue) {
     EXPECT_EQ(values.size(), 5U) << outcome.output;
 }
 
+TEST_F(Watch, EndsQuietlyWhenNobodyReadsAnyMore) {
+    std::string line = "set -o pipefail;";
+    for (const std::string& word : command({"watch", "CYCLES", "--rate", "10"}))
+        line += " '" + word + "'";
+    const Outcome outcome = run({"/bin/bash", "-c", line + " | head -1"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.lines().size(), 1U);
+    EXPECT_EQ(outcome.errors, "");
+}
+
 TEST_F(Watch, ShowsOnlyChangesWhereAskedTo) {
     Program watch(command({"watch", "CYCLES", "DOOR", "--rate", "10", "--changes"}));
     ASSERT_TRUE(watch.prints(2));

@@ -46,6 +46,17 @@ std::vector<FormEdit> takeUnplaced(std::vector<FormEdit>& edits, const FormDocum
     return unplaced;
 }
 
+// Those of `edits` that no form can hold; they are taken out.
+std::vector<FormEdit> takeRefused(std::vector<FormEdit>& edits, const FormDocument& document) {
+    const auto fits = [&](const FormEdit& edit) {
+        return canStandInXml(edit.property) && document.isWith(document.with({edit}), {edit});
+    };
+    const auto first = std::stable_partition(edits.begin(), edits.end(), fits);
+    std::vector<FormEdit> refused(first, edits.end());
+    edits.erase(first, edits.end());
+    return refused;
+}
+
 }  // namespace
 
 struct FormChanges::Private {
@@ -268,9 +279,15 @@ FormSaving FormChanges::save() {
     std::vector<FormEdit> placed = d->edits();
     const std::vector<FormEdit> unplaced = takeUnplaced(placed, *document);
     saving.unplaced = d->linesOf(unplaced, false);
+    saving.refused = d->linesOf(takeRefused(placed, *document), false);
     if (*now != d->text)
         saving.overwritten = d->changedMeanwhile(*document, placed);
     const QByteArray written = document->with(placed);
+    // A form that was broken by a save is worth less than changes that are not saved.
+    if (!document->isWith(written, placed)) {
+        saving.fault = QStringLiteral("%1: would not be the same form any more; nothing was written").arg(d->path);
+        return saving;
+    }
     if (written != *now)
         saving.fault = replaceFormFile(d->path, written);
     if (!saving.fault.isEmpty())
@@ -296,6 +313,7 @@ FormSaving FormChanges::saveAs(const QString& path) {
     d->path = path;
     const FormSaving rest = save();
     saving.fault = rest.fault;
+    saving.refused = rest.refused;
     return saving;
 }
 
@@ -307,6 +325,7 @@ QByteArray FormChanges::appliedTo(const QByteArray& form, QStringList* unplaced)
     const std::vector<FormEdit> lost = takeUnplaced(placed, *document);
     if (unplaced)
         *unplaced += d->linesOf(lost, false);
+    takeRefused(placed, *document);
     return document->with(placed);
 }
 

@@ -1,7 +1,9 @@
 #include "formdocument.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QTextCodec>
+#include <algorithm>
 
 #include "formnode.h"
 #include "formsplice.h"
@@ -16,6 +18,25 @@ QTextCodec* codecOf(const QByteArray& bytes) {
         QStringLiteral("^\\s*<\\?xml[^>]*\\bencoding\\s*=\\s*[\"']([^\"']+)[\"']"));
     const QString name = declaration.match(QString::fromLatin1(bytes.left(256))).captured(1);
     return QTextCodec::codecForName(name.isEmpty() ? QByteArray("UTF-8") : name.toLatin1());
+}
+
+using Skipped = QSet<const FormNode*>;
+
+// Children that have a say in it.
+std::vector<const FormNode*> childrenOf(const FormNode& node, const Skipped& skipped) {
+    std::vector<const FormNode*> children;
+    for (const FormNode& child : node.children)
+        if (!skipped.contains(&child))
+            children.push_back(&child);
+    return children;
+}
+
+bool isSameTree(const FormNode& one, const FormNode& other, const Skipped& skipped) {
+    const auto children = childrenOf(one, skipped);
+    const auto others = childrenOf(other, skipped);
+    return one.name == other.name && one.attributes == other.attributes && one.text == other.text &&
+           std::equal(children.begin(), children.end(), others.begin(), others.end(),
+                      [&](const FormNode* child, const FormNode* same) { return isSameTree(*child, *same, skipped); });
 }
 
 }  // namespace
@@ -122,4 +143,19 @@ QByteArray FormDocument::with(const std::vector<FormEdit>& edits) const {
             splice.addProperty(*found, edit.property);
     }
     return encode(splice.result());
+}
+
+bool FormDocument::isWith(const QByteArray& bytes, const std::vector<FormEdit>& edits) const {
+    const auto written = read(bytes);
+    if (!written)
+        return false;
+    Skipped skipped;
+    for (const FormEdit& edit : edits) {
+        if (!written->says(edit))
+            return false;
+        for (const FormDocument* document : {this, static_cast<const FormDocument*>(written.get())})
+            if (const FormNode* found = document->widget(edit.className, edit.objectName))
+                skipped.insert(found->property(edit.propertyName()));
+    }
+    return isSameTree(*m_root, *written->m_root, skipped);
 }

@@ -37,8 +37,12 @@ public:
     // True when the edit would change nothing.
     bool says(const FormEdit& edit) const;
 
-    // The form with `edits`, each of a widget that it has.
+    // The form with `edits`, each of a widget that it has. It need not be one any more: see isWith().
     QByteArray with(const std::vector<FormEdit>& edits) const;
+
+    // Whether these bytes are this form with `edits`: they read as the same tree but for the edited properties, and
+    // those say what was wanted.
+    bool isWith(const QByteArray& bytes, const std::vector<FormEdit>& edits) const;
 
 private:
     FormDocument();

@@ -1,6 +1,7 @@
 #include "formelement.h"
 
 #include <QXmlStreamReader>
+#include <algorithm>
 
 namespace {
 
@@ -75,19 +76,45 @@ QString elementText(const FormElement& element, const FormLayout& layout) {
     return text + QStringLiteral("</%1>").arg(element.name);
 }
 
-FormElement readElement(QXmlStreamReader& xml) {
+namespace {
+
+bool canStandInXml(const QString& text) {
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isPair = text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (!isPair && (text.at(i).isSurrogate() || !isAllowed(text.at(i))))
+            return false;
+        i += isPair ? 1 : 0;
+    }
+    return true;
+}
+
+}  // namespace
+
+FormElement readElement(QXmlStreamReader& xml, int depth) {
     FormElement element{xml.name().toString(), {}, {}, {}};
+    if (depth > deepestElement) {
+        xml.raiseError(QStringLiteral("elements stand in each other more than %1 deep").arg(deepestElement));
+        return element;
+    }
     for (const QXmlStreamAttribute& attribute : xml.attributes())
         element.attributes.append({attribute.name().toString(), attribute.value().toString(),
                                    attribute.name() == QLatin1String("alpha") ? opaque : QString()});
     while (!xml.atEnd()) {
         xml.readNext();
         if (xml.isStartElement())
-            element.children.append(readElement(xml));
+            element.children.append(readElement(xml, depth + 1));
         else if (xml.isCharacters() && !xml.isWhitespace())
             element.text += xml.text();
         else if (xml.isEndElement())
             break;
     }
     return element;
+}
+
+bool canStandInXml(const FormElement& element) {
+    return canStandInXml(element.name) && canStandInXml(element.text) &&
+           std::all_of(element.attributes.begin(), element.attributes.end(),
+                       [](const FormAttribute& attribute) { return canStandInXml(attribute.value); }) &&
+           std::all_of(element.children.begin(), element.children.end(),
+                       [](const FormElement& child) { return canStandInXml(child); });
 }

@@ -46,7 +46,15 @@ QString elementText(const FormElement& element, const FormLayout& layout);
 QString escapedText(const QString& text);
 QString escapedAttribute(const QString& text);
 
-// Reads the element whose start tag the reader has just passed, up to its end tag.
-FormElement readElement(QXmlStreamReader& xml);
+// Elements stand in elements so deep at most: what is deeper is no form, and would be read until the stack is at its
+// end.
+constexpr int deepestElement = 200;
+
+// Reads the element whose start tag the reader has just passed, up to its end tag. Deeper elements end in an error of
+// the reader.
+FormElement readElement(QXmlStreamReader& xml, int depth = 1);
+
+// Whether XML has all characters of the element: it has no lone surrogates and few control characters.
+bool canStandInXml(const FormElement& element);
 
 #endif

@@ -6,6 +6,12 @@
 
 std::optional<QByteArray> readFormFile(const QString& path, QString* fault) {
     QFile file(path);
+    // A pipe would be waited for without end.
+    const bool isSpecial = QFileInfo::exists(path) && !QFileInfo(path).isFile();
+    if (isSpecial && fault)
+        *fault = QStringLiteral("%1: is no regular file; save the form under another name").arg(path);
+    if (isSpecial)
+        return std::nullopt;
     if (file.open(QIODevice::ReadOnly))
         return file.readAll();
     if (fault)

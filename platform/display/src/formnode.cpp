@@ -30,7 +30,11 @@ private:
         return type;
     }
 
-    void readNode(FormNode& node) {
+    void readNode(FormNode& node, int depth = 1) {
+        if (depth > deepestElement) {
+            m_xml.raiseError(QStringLiteral("elements stand in each other more than %1 deep").arg(deepestElement));
+            return;
+        }
         node.name = m_xml.name().toString();
         node.attributes = m_xml.attributes();
         node.contentBegin = m_end;
@@ -39,7 +43,7 @@ private:
             const QXmlStreamReader::TokenType type = next();
             if (type == QXmlStreamReader::StartElement) {
                 node.children.emplace_back();
-                readNode(node.children.back());
+                readNode(node.children.back(), depth + 1);
             } else if (type == QXmlStreamReader::Characters) {
                 node.pieces.push_back({m_begin, m_end, m_xml.isCDATA()});
                 if (!m_xml.isWhitespace())

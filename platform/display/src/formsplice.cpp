@@ -103,6 +103,7 @@ void FormSplice::mergeChildren(const FormNode& node, const FormElement& wanted) 
         fill(node, content + (blanksBefore(node.contentEnd) < node.contentEnd ? QString() : lead(node)));
         return;
     }
+    removeText(node);
     std::vector<bool> kept(node.children.size(), false);
     const FormNode* anchor = nullptr;
     for (const FormElement& child : wanted.children) {
@@ -122,6 +123,20 @@ void FormSplice::mergeChildren(const FormNode& node, const FormElement& wanted) 
     for (size_t at = 0; at < kept.size(); ++at)
         if (!kept[at])
             remove(node.children[at]);
+}
+
+// Text beside children has no business in a value. The blanks around it are the form's.
+void FormSplice::removeText(const FormNode& node) {
+    for (const FormTextPiece& piece : node.pieces) {
+        int begin = piece.begin;
+        int end = piece.end;
+        while (begin < end && isBlank(m_text.at(begin)))
+            ++begin;
+        while (end > begin && isBlank(m_text.at(end - 1)))
+            --end;
+        if (begin < end)
+            replace(begin, end, QString());
+    }
 }
 
 void FormSplice::remove(const FormNode& child) {

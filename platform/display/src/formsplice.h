@@ -34,6 +34,7 @@ private:
     void mergeAttribute(const FormNode& node, const FormAttribute& wanted);
     void mergeText(const FormNode& node, const QString& wanted);
     void mergeChildren(const FormNode& node, const FormElement& wanted);
+    void removeText(const FormNode& node);
     void fill(const FormNode& node, const QString& content);
     void remove(const FormNode& child);
     void insertFirst(const FormNode& node, const FormElement& element);

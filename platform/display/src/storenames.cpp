@@ -125,9 +125,9 @@ void StoreNames::read() {
         void* base = nullptr;
         if (link_to_memory(static_cast<short>(section.area), &base) != 0)
             continue;
-        const int capacity = ostrel_section_capacity(section.area, section.kind);
+        const int used = ostrel_section_used(section.area, section.kind);
         const char* slot = static_cast<const char*>(base) + section.start;
-        for (int k = 0; k < capacity; ++k, slot += section.record_size)
+        for (int k = 0; k < used; ++k, slot += section.record_size)
             addNames(m_all, section.kind, slot);
         fre_shrd_mem(section.area);
     }

@@ -1,16 +1,19 @@
-#include <fcntl.h>
 #include <ostrel/log.h>
 #include <sys/time.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <string>
 
+#include "ground/printable.h"
 #include "processidentity.h"
 #include "store/currentstore.h"
+#include "store/writelayout.h"
 
 namespace {
 
@@ -29,13 +32,15 @@ size_t putTime(char* line, size_t room) {
     return length + writtenLength(snprintf(line + length, room - length, ".%03ld", now.tv_usec / 1000), room - length);
 }
 
-void appendTo(const char* path, const char* line, size_t length) {
-    const int fd = open(path, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0640);
-    if (fd < 0)
+// The cell puts it into the log file: a path that stands in memory which others may write leads anywhere.
+void give(const Attachment& store, const char* text, size_t length) {
+    WriteMemory* memory = store.writes();
+    if (!memory || !store.isWritable())
         return;
-    // One write, so that lines of several processes do not mix. There is nobody to tell when it fails.
-    [[maybe_unused]] const ssize_t written = write(fd, line, length);
-    close(fd);
+    LogLine line{};
+    line.length = static_cast<uint32_t>(std::min(length, sizeof line.text));
+    std::memcpy(line.text, text, line.length);
+    memory->log.publish(std::bit_cast<LogRing::Words>(line));
 }
 
 }  // namespace
@@ -56,12 +61,12 @@ void log_error(const char* file, int line, int level, int status, const char* fo
     va_end(arguments);
     std::replace_if(
         text, text + length, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    // Of the same length; names and file names in it may be anybody's.
+    const std::string shown = printable({text, length});
+    std::memcpy(text, shown.data(), length);
     text[length++] = '\n';
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text, length);
 
-    char path[sizeof StoreHeader::logFile] = "";
     if (const Attachment* store = runningStore())
-        std::memcpy(path, store->header()->logFile, sizeof path - 1);
-    if (path[0] != '\0')
-        appendTo(path, text, length);
+        give(*store, text, length - 1);
 }

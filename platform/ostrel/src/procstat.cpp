@@ -26,3 +26,12 @@ std::optional<ProcStat> readProcStat(const char* path) {
                                                  &result.state, &result.started) == 2;
     return isRead ? std::optional(result) : std::nullopt;
 }
+
+std::string programName(int pid) {
+    const int file = open(("/proc/" + std::to_string(pid) + "/comm").c_str(), O_RDONLY | O_CLOEXEC);
+    std::array<char, 32> name{};
+    const ssize_t length = file < 0 ? 0 : read(file, name.data(), name.size());
+    if (file >= 0)
+        close(file);
+    return length > 1 ? std::string(name.data(), static_cast<size_t>(length) - 1) : "?";
+}

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 struct ProcStat {
     char state;        // 'Z' and 'X' are dead
@@ -12,5 +13,8 @@ struct ProcStat {
 
 // Nothing where /proc does not tell, for instance because there is no such process.
 std::optional<ProcStat> readProcStat(const char* path);
+
+// The name of a process's program, as the kernel keeps it; "?" where there is no such process.
+std::string programName(int pid);
 
 #endif

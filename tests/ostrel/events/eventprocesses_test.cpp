@@ -125,6 +125,7 @@ TEST_F(EventProcesses, aPlaceIsFreeWhenItsNumbersWereGivenToAnother) {
 
 TEST_F(EventProcesses, attachingToAFullTableReclaimsTheDead) {
     eventId("some");
+    store.takePlaces(threadCapacity - 256);
     auto& waiting = shared<std::atomic<int>>();
     Child child([&] {
         std::vector<std::thread> threads;
@@ -143,6 +144,26 @@ TEST_F(EventProcesses, attachingToAFullTableReclaimsTheDead) {
     child.kill();
     EXPECT_EQ(attach("some"), 0);
     EXPECT_EQ(attached("some"), 1);
+}
+
+// A cell raises an event for each variable that changed: it must not stand still with each of them.
+TEST_F(EventProcesses, oneStoppedWithTheLockHoldsARaiserUpOnce) {
+    eventId("some");
+    auto& isHolding = shared<std::atomic<bool>>();
+    Child stopped([&] {
+        const EventLock lock(store.layout());
+        isHolding = true;
+        pause();
+        return 0;
+    });
+    ASSERT_TRUE(comes([&] { return isHolding.load(); }));
+    const int64_t start = monotonicNow();
+    for (int number = 0; number < 20; ++number)
+        EXPECT_EQ(raise("some"), OSTREL_EVENT_NO_STORE);
+    EXPECT_LT(monotonicNow() - start, 5 * nanosecondsPerSecond);
+    stopped.kill();
+    EXPECT_EQ(raise("some"), 0);
+    EXPECT_EQ(raised("some"), 1U);
 }
 
 TEST_F(EventProcesses, oneKilledWithTheLockHoldsNobodyUp) {
@@ -198,7 +219,8 @@ TEST_F(EventProcesses, theNextOneWakesWhomTheDeadDidNot) {
     ASSERT_TRUE(comes([&] { return store.isAsleep(0); }));
     Child raiser([&] {
         const EventLock lock(store.layout());
-        putMessage(store.layout(), index, "left behind", sizeof "left behind");
+        ThreadSet toWake{};
+        putMessage(store.layout(), index, "left behind", sizeof "left behind", toWake);
         isHolding = true;
         pause();
         return 0;

@@ -1,6 +1,7 @@
 // Events inside one process, on a stand-in for the store.
 #include <gtest/gtest.h>
 #include <ostrel/records.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <random>
@@ -10,6 +11,7 @@
 #include "events/eventmemory.h"
 #include "events/eventtable.h"
 #include "eventstore.h"
+#include "procstat.h"
 
 namespace {
 
@@ -342,26 +344,30 @@ TEST_F(Events, aThreadThatEndsIsDetached) {
     EXPECT_EQ(store.layout().threads[0].used, 0U);
 }
 
-TEST_F(Events, canBeFiveHundred) {
+TEST_F(Events, canBeTwoThousand) {
     int made = 1;  // "config"
     int eid = 0;
     while (ostrel_event_create(("event " + std::to_string(made)).c_str(), &eid) == 0)
         ++made;
-    EXPECT_EQ(made, 500);
+    EXPECT_EQ(made, 2000);
     EXPECT_EQ(ostrel_event_create("one more", &eid), OSTREL_EVENT_FULL);
     EXPECT_EQ(createTimer("a timer", 100, eid), OSTREL_EVENT_FULL);
-    EXPECT_EQ(ostrel_event_create("event 499", &eid), 0);
-    ASSERT_EQ(attach("event 499"), 0);
-    raise("event 499", "last one");
+    EXPECT_EQ(ostrel_event_create("event 1999", &eid), 0);
+    ASSERT_EQ(attach("event 1999"), 0);
+    raise("event 1999", "last one");
     EXPECT_EQ(receiveUntil("last one"), Texts{"last one"});
     ostrel_event_info_t info{};
-    EXPECT_EQ(ostrel_event_info(499, &info), 0);
-    EXPECT_NE(ostrel_event_info(500, &info), 0);
+    EXPECT_EQ(ostrel_event_info(1999, &info), 0);
+    EXPECT_NE(ostrel_event_info(2000, &info), 0);
     EXPECT_NE(ostrel_event_info(-1, &info), 0);
 }
 
-TEST_F(Events, serve256Threads) {
+// The places stand at the end of the table: sets of threads are walked over to their last word.
+TEST_F(Events, serveAsManyThreadsAsThereArePlaces) {
     eventId("some");
+    store.takePlaces(threadCapacity);
+    for (unsigned place = threadCapacity - 256; place < threadCapacity; ++place)
+        store.layout().threads[place].used = 0;
     std::atomic<int> ready = 0;
     std::atomic<int> got = 0;
     std::vector<std::thread> threads;
@@ -381,6 +387,75 @@ TEST_F(Events, serve256Threads) {
     EXPECT_EQ(got, 256);
     EXPECT_EQ(attached("some"), 0);
     EXPECT_EQ(attach("some"), 0);
+}
+
+TEST_F(Events, withoutAPlaceForTheThreadComeAsSoonAsThereIsOne) {
+    const int some = eventId("some");
+    store.takePlaces(threadCapacity);
+    loggedLines().clear();
+    int eid = 0;
+    for (int attempt = 0; attempt < 3; ++attempt)
+        EXPECT_EQ(event_attach("some", 1, &eid), OSTREL_EVENT_FULL);
+    EXPECT_EQ(eid, some);
+    EXPECT_EQ(event_wait(nullptr, 0, &eid), OSTREL_EVENT_QUIET);
+    ASSERT_EQ(loggedLines().size(), 1U);
+    const std::string own = "4096 by " + programName(getpid()) + "[" + std::to_string(getpid()) + "]";
+    EXPECT_NE(loggedLines().front().find(own), std::string::npos) << loggedLines().front();
+    store.layout().threads[4000].used = 0;
+    EXPECT_TRUE(comes([&] { return event_wait(nullptr, 0, &eid), attached("some") == 1; }));
+    raise("some", "in");
+    EXPECT_EQ(receiveUntil("in"), Texts{"in"});
+    EXPECT_EQ(attach("some"), OSTREL_EVENT_ATTACHED);
+}
+
+TEST_F(Events, thatDoNotExistAreNotWaitedForWithoutAPlaceEither) {
+    store.takePlaces(threadCapacity);
+    EXPECT_EQ(attach("unknown"), OSTREL_EVENT_UNKNOWN);
+    store.layout().threads[0].used = 0;
+    int eid = 0;
+    EXPECT_EQ(event_wait(nullptr, 0, &eid), OSTREL_EVENT_QUIET);
+    EXPECT_EQ(event_get_id(std::array<char, 32>{"unknown"}.data(), &eid), OSTREL_EVENT_UNKNOWN);
+}
+
+TEST_F(Events, thatNobodyWaitsForAnyMoreAreNotAttachedTo) {
+    const int some = eventId("some");
+    store.takePlaces(threadCapacity);
+    attach("some");
+    EXPECT_EQ(event_detach(some), 0);
+    store.layout().threads[0].used = 0;
+    int eid = 0;
+    EXPECT_EQ(event_wait(nullptr, 0, &eid), OSTREL_EVENT_QUIET);
+    EXPECT_EQ(attached("some"), 0);
+}
+
+// As the timers' threads of a display go: no timer can be made, and no attach follows.
+TEST_F(Events, aTimerWithoutRoomTicksAsSoonAsThereIsSome) {
+    store.layout().eventCount = eventCapacity;
+    loggedLines().clear();
+    int eid = -1;
+    EXPECT_EQ(createTimer("tmr-70", 70, eid), OSTREL_EVENT_FULL);
+    EXPECT_EQ(loggedLines().size(), 1U);
+    int got = 0;
+    EXPECT_EQ(event_wait(nullptr, 0, &got), OSTREL_EVENT_QUIET);
+    store.layout().eventCount = 1;
+    EXPECT_TRUE(comes([&] { return event_wait(nullptr, 0, &got), attached("tmr-70") == 1; }));
+    std::array<char, 32> name{};
+    EXPECT_EQ(find_ms_timer(70, name.data(), &got), 0);
+    EXPECT_EQ(got, eid);
+    raise("tmr-70");
+    EXPECT_EQ(receive().eid, eid);
+}
+
+TEST_F(Events, tellHowMuchRoomIsTaken) {
+    eventId("some");
+    attach("some");
+    ostrel_event_room_t room{};
+    ASSERT_EQ(ostrel_event_room(&room), 0);
+    EXPECT_EQ(room.threads, 1);
+    EXPECT_EQ(room.most_threads, 4096);
+    EXPECT_EQ(room.events, 2);
+    EXPECT_EQ(room.most_events, 2000);
+    EXPECT_EQ(ostrel_event_room(nullptr), OSTREL_EVENT_INVALID);
 }
 
 TEST_F(Events, aTimerIsMadeOnce) {
@@ -515,16 +590,15 @@ TEST_F(ReplacedStore, isAReconfigurationOfEverything) {
 TEST_F(ReplacedStore, withoutRoomGetsTheThreadsWhenThereIsSome) {
     eventId("some");
     attach("some");
-    for (ThreadPlace& place : next.layout().threads) {
-        place.owner = {getpid(), getpid(), 0};
-        place.used = 1;
-    }
+    next.takePlaces(threadCapacity);
     next.use();
     int eid = 0;
     EXPECT_EQ(event_wait(nullptr, 0, &eid), OSTREL_EVENT_QUIET);
     EXPECT_EQ(attach("config"), OSTREL_EVENT_FULL);
     next.layout().threads[200].used = 0;
-    EXPECT_EQ(event_wait(nullptr, 0, &eid), OSTREL_EVENT_QUIET);
+    // It may have missed a reconfiguration, so it is told of one: its start and its end.
+    EXPECT_EQ(receive().eid, eventId("config"));
+    EXPECT_EQ(receive().eid, eventId("config"));
     raise("some", "in");
     EXPECT_EQ(receiveUntil("in"), Texts{"in"});
 }

@@ -1,12 +1,15 @@
 #include "eventstore.h"
 
 #include <ostrel/events.h>
+#include <ostrel/log.h>
 #include <signal.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdarg>
+#include <cstdio>
 #include <vector>
 
 #include "events/eventlock.h"
@@ -24,6 +27,20 @@ std::atomic<int>& inUse() {
 std::vector<EventLayout*> layouts;  // by number - 1
 
 }  // namespace
+
+std::vector<std::string>& loggedLines() {
+    static std::vector<std::string> lines;
+    return lines;
+}
+
+void log_error(const char*, int, int, int, const char* format, ...) {
+    char line[512];
+    va_list arguments;
+    va_start(arguments, format);
+    vsnprintf(line, sizeof line, format, arguments);
+    va_end(arguments);
+    loggedLines().emplace_back(line);
+}
 
 EventsInUse eventsInUse() {
     const int number = inUse();
@@ -48,6 +65,13 @@ EventStore::~EventStore() {
     for (int eid = 1; eid < moreThanAnyTestMakes; ++eid)
         event_detach(eid);
     useNone();
+}
+
+void EventStore::takePlaces(unsigned count) {
+    for (unsigned place = threadCapacity - count; place < threadCapacity; ++place) {
+        m_layout->threads[place].owner = {getpid(), getpid(), 0};
+        m_layout->threads[place].used = 1;
+    }
 }
 
 bool EventStore::isAsleep(int place) {

@@ -5,6 +5,8 @@
 #include <sys/types.h>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "events/eventlayout.h"
 
@@ -18,6 +20,9 @@ public:
     EventStore& operator=(const EventStore&) = delete;
 
     EventLayout& layout() { return *m_layout; }
+
+    // Gives the last places of the table to the process of the test, so that so many fewer threads have room.
+    void takePlaces(unsigned count);
 
     // Whether the owner of that place has found nothing and sleeps.
     bool isAsleep(int place);
@@ -48,6 +53,9 @@ public:
 private:
     pid_t m_pid;
 };
+
+// What the library would have written into the log of the process.
+std::vector<std::string>& loggedLines();
 
 // Memory that the test shares with the children that it makes later, zeroed.
 void* sharedMemory(size_t size);

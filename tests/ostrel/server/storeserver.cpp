@@ -19,13 +19,11 @@ std::string failed() {
 
 std::string open(std::istream& words) {
     std::string name;
-    std::string logFile;
     std::string mode;
-    words >> name >> mode >> logFile;
+    words >> name >> mode;
     ostrel_server_options options{};
     options.name = name.c_str();
     options.cell_file = "engine.toml";
-    options.log_file = logFile.empty() ? nullptr : logFile.c_str();
     options.mode = mode.empty() ? 0 : std::stoi(mode, nullptr, 8);
     server = ostrel_server_open(&options, message, sizeof message);
     return server ? "ok " + std::to_string(ostrel_server_adopted(server)) : failed();
@@ -98,10 +96,15 @@ std::string setRule(std::istream& words) {
     return ostrel_server_set_write_rule(server, label.c_str(), &rule) == 0 ? "ok" : "error no such variable";
 }
 
-std::string drain(std::istream& words) {
+using Drain = int (*)(ostrel_server*, const char*, size_t, char*, size_t);
+
+std::string drain(std::istream& words, Drain function) {
     std::string file;
-    words >> file;
-    return ostrel_server_drain_writes(server, file.c_str(), message, sizeof message) == 0 ? "ok" : failed();
+    size_t mostBytes = 0;
+    words >> file >> mostBytes;
+    function(server, file.c_str(), mostBytes, message, sizeof message);
+    ostrel_server_flush(server, 10'000);
+    return function(server, file.c_str(), mostBytes, message, sizeof message) == 0 ? "ok" : failed();
 }
 
 std::string makeRoom(std::istream& words) {
@@ -189,7 +192,9 @@ std::string obey(const std::string& command, std::istream& words) {
     if (command == "rule")
         return setRule(words);
     if (command == "drain")
-        return drain(words);
+        return drain(words, ostrel_server_drain_writes);
+    if (command == "drain_log")
+        return drain(words, ostrel_server_drain_log);
     if (command == "room")
         return makeRoom(words);
     if (command == "reserve")

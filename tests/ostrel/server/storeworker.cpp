@@ -110,7 +110,7 @@ int serve(const std::string& store, const std::string& file) {
     for (int round = 1; board->stop.load() == 0; ++round) {
         served.countUp();
         ostrel_server_beat(served.server);
-        mustBe(ostrel_server_drain_writes(served.server, file.c_str(), served.message, sizeof served.message) == 0,
+        mustBe(ostrel_server_drain_writes(served.server, file.c_str(), 0, served.message, sizeof served.message) == 0,
                served.message);
         if (round % 5 == 0)
             served.configure(round / 5);

@@ -9,6 +9,7 @@
 #include "events/eventmemory.h"
 #include "fuzzinputs.h"
 #include "store/storeobjects.h"
+#include "store/storeowner.h"
 
 namespace {
 
@@ -113,6 +114,75 @@ TEST_F(StoreOpen, CapacitiesThatTheObjectsHaveNoRoomForAreSaid) {
     EXPECT_EQ(open(), StoreLook::Damaged);
     made.storeHeader()->sections[0].capacity = UINT32_MAX;
     EXPECT_EQ(open(), StoreLook::Damaged);
+}
+
+// Stores and parts of stores that another user made. Only root can make these here.
+class ForeignStore : public StoreOpen {
+protected:
+    static constexpr uid_t somebody = 65534;
+    static inline const std::string foreign =
+        "belongs to nobody; used are stores of one's own user, of root and of the user that OSTREL_OWNER names";
+
+    void SetUp() override {
+        if (geteuid() != 0)
+            GTEST_SKIP() << "only root can give files away";
+        unsetenv("OSTREL_OWNER");
+        StoreOpen::SetUp();
+    }
+
+    void TearDown() override {
+        unsetenv("OSTREL_OWNER");
+        StoreOpen::TearDown();
+    }
+
+    std::string path(const std::string& suffix) const { return "/dev/shm/ostrel-" + name + suffix; }
+    void giveAway(const std::string& suffix) const {
+        ASSERT_EQ(chown(path(suffix).c_str(), somebody, static_cast<gid_t>(-1)), 0);
+    }
+};
+
+TEST_F(ForeignStore, IsRefusedWithItsOwner) {
+    giveAway("");
+    EXPECT_EQ(open(), StoreLook::Forbidden);
+    EXPECT_EQ(problem, path("") + " " + foreign);
+}
+
+TEST_F(ForeignStore, IsRefusedForOnePartToo) {
+    giveAway("-area54");
+    EXPECT_EQ(open(), StoreLook::Damaged);
+    EXPECT_EQ(problem, "its part area54: " + path("-area54") + " " + foreign);
+}
+
+TEST_F(ForeignStore, IsUsedWhereItsOwnerIsNamed) {
+    giveAway("");
+    for (const char* named : {"nobody", "65534"}) {
+        setenv("OSTREL_OWNER", named, 1);
+        EXPECT_EQ(open(), StoreLook::Usable) << problem;
+    }
+    for (const char* named : {"", "root", "65533", "65534 ", "no-such-user"}) {
+        setenv("OSTREL_OWNER", named, 1);
+        EXPECT_EQ(open(), StoreLook::Forbidden) << named;
+    }
+}
+
+// Root may own the store that a user reads.
+TEST_F(ForeignStore, IsUsedWhereItIsRoots) {
+    for (const char* suffix : {"", "-area54"})
+        ASSERT_EQ(chmod(path(suffix).c_str(), 0666), 0);
+    ASSERT_EQ(seteuid(somebody), 0);
+    EXPECT_TRUE(mayOwnStores(0));
+    EXPECT_TRUE(mayOwnStores(somebody));
+    EXPECT_FALSE(mayOwnStores(12345));
+    ASSERT_EQ(seteuid(0), 0);
+}
+
+TEST_F(ForeignStore, CannotBeMadeWhereTheNameIsALink) {
+    unlinkStoreObjects(name);
+    const std::string target = "/tmp/" + name;
+    ASSERT_EQ(symlink(target.c_str(), path("").c_str()), 0);
+    EXPECT_EQ(open(), StoreLook::Forbidden);
+    EXPECT_EQ(problem, path("") + ": Too many levels of symbolic links");
+    EXPECT_NE(access(target.c_str(), F_OK), 0);
 }
 
 }  // namespace

@@ -29,9 +29,10 @@ Q_DECL_EXPORT uint qHash(const FormKey& key, uint seed = 0);
 struct FormSaving {
     QString fault;            // one line, empty when the file holds what it is to hold
     QStringList unplaced;     // the form has no such widget any more; they stay unsaved
+    QStringList refused;      // no form can hold them; they stay unsaved
     QStringList overwritten;  // somebody else had changed them too; the file now has this display's value
 
-    bool isComplete() const { return fault.isEmpty() && unplaced.isEmpty(); }
+    bool isComplete() const { return fault.isEmpty() && unplaced.isEmpty() && refused.isEmpty(); }
 };
 
 // GUI thread only.

@@ -165,6 +165,10 @@ const ostrel_section* ostrel_section_of(SM_AREA_ID area, SM_VARI_TYPE kind);
 // Records that the store in use has room for in that section; 0 without a store or without such a section.
 int ostrel_section_capacity(SM_AREA_ID area, SM_VARI_TYPE kind);
 
+// Records of that section that were ever given to a variable, also those of variables that went: whoever looks for all
+// variables looks at these. Those behind them must not be read where memory may be full.
+int ostrel_section_used(SM_AREA_ID area, SM_VARI_TYPE kind);
+
 #pragma GCC visibility pop
 #ifdef __cplusplus
 }

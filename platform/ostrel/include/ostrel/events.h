@@ -24,7 +24,7 @@ extern "C" {
 #define OSTREL_EVENT_ATTACHED (-261)  // the calling thread is attached to it already
 #define OSTREL_EVENT_NO_STORE (-250)  // no store, or its events cannot be used
 #define OSTREL_EVENT_UNKNOWN (-251)   // no such event; event_detach: not attached to it
-#define OSTREL_EVENT_FULL (-252)      // 500 events exist, or 256 threads are attached
+#define OSTREL_EVENT_FULL (-252)      // 2000 events exist, 4096 threads are attached, or the store's memory is full
 #define OSTREL_EVENT_INVALID (-254)   // a name, a payload or a period that cannot be; null where a place is needed
 
 // Looks for a timer of that period. 0: there is one, `name` (32 bytes) and *eid are filled; else *eid stays as it was.
@@ -32,7 +32,8 @@ short int find_ms_timer(int interval_ms, char* name, int* eid);
 
 // Makes a timer event. *(int*)interval is its period in milliseconds, from 10 to 3600000. The numbers between name and
 // interval are passed as 10, 0, 1 and 0 and change nothing: each attachment has a queue of the depth that it asks for.
-// 0, or OSTREL_EVENT_ATTACHED: *eid is its id. The calling thread is not attached by this.
+// 0, or OSTREL_EVENT_ATTACHED: *eid is its id. The calling thread is not attached by this, but for OSTREL_EVENT_FULL:
+// then *eid is the id that the timer will have, and the thread waits for it as event_attach() says.
 short int event_create_timer(char* name, unsigned short depth, unsigned short reserved0, unsigned short reserved1,
                              unsigned char reserved2, void* interval, int* eid);
 
@@ -42,6 +43,8 @@ short int ostrel_event_create(const char* name, int* eid);
 // Attaches the calling thread to an event, with a queue of `max_queued` (1 to 256; what is outside is taken as the
 // nearer end; "config" has one of 256 always, so that both phases of a reconfiguration come). A full queue drops its
 // oldest entry. 0, or OSTREL_EVENT_ATTACHED: *eid is the id. A thread that ends is detached from all.
+// OSTREL_EVENT_FULL: there is no room, which the log tells once, with what takes it. *eid is the id all the same:
+// event_wait() tries to attach the thread once a second from then on, until event_detach().
 short int event_attach(const char* name, unsigned short max_queued, int* eid);
 
 // Detaches the calling thread. What waits in its queue is lost.
@@ -58,6 +61,17 @@ short int event_set_name(char* name, void* data, size_t size);
 
 // The id of an existing event.
 short int event_get_id(char* name, int* eid);
+
+// How much of the room for events is taken.
+typedef struct ostrel_event_room_t {
+    int threads;  // that are attached
+    int most_threads;
+    int events;
+    int most_events;
+} ostrel_event_room_t;
+
+// 0: *room is filled.
+short int ostrel_event_room(ostrel_event_room_t* room);
 
 // One event as ostrel_event_info() tells it.
 typedef struct ostrel_event_info_t {

@@ -1,4 +1,4 @@
-// The platform's log: a line on standard error and in the log file of the cell.
+// The platform's log: a line on standard error and, by way of the store, in the log file of the cell.
 #ifndef OSTREL_LOG_H
 #define OSTREL_LOG_H
 

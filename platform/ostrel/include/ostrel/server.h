@@ -23,7 +23,6 @@ typedef struct ostrel_server ostrel_server;
 typedef struct ostrel_server_options {
     const char* name;       // of the store; null makes a private store of this process, which then uses it itself
     const char* cell_file;  // shown to clients; may be null
-    const char* log_file;   // log_error() of every client writes there; may be null
     int mode;               // access to the shared memory, 0600 where 0
     gid_t group;            // its group, where group_given is 1
     int group_given;
@@ -118,12 +117,23 @@ typedef struct ostrel_write_rule {
 // was put keeps the rule it had; a new one may be written without limits. 0, or non-zero for a label that was not put.
 int ostrel_server_set_write_rule(ostrel_server* server, const char* label, const ostrel_write_rule* rule);
 
-// Appends what clients wrote since the last time to the file, a line each, and notes there how many writes came too
-// fast to be kept. The place up to which the file has them stands in the store: a server that adopts it goes on from
-// there, and a line that a killed server was about to write may be there twice, with the same number. 0, or non-zero
-// with the reason where the file cannot be written: the writes stay in the list and are appended next time. Costs next
-// to nothing where nobody has written.
-int ostrel_server_drain_writes(ostrel_server* server, const char* file, char* message, size_t message_size);
+// Has what clients wrote since the last time appended to the file, a line each, and notes there how many writes came
+// too fast to be kept. A thread of the server's own writes: no disk holds the caller up. Up to 4 MiB wait for a file
+// that takes nothing; what came then is counted and told in the file. A file that has grown to `most_bytes` (0: any
+// number) becomes FILE.1, FILE.1 becomes FILE.2, and so on to FILE.9. The place up to which the file has the writes
+// stands in the store: a server that adopts it goes on from there, and a line that a killed server was about to write
+// may be there twice, with the same number. 0, or non-zero with the reason where the last try failed: what waits goes
+// into the file, or into the one that is named next, when that is possible. A link, what is no regular file and what
+// belongs to another user than this one or root is not written to. Costs next to nothing where nobody has written.
+int ostrel_server_drain_writes(ostrel_server* server, const char* file, size_t most_bytes, char* message,
+                               size_t message_size);
+
+// The same for the lines of log_error(), of all programs of the store.
+int ostrel_server_drain_log(ostrel_server* server, const char* file, size_t most_bytes, char* message,
+                            size_t message_size);
+
+// Waits until both files have what was handed to them, so long at most for each. 0 where they have.
+int ostrel_server_flush(ostrel_server* server, int milliseconds);
 
 // Makes the names known, retires what was not put, counts the reconfiguration and announces its end.
 void ostrel_server_commit(ostrel_server* server);

@@ -156,6 +156,10 @@ short int ostrel_next_write(uint64_t after, ostrel_write* write);
 // it stands in OSTREL_STORE. Where what was asked for cannot be had, no store is used until the next call chooses.
 int ostrel_store_open(const char* name, const char* cell_file, char* message, size_t message_size);
 
+// A server shows at least twice a second that it scans. One that has not for so many seconds is silent: its values
+// stand still, whatever its process does.
+#define OSTREL_SILENCE_S 2.0
+
 typedef struct ostrel_store_status {
     int found;               // 1: attached to a store; its server may be alive or dead
     int embedded;            // 1: the private store of this process

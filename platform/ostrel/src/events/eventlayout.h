@@ -30,8 +30,8 @@
 #include <cstdint>
 #include <type_traits>
 
-constexpr unsigned eventCapacity = 500;
-constexpr unsigned threadCapacity = 256;
+constexpr unsigned eventCapacity = 2000;
+constexpr unsigned threadCapacity = 4096;
 constexpr unsigned payloadCapacity = 256;
 constexpr unsigned deepestQueue = 256;
 constexpr unsigned messageSlots = deepestQueue + 1;
@@ -42,7 +42,7 @@ constexpr int longestPeriodMs = 3'600'000;
 
 constexpr uint64_t eventMagic = 0x73746e65'76456c6fULL;
 constexpr uint64_t eventGuard = 0x64726175'672d7665ULL;
-constexpr uint32_t eventLayoutVersion = 1;
+constexpr uint32_t eventLayoutVersion = 2;
 
 using FutexWord = std::atomic<uint32_t>;
 static_assert(sizeof(FutexWord) == 4 && FutexWord::is_always_lock_free);
@@ -50,7 +50,7 @@ static_assert(sizeof(FutexWord) == 4 && FutexWord::is_always_lock_free);
 // Filled up with zeros, so that names are equal when their bytes are.
 using EventName = std::array<char, eventNameSize>;
 
-// One bit per place in the table of threads.
+// One bit per place in the table of threads, in words that are walked over quickly where few are set.
 using ThreadSet = std::array<uint64_t, threadCapacity / 64>;
 
 // A thread as the kernel knows it; the start time tells it from a later one with the same numbers.
@@ -74,15 +74,15 @@ static_assert(offsetof(ThreadPlace, used) == 16 && offsetof(ThreadPlace, wakeups
 
 struct EventPlace {
     EventName name;
-    int32_t periodMs;  // 0: plain event
-    uint32_t reserved;
+    int32_t periodMs;   // 0: plain event
+    uint16_t hasHeads;  // 1: the memory of its heads is taken
+    uint16_t hasBodies;
     uint64_t raised;   // messages so far; the number of the next one
     uint64_t dropped;  // by all attachments, those that are gone included
-    ThreadSet attached;
-    uint64_t reserved2;
+    uint64_t reserved;
 };
-static_assert(sizeof(EventPlace) == 96);
-static_assert(offsetof(EventPlace, raised) == 40 && offsetof(EventPlace, attached) == 56);
+static_assert(sizeof(EventPlace) == 64);
+static_assert(offsetof(EventPlace, raised) == 40 && offsetof(EventPlace, dropped) == 48);
 
 struct Subscription {
     uint64_t next;  // number of the message to read next
@@ -113,6 +113,9 @@ struct EventLayout {
     uint64_t order;          // given to the last message
     alignas(64) ThreadPlace threads[threadCapacity];
     EventPlace events[eventCapacity];
+    ThreadSet attached[eventCapacity];
+    // The server takes the memory of all that stands before, when it makes the store. Of what follows the memory is
+    // taken as it is needed, before the first byte is written: a store whose memory is full refuses, and kills nobody.
     Subscription subscriptions[eventCapacity][threadCapacity];
     MessageHead heads[eventCapacity][messageSlots];
     MessageBody bodies[eventCapacity][messageSlots];

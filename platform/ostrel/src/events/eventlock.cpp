@@ -55,6 +55,19 @@ static int lockUntil(pthread_mutex_t& mutex, const timespec& deadline) {
 }
 #endif
 
+// Whether this process has found that the owner of the lock does not give it back.
+static std::atomic<bool> ownerStands = false;
+
+static int64_t patience() {
+    constexpr int64_t moment = 2 * nanosecondsPerMs;
+    return ownerStands.load(std::memory_order_relaxed) ? moment : nanosecondsPerSecond;
+}
+
+EventLock::EventLock(EventLayout& memory) : EventLock(memory, monotonicNow() + patience()) {
+    if (!m_held)
+        ownerStands.store(true, std::memory_order_relaxed);
+}
+
 EventLock::EventLock(EventLayout& memory, int64_t deadline) : m_memory(memory), m_held(false) {
     if (!isUsable(memory))
         return;
@@ -64,6 +77,8 @@ EventLock::EventLock(EventLayout& memory, int64_t deadline) : m_memory(memory), 
         wakeAll(memory);
     }
     m_held = result == 0 || result == EOWNERDEAD;
+    if (m_held && ownerStands.load(std::memory_order_relaxed))
+        ownerStands.store(false, std::memory_order_relaxed);
 }
 
 EventLock::~EventLock() {

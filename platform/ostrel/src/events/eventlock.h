@@ -19,10 +19,12 @@ void wakeWord(FutexWord& word);
 bool isUsable(const EventLayout& memory);
 
 // Holds the lock as long as it lives. It is not held when the memory is damaged, or when its owner, though alive, kept
-// it to the deadline (a stopped process): an operator's program does not hang on another one's debugger.
+// it to the deadline (a stopped process): an operator's program does not hang on another one's debugger. Without a
+// deadline it waits for a second; once that has passed in vain, no longer than a moment until somebody gets the lock
+// again, so that a cell that raises many events stands still once and not with each of them.
 class EventLock {
 public:
-    explicit EventLock(EventLayout& memory) : EventLock(memory, monotonicNow() + nanosecondsPerSecond) {}
+    explicit EventLock(EventLayout& memory);
     EventLock(EventLayout& memory, int64_t deadline);
     ~EventLock();
     EventLock(const EventLock&) = delete;

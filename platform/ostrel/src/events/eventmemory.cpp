@@ -11,6 +11,10 @@ size_t eventMemorySize() {
     return sizeof(EventLayout);
 }
 
+size_t eventMemoryHead() {
+    return offsetof(EventLayout, subscriptions);
+}
+
 void formatEventMemory(void* memory) {
     EventLayout& layout = *static_cast<EventLayout*>(memory);
     pthread_mutexattr_t attributes;

@@ -8,6 +8,9 @@
 // Bytes that the events of one store need. Most of them are never touched: keep them sparse.
 size_t eventMemorySize();
 
+// Bytes at its beginning that every process uses: whoever makes the store takes their memory first.
+size_t eventMemoryHead();
+
 // Makes zeroed memory of that size ready. Called once, by the server that makes the store, before clients see it.
 void formatEventMemory(void* memory);
 

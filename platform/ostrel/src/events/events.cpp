@@ -5,6 +5,7 @@
 
 #include "events/eventlock.h"
 #include "events/eventregistry.h"
+#include "events/eventroom.h"
 #include "events/eventsinuse.h"
 #include "events/eventtable.h"
 #include "events/eventthread.h"
@@ -46,11 +47,18 @@ short int createTimer(EventLayout& memory, const EventName& name, int periodMs, 
         eid = id;
         return OSTREL_EVENT_ATTACHED;
     }
-    const int id = idOfEvent(name);
-    if (addEvent(memory, name, periodMs) < 0)
-        return OSTREL_EVENT_FULL;
-    eid = id;
-    return 0;
+    eid = idOfEvent(name);
+    if (addEvent(memory, name, periodMs) >= 0)
+        return 0;
+    ThreadEvents::ofThisThread().wish(name, periodMs);
+    return OSTREL_EVENT_FULL;
+}
+
+// Without the lock.
+void tellIfFull(short int status, const EventName& name) {
+    EventLayout* memory = status == OSTREL_EVENT_FULL ? eventsInUse().memory : nullptr;
+    if (memory)
+        tellNoRoomForEvent(*memory, name);
 }
 
 }  // namespace
@@ -79,14 +87,17 @@ short int event_create_timer(char* name, unsigned short, unsigned short, unsigne
     std::memcpy(&periodMs, interval, sizeof periodMs);
     if (periodMs < shortestPeriodMs || periodMs > longestPeriodMs)
         return OSTREL_EVENT_INVALID;
-    return answerLocked([&](EventLayout& memory) { return createTimer(memory, *eventName, periodMs, *eid); });
+    const short int status =
+        answerLocked([&](EventLayout& memory) { return createTimer(memory, *eventName, periodMs, *eid); });
+    tellIfFull(status, *eventName);
+    return status;
 }
 
 short int ostrel_event_create(const char* name, int* eid) {
     const auto eventName = toEventName(name);
     if (!eventName)
         return OSTREL_EVENT_INVALID;
-    return answerLocked([&](EventLayout& memory) -> short int {
+    const short int status = answerLocked([&](EventLayout& memory) -> short int {
         const int id = idOfEvent(*eventName);
         if (findEvent(memory, *eventName) < 0 && addEvent(memory, *eventName, 0) < 0)
             return OSTREL_EVENT_FULL;
@@ -94,6 +105,8 @@ short int ostrel_event_create(const char* name, int* eid) {
             *eid = id;
         return 0;
     });
+    tellIfFull(status, *eventName);
+    return status;
 }
 
 short int event_attach(const char* name, unsigned short max_queued, int* eid) {
@@ -137,6 +150,15 @@ short int event_get_id(char* name, int* eid) {
         if (findEvent(memory, *eventName) < 0)
             return OSTREL_EVENT_UNKNOWN;
         *eid = idOfEvent(*eventName);
+        return 0;
+    });
+}
+
+short int ostrel_event_room(ostrel_event_room_t* room) {
+    if (!room)
+        return OSTREL_EVENT_INVALID;
+    return answerLocked([&](EventLayout& memory) -> short int {
+        *room = roomTaken(memory);
         return 0;
     });
 }

@@ -8,6 +8,8 @@
 
 #include "events/eventlock.h"
 #include "events/eventowner.h"
+#include "events/eventpages.h"
+#include "events/eventroom.h"
 
 namespace {
 
@@ -21,10 +23,10 @@ auto& wordOf(Set& set, int place) {
 }
 
 template <class Function>
-void forEachPlace(ThreadSet set, Function function) {
+void forEachPlace(const ThreadSet& set, Function function) {
     for (unsigned word = 0; word < set.size(); ++word) {
-        for (; set[word] != 0; set[word] &= set[word] - 1)
-            function(static_cast<int>(word * 64) + std::countr_zero(set[word]));
+        for (uint64_t bits = set[word]; bits != 0; bits &= bits - 1)
+            function(static_cast<int>(word * 64) + std::countr_zero(bits));
     }
 }
 
@@ -51,6 +53,21 @@ void settleOverflow(EventPlace& event, Subscription& subscription) {
         return;
     publish(subscription.next, subscription.next + overflow);
     event.dropped += overflow;
+}
+
+// Each event's messages get their memory once and for all.
+bool takeHeads(EventLayout& memory, int event) {
+    uint16_t& isTaken = memory.events[event].hasHeads;
+    if (isTaken == 0 && takePages(memory.heads[event], sizeof memory.heads[event]))
+        publish(isTaken, uint16_t{1});
+    return isTaken != 0;
+}
+
+bool takeBodies(EventLayout& memory, int event) {
+    uint16_t& isTaken = memory.events[event].hasBodies;
+    if (isTaken == 0 && takePages(memory.bodies[event], sizeof memory.bodies[event]))
+        publish(isTaken, uint16_t{1});
+    return isTaken != 0;
 }
 
 }  // namespace
@@ -99,6 +116,7 @@ int addEvent(EventLayout& memory, const EventName& name, int periodMs) {
         return -1;
     EventPlace& event = memory.events[index];
     event = {};
+    memory.attached[index] = {};
     event.name = name;
     event.periodMs = periodMs;
     // Before the event counts: whoever sees the number and waits for the lock then finds the timer.
@@ -164,22 +182,25 @@ bool releaseDeadPlaces(EventLayout& memory) {
     return wasReleased;
 }
 
-void subscribe(EventLayout& memory, int event, int place, unsigned depth) {
+bool subscribe(EventLayout& memory, int event, int place, unsigned depth) {
     Subscription& subscription = memory.subscriptions[event][place];
+    if (!takePages(&subscription, sizeof subscription) || !takeHeads(memory, event))
+        return false;
     subscription.next = memory.events[event].raised;
     subscription.depth = depthFor(memory.events[event], depth);
-    uint64_t& word = wordOf(memory.events[event].attached, place);
+    uint64_t& word = wordOf(memory.attached[event], place);
     publish(word, word | bitOf(place));
+    return true;
 }
 
 void unsubscribe(EventLayout& memory, int event, int place) {
     settleOverflow(memory.events[event], memory.subscriptions[event][place]);
-    uint64_t& word = wordOf(memory.events[event].attached, place);
+    uint64_t& word = wordOf(memory.attached[event], place);
     publish(word, word & ~bitOf(place));
 }
 
 bool isSubscribed(const EventLayout& memory, int event, int place) {
-    return (wordOf(memory.events[event].attached, place) & bitOf(place)) != 0;
+    return (wordOf(memory.attached[event], place) & bitOf(place)) != 0;
 }
 
 bool oldestMessage(EventLayout& memory, int event, int place, Message& message) {
@@ -201,18 +222,20 @@ void takeMessage(EventLayout& memory, int event, int place) {
 uint64_t droppedBy(const EventLayout& memory, int event) {
     const EventPlace& place = memory.events[event];
     uint64_t dropped = place.dropped;
-    forEachPlace(place.attached,
+    forEachPlace(memory.attached[event],
                  [&](int thread) { dropped += overflowOf(place, memory.subscriptions[event][thread]); });
     return dropped;
 }
 
 int attachedTo(const EventLayout& memory, int event) {
     int count = 0;
-    forEachPlace(memory.events[event].attached, [&](int) { ++count; });
+    forEachPlace(memory.attached[event], [&](int) { ++count; });
     return count;
 }
 
-ThreadSet putMessage(EventLayout& memory, int event, const void* data, size_t size) {
+bool putMessage(EventLayout& memory, int event, const void* data, size_t size, ThreadSet& toWake) {
+    if (!takeHeads(memory, event) || (size > 0 && !takeBodies(memory, event)))
+        return false;
     EventPlace& place = memory.events[event];
     const size_t slot = place.raised % messageSlots;
     publish(memory.order, memory.order + 1);
@@ -221,8 +244,7 @@ ThreadSet putMessage(EventLayout& memory, int event, const void* data, size_t si
         std::memcpy(memory.bodies[event][slot].bytes, data, size);
     publish(place.raised, place.raised + 1);
 
-    ThreadSet toWake{};
-    forEachPlace(place.attached, [&](int thread) {
+    forEachPlace(memory.attached[event], [&](int thread) {
         ThreadPlace& sleeper = memory.threads[thread];
         if (sleeper.sleeping == 0)
             return;
@@ -231,23 +253,29 @@ ThreadSet putMessage(EventLayout& memory, int event, const void* data, size_t si
         sleeper.wakeups.fetch_add(1, std::memory_order_relaxed);
         wordOf(toWake, thread) |= bitOf(thread);
     });
-    return toWake;
+    return true;
+}
+
+static short int raiseLocked(EventLayout& memory, const EventName& name, const void* data, size_t size,
+                             ThreadSet& toWake) {
+    const EventLock lock(memory);
+    if (!lock.held())
+        return OSTREL_EVENT_NO_STORE;
+    const int event = findEvent(memory, name);
+    if (event < 0)
+        return OSTREL_EVENT_UNKNOWN;
+    return putMessage(memory, event, data, size, toWake) ? 0 : OSTREL_EVENT_FULL;
 }
 
 short int raiseEvent(EventLayout& memory, const EventName& name, const void* data, size_t size) {
     ThreadSet toWake{};
-    {
-        const EventLock lock(memory);
-        if (!lock.held())
-            return OSTREL_EVENT_NO_STORE;
-        const int event = findEvent(memory, name);
-        if (event < 0)
-            return OSTREL_EVENT_UNKNOWN;
-        toWake = putMessage(memory, event, data, size);
-    }
+    const short int status = raiseLocked(memory, name, data, size, toWake);
     // Without the lock, which the threads that wake up want at once.
-    wakeThreads(memory, toWake);
-    return 0;
+    if (status == 0)
+        wakeThreads(memory, toWake);
+    else if (status == OSTREL_EVENT_FULL)
+        tellNoMemoryFor(memory, name);
+    return status;
 }
 
 void wakeThreads(EventLayout& memory, const ThreadSet& threads) {

@@ -40,8 +40,9 @@ void releasePlace(EventLayout& memory, int place);
 // Takes the lock. Frees the places of threads that have ended; whether there was one.
 bool releaseDeadPlaces(EventLayout& memory);
 
-// `depth` is brought into range; "config" has the greatest one always. What was raised before is not seen.
-void subscribe(EventLayout& memory, int event, int place, unsigned depth);
+// `depth` is brought into range; "config" has the greatest one always. What was raised before is not seen. False where
+// the store's memory is full.
+bool subscribe(EventLayout& memory, int event, int place, unsigned depth);
 void unsubscribe(EventLayout& memory, int event, int place);
 bool isSubscribed(const EventLayout& memory, int event, int place);
 
@@ -61,10 +62,12 @@ void takeMessage(EventLayout& memory, int event, int place);
 uint64_t droppedBy(const EventLayout& memory, int event);
 int attachedTo(const EventLayout& memory, int event);
 
-// Puts a message in, `size` up to payloadCapacity. The threads given are to be woken, best without the lock.
-ThreadSet putMessage(EventLayout& memory, int event, const void* data, size_t size);
+// Puts a message in, `size` up to payloadCapacity, and adds the threads that are to be woken, best without the lock, to
+// `toWake`. False where the store's memory is full: then nothing was raised.
+bool putMessage(EventLayout& memory, int event, const void* data, size_t size, ThreadSet& toWake);
 
-// Takes the lock, puts the message in and wakes the threads. The results are those of event_set_name().
+// Takes the lock, puts the message in and wakes the threads. The results are those of event_set_name(). Who runs out of
+// memory hears of it in the log, once.
 short int raiseEvent(EventLayout& memory, const EventName& name, const void* data, size_t size);
 
 // Without the lock. Waking a thread needlessly does no harm.

@@ -9,6 +9,7 @@
 #include "events/eventlock.h"
 #include "events/eventowner.h"
 #include "events/eventregistry.h"
+#include "events/eventroom.h"
 #include "events/eventsinuse.h"
 #include "events/eventtable.h"
 
@@ -52,15 +53,27 @@ ThreadEvents::~ThreadEvents() {
 }
 
 short int ThreadEvents::attach(const EventName& name, unsigned depth, int& id) {
+    const auto waitsForRoom = [&](const Attached& attached) { return attached.name == name && attached.event < 0; };
+    const bool hadNoRoom = std::ranges::any_of(m_attached, waitsForRoom);
     short int status = moveToStoreInUse();
-    if (status == 0)
-        status = attachLocked(name, depth, id);
+    EventLayout* memory = eventsInUse().memory;
+    if (status == 0) {
+        status = attachInPlace(name, depth, id);
+        if (status == OSTREL_EVENT_FULL)
+            tellNoMemoryFor(*m_memory, name);
+        else if (status == OSTREL_EVENT_ATTACHED && hadNoRoom)
+            status = 0;
+    } else if (status == OSTREL_EVENT_FULL && memory) {
+        status = remember(*memory, name, depth, id);
+        if (status == OSTREL_EVENT_FULL)
+            tellNoRoomForThread(*memory);
+    }
     if (m_attached.empty())
         leave();
     return status;
 }
 
-short int ThreadEvents::attachLocked(const EventName& name, unsigned depth, int& id) {
+short int ThreadEvents::attachInPlace(const EventName& name, unsigned depth, int& id) {
     const EventLock lock(*m_memory);
     if (!lock.held())
         return OSTREL_EVENT_NO_STORE;
@@ -68,11 +81,32 @@ short int ThreadEvents::attachLocked(const EventName& name, unsigned depth, int&
     if (event < 0)
         return OSTREL_EVENT_UNKNOWN;
     id = idOfEvent(name);
-    if (isAttachedTo(id))
+    Attached& attached = entryOf(id, name, periodOf(m_memory->events[event]), depth);
+    if (attached.event >= 0)
         return OSTREL_EVENT_ATTACHED;
-    m_attached.push_back({id, name, periodOf(m_memory->events[event]), depth, event});
-    subscribe(*m_memory, event, m_place, depth);
-    return 0;
+    attachAgain();
+    return attached.event >= 0 ? 0 : OSTREL_EVENT_FULL;
+}
+
+short int ThreadEvents::remember(EventLayout& memory, const EventName& name, unsigned depth, int& id) {
+    const EventLock lock(memory);
+    if (!lock.held())
+        return OSTREL_EVENT_NO_STORE;
+    const int event = findEvent(memory, name);
+    if (event < 0)
+        return OSTREL_EVENT_UNKNOWN;
+    id = idOfEvent(name);
+    entryOf(id, name, periodOf(memory.events[event]), depth);
+    return OSTREL_EVENT_FULL;
+}
+
+void ThreadEvents::wish(const EventName& name, int periodMs) {
+    entryOf(idOfEvent(name), name, periodMs, 1);
+}
+
+ThreadEvents::Attached& ThreadEvents::entryOf(int id, const EventName& name, int periodMs, unsigned depth) {
+    const auto known = std::ranges::find(m_attached, id, &Attached::id);
+    return known != m_attached.end() ? *known : m_attached.emplace_back(Attached{id, name, periodMs, depth, -1});
 }
 
 short int ThreadEvents::detach(int id) {
@@ -99,7 +133,7 @@ bool ThreadEvents::isAttachedTo(int id) const {
 short int ThreadEvents::wait(void* buffer, size_t size, int& id) {
     const int64_t deadline = monotonicNow() + quietTime;
     for (;;) {
-        if (!m_attached.empty())
+        if (!m_attached.empty() && monotonicNow() >= m_nextTry)
             moveToStoreInUse();
         if (takeAnnouncement(buffer, size, id))
             return 0;
@@ -185,9 +219,10 @@ short int ThreadEvents::enter(EventLayout& memory, uint64_t instance) {
     m_instance = instance;
     m_identity = currentThread();
     const short int status = claim(memory);
-    if (status == OSTREL_EVENT_FULL && releaseDeadPlaces(memory))
-        return claim(memory);
-    return status;
+    if (status != OSTREL_EVENT_FULL)
+        return status;
+    m_nextTry = monotonicNow() + quietTime;
+    return releaseDeadPlaces(memory) ? claim(memory) : status;
 }
 
 short int ThreadEvents::claim(EventLayout& memory) {
@@ -223,7 +258,7 @@ void ThreadEvents::attachAgain() {
         attached.event = findEvent(*m_memory, attached.name);
         if (attached.event < 0)
             attached.event = addEvent(*m_memory, attached.name, attached.periodMs);
-        if (attached.event >= 0)
-            subscribe(*m_memory, attached.event, m_place, attached.depth);
+        if (attached.event >= 0 && !subscribe(*m_memory, attached.event, m_place, attached.depth))
+            attached.event = -1;
     }
 }

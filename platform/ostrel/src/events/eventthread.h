@@ -24,6 +24,9 @@ public:
     short int detach(int id);
     short int wait(void* buffer, size_t size, int& id);
 
+    // Attaches to an event for which there is no room yet, when there is some; a timer is made then. Takes no lock.
+    void wish(const EventName& name, int periodMs);
+
     bool isAttachedTo(int id) const;
 
 private:
@@ -32,7 +35,7 @@ private:
         EventName name;
         int periodMs;
         unsigned depth;
-        int event;  // in the memory; -1 while that has no such event and no room for one
+        int event;  // in the memory; -1 while there is no room for the event or for the attachment
     };
 
     // The announcement that the thread gives itself next.
@@ -47,7 +50,12 @@ private:
     // Attaches to what is remembered and not attached to. With the lock held.
     void attachAgain();
 
-    short int attachLocked(const EventName& name, unsigned depth, int& id);
+    // As attach(), for a thread that has its place in that memory, and for one that has none.
+    short int attachInPlace(const EventName& name, unsigned depth, int& id);
+    short int remember(EventLayout& memory, const EventName& name, unsigned depth, int& id);
+
+    // What is remembered of an event that the thread wants, a new one where it did not until now.
+    Attached& entryOf(int id, const EventName& name, int periodMs, unsigned depth);
     bool takeAnnouncement(void* buffer, size_t size, int& id);
     bool takeOldest(void* buffer, size_t size, int& id);
 
@@ -58,6 +66,7 @@ private:
     EventLayout* m_memory = nullptr;  // null: the thread has no place in a store
     uint64_t m_instance = 0;
     int m_place = -1;
+    int64_t m_nextTry = 0;  // at a place in a store that was full
     ThreadIdentity m_identity{};
     Announcement m_announcement = Announcement::none;
     int m_forks;

@@ -1,5 +1,3 @@
-#include <signal.h>
-
 #include <algorithm>
 #include <atomic>
 #include <thread>
@@ -8,6 +6,7 @@
 #include "events/eventlock.h"
 #include "events/eventmemory.h"
 #include "events/eventtable.h"
+#include "ground/quietthread.h"
 
 namespace {
 
@@ -22,22 +21,6 @@ int64_t dueAfter(const Timer& timer, int64_t now) {
     const int64_t periods = (now - timer.due) / timer.period + 1;
     return timer.due + periods * timer.period;
 }
-
-// The thread takes no signals: those of the process are for the threads of the program that serves the store.
-class SignalsBlocked {
-public:
-    SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &m_before);
-    }
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-    SignalsBlocked(const SignalsBlocked&) = delete;
-    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
-private:
-    sigset_t m_before{};
-};
 
 }  // namespace
 
@@ -64,8 +47,7 @@ private:
 
 TimerService::Loop::Loop(EventLayout& memory) : m_memory(memory) {
     m_timers.reserve(eventCapacity);
-    const SignalsBlocked blocked;
-    m_thread = std::thread(&Loop::run, this);
+    m_thread = startQuietThread([this] { run(); });
 }
 
 TimerService::Loop::~Loop() {
@@ -115,9 +97,7 @@ void TimerService::Loop::raiseDueTimers(int64_t now, ThreadSet& toWake) {
     for (Timer& timer : m_timers) {
         if (timer.due > now)
             continue;
-        const ThreadSet sleepers = putMessage(m_memory, timer.event, nullptr, 0);
-        for (size_t word = 0; word < toWake.size(); ++word)
-            toWake[word] |= sleepers[word];
+        putMessage(m_memory, timer.event, nullptr, 0, toWake);
         timer.due = dueAfter(timer, now);
     }
 }

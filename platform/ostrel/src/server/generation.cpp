@@ -68,14 +68,18 @@ std::unique_ptr<Attachment> makeStore(const ostrel_server& server, const std::st
     StoreObjects objects;
     if (!createStoreObjects(objects, objectsName, capacities, server.access, problem))
         return nullptr;
-    fillHeader(objects, server.name, generation);
-    formatEventMemory(objects.events.data());
+    Shortage shortage = objects.events.reserve(0, eventMemoryHead());
+    if (!shortage) {
+        fillHeader(objects, server.name, generation);
+        formatEventMemory(objects.events.data());
+    }
     auto store = std::make_unique<Attachment>(std::move(objects), server.name);
-    int error = ServedRecords(*store).prepare();
-    if (error == 0)
-        error = publishNames(store->objects(), {}, {});
-    if (error != 0) {
-        problem = withoutMemory(error);
+    if (!shortage)
+        shortage = ServedRecords(*store).prepare();
+    if (!shortage)
+        shortage = publishNames(store->objects(), {}, {});
+    if (shortage) {
+        problem = describe(shortage);
         if (!objectsName.empty())
             unlinkStoreObjects(objectsName);
         return nullptr;
@@ -178,7 +182,6 @@ void adoptOrMake(ostrel_server& server, std::string& problem) {
 void signHeader(const ostrel_server& server) {
     StoreHeader& header = *server.store->header();
     setText(header.cellFile, server.cellFile);
-    setText(header.logFile, server.logFile);
     header.heartbeat.store(monotonicNow(), std::memory_order_release);
     header.serverStart.store(processStart(getpid()), std::memory_order_release);
     header.serverPid.store(getpid(), std::memory_order_release);
@@ -205,19 +208,8 @@ void end(StoreHeader& header) {
 
 // What clients wrote until now goes into the next generation, so that it gets into the file even by another server.
 void carryWrites(WriteMemory& from, WriteMemory& to) {
-    const uint64_t taken = from.taken.load(std::memory_order_acquire);
-    for (size_t i = 0; i < writeEntries; ++i) {
-        const WriteEntry& entry = from.entries[i];
-        const uint64_t sequence = entry.sequence.load(std::memory_order_acquire);
-        for (size_t word = 0; word < entry.words.size(); ++word)
-            to.entries[i].words[word].store(entry.words[word].load(std::memory_order_relaxed),
-                                            std::memory_order_relaxed);
-        to.entries[i].check.store(entry.check.load(std::memory_order_relaxed), std::memory_order_relaxed);
-        to.entries[i].sequence.store(sequence, std::memory_order_release);
-    }
-    to.drained.store(from.drained.load(std::memory_order_relaxed), std::memory_order_relaxed);
-    to.taken.store(taken, std::memory_order_release);
-    from.drained.store(taken, std::memory_order_relaxed);
+    to.writes.take(from.writes);
+    to.log.take(from.log);
 }
 
 }  // namespace
@@ -226,11 +218,6 @@ void openStore(ostrel_server& server, const ostrel_server_options& options, std:
     server.access = {options.mode == 0 ? mode_t{0600} : static_cast<mode_t>(options.mode), options.group_given == 1,
                      options.group};
     server.cellFile = options.cell_file ? options.cell_file : "";
-    if (options.log_file) {
-        // Clients have working folders of their own.
-        std::error_code error;
-        server.logFile = std::filesystem::absolute(options.log_file, error).string();
-    }
     if (!server.name.empty())
         adoptOrMake(server, problem);
     else if (auto store = makeStore(server, "", 1, defaultCapacities(), problem))
@@ -329,6 +316,8 @@ void finishNextGeneration(ostrel_server& server) {
     server.previousRecords.reset();
     server.previousNames.reset();
     carryWrites(*old.writes(), *server.store->writes());
+    server.writeFile.follow(old.writes()->writes, server.store->writes()->writes);
+    server.logFile.follow(old.writes()->log, server.store->writes()->log);
     server.store->header()->state.store(Live, std::memory_order_release);
     old.header()->state.store(Superseded, std::memory_order_release);
     const int error = server.name.empty() ? 0 : replaceStoreObjects(server.name);

@@ -69,11 +69,11 @@ bool reserveVariables(ostrel_server& server, std::span<const ostrel_server_varia
     if (!server.records->reserve(wanted, culprit, problem))
         return false;
     // The target of an alias may be a member or an element, with a name of its own.
-    const int error = reserveNames(server.store->objects(), variables.size() + aliases, variables.size());
-    if (error == 0)
+    const Shortage shortage = reserveNames(server.store->objects(), variables.size() + aliases, variables.size());
+    if (!shortage)
         return true;
     server.records->unreserve();
     culprit = "the names";
-    problem = withoutMemory(error);
+    problem = describe(shortage);
     return false;
 }

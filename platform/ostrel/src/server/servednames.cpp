@@ -68,7 +68,7 @@ std::vector<std::string> ServedNames::dropDangling() {
     return dropped;
 }
 
-int ServedNames::publish() const {
+Shortage ServedNames::publish() const {
     Draft draft;
     std::vector<Limits> limits;
     for (const auto& [name, meaning] : m_names)

@@ -40,8 +40,8 @@ public:
 
     const std::map<std::string, Alias>& aliases() const { return m_aliases; }
 
-    // Makes all of it known. Gives 0 or an errno.
-    int publish() const;
+    // Makes all of it known.
+    Shortage publish() const;
 
 private:
     const Attachment& m_store;

@@ -63,27 +63,23 @@ bool sameShape(const ArrayShape& a, const ArrayShape& b) {
 
 }  // namespace
 
-std::string withoutMemory(int error) {
-    return error == ENOSPC ? "there is no memory left for it; free some in /dev/shm" : std::strerror(error);
-}
-
 ServedRecords::ServedRecords(Attachment& store, const ServedRecords* former) : m_store(store), m_former(former) {
     for (int i = 0; i < storeSections; ++i)
         book(i) = SlotBook(store.capacity(i));
 }
 
-int ServedRecords::prepare() {
+Shortage ServedRecords::prepare() {
     const auto& areas = m_store.objects().areas;
-    int error = areas[SYS_ATTR_MEM].reserve(0, sizeof(SYSTEM_ATTRIBUTES));
-    if (error == 0)
-        error = m_store.objects().writes.reserve(0, sizeof(WriteMemory));
-    for (int i = 0; i < storeSections && error == 0; ++i) {
+    Shortage shortage = areas[SYS_ATTR_MEM].reserve(0, sizeof(SYSTEM_ATTRIBUTES));
+    if (!shortage)
+        shortage = m_store.objects().writes.reserve(0, sizeof(WriteMemory));
+    for (int i = 0; i < storeSections && !shortage; ++i) {
         const ostrel_section& row = sectionRow(i);
         if (!counted(row.area) && row.kind != ALIAS_TYPE)
-            error = areas[static_cast<size_t>(row.area)].reserve(
+            shortage = areas[static_cast<size_t>(row.area)].reserve(
                 row.start, static_cast<size_t>(m_store.capacity(i)) * row.record_size);
     }
-    return error;
+    return shortage;
 }
 
 void ServedRecords::adopt() {
@@ -98,7 +94,7 @@ void ServedRecords::adopt() {
 }
 
 // Clients read the rule of each record that they write.
-int ServedRecords::reserveRules(int section, size_t count) {
+Shortage ServedRecords::reserveRules(int section, size_t count) {
     const SharedObject& writes = m_store.objects().writes;
     const char* first = reinterpret_cast<const char*>(&m_store.rule(section, 0));
     return writes.reserve(static_cast<size_t>(first - writes.data()), count * sizeof(WriteRule));
@@ -118,22 +114,22 @@ std::string ServedRecords::fullSection(int section) const {
            std::to_string(book(section).capacity());
 }
 
-int ServedRecords::reserveSlot(int section, int index) {
+Shortage ServedRecords::reserveSlot(int section, int index) {
     const ostrel_section& row = sectionRow(section);
     const size_t end = row.start + (static_cast<size_t>(index) + 1) * row.record_size;
     size_t& reserved = m_reservedTo[static_cast<size_t>(section)];
     if (end <= reserved)
-        return 0;
+        return {};
     const SharedObject& area = m_store.objects().areas[static_cast<size_t>(row.area)];
     const size_t from = std::max(reserved, row.start);
     const size_t to = std::min(wholeParts(end), area.size());
     const size_t records = (to - row.start) / row.record_size;
-    int error = area.reserve(from, to - from);
-    if (error == 0)
-        error = reserveRules(section, std::min(records, static_cast<size_t>(m_store.capacity(section))));
-    if (error == 0)
+    Shortage shortage = area.reserve(from, to - from);
+    if (!shortage)
+        shortage = reserveRules(section, std::min(records, static_cast<size_t>(m_store.capacity(section))));
+    if (!shortage)
         reserved = to;
-    return error;
+    return shortage;
 }
 
 // Whether the put will find the array with its elements: what shapeElements() sees, told before. Where the section is
@@ -158,16 +154,16 @@ bool ServedRecords::reserve(const std::vector<WantedVariable>& wanted, std::stri
         const auto section = static_cast<size_t>(variable.section);
         const SlotBook& slots = book(variable.section);
         culprit = variable.label;
-        int error = 0;
+        Shortage shortage;
         if (all[section] > slots.capacity())
             problem = fullSection(variable.section);
         else if (variable.shape.dimensions > 0 && !keepsElements(variable, slots.isFullWith(fresh[section])))
-            error = reserveElements(sectionRow(variable.section).kind, variable.shape.elementCount(), end);
-        if (problem.empty() && error == 0)
-            error = reserveSlot(variable.section, slots.takenWith(fresh[section]) - 1);
+            shortage = reserveElements(sectionRow(variable.section).kind, variable.shape.elementCount(), end);
+        if (problem.empty() && !shortage)
+            shortage = reserveSlot(variable.section, slots.takenWith(fresh[section]) - 1);
         m_elementsReservedTo = end;
-        if (error != 0)
-            problem = withoutMemory(error);
+        if (shortage)
+            problem = describe(shortage);
         if (problem.empty())
             continue;
         unreserve();
@@ -189,8 +185,8 @@ char* ServedRecords::take(int section, const std::string& label, bool& isNew, st
         problem = fullSection(section);
         return nullptr;
     }
-    if (const int error = reserveSlot(section, taken->index)) {
-        problem = withoutMemory(error);
+    if (const Shortage shortage = reserveSlot(section, taken->index)) {
+        problem = describe(shortage);
         return nullptr;
     }
     auto& used = m_store.header()->sections[section].used;
@@ -234,13 +230,15 @@ bool ServedRecords::carryElements(int section, int index, const ElementBlock& to
 }
 
 // Takes the memory for elements that begin at `end`, which goes behind them.
-int ServedRecords::reserveElements(int kind, size_t count, size_t& end) const {
+Shortage ServedRecords::reserveElements(int kind, size_t count, size_t& end) const {
     const SharedObject& memory = m_store.objects().elements;
     const size_t bytes = (count * elementSize(kind) + elementAlignment - 1) / elementAlignment * elementAlignment;
-    const int error = end > memory.size() || bytes > memory.size() - end ? ENOSPC : memory.reserve(end, bytes);
-    if (error == 0)
+    if (end > memory.size() || bytes > memory.size() - end)
+        return {ENOSPC, bytes};
+    const Shortage shortage = memory.reserve(end, bytes);
+    if (!shortage)
         end += bytes;
-    return error;
+    return shortage;
 }
 
 char* ServedRecords::takeElements(int kind, int index, size_t count, std::string& problem) {
@@ -248,8 +246,8 @@ char* ServedRecords::takeElements(int kind, int index, size_t count, std::string
     const SharedObject& memory = m_store.objects().elements;
     const size_t start = std::min<size_t>(header.elementsUsed.load(std::memory_order_relaxed), memory.size());
     size_t end = start;
-    if (const int error = reserveElements(kind, count, end)) {
-        problem = withoutMemory(error);
+    if (const Shortage shortage = reserveElements(kind, count, end)) {
+        problem = describe(shortage);
         return nullptr;
     }
     header.elementsUsed.store(end, std::memory_order_release);
@@ -304,7 +302,7 @@ void ServedRecords::countSlots() {
     // Two sections that share a count are walked equally far; where that is not reserved a full memory would kill.
     for (int section = 0; section < storeSections; ++section) {
         const Counted* row = counted(sectionRow(section).area);
-        if (row && counts.*row->count > 0 && reserveSlot(section, counts.*row->count - 1) != 0)
+        if (row && counts.*row->count > 0 && reserveSlot(section, counts.*row->count - 1))
             counts.*row->count = static_cast<short>(m_store.used(section));
     }
     std::memcpy(m_store.base(SYS_ATTR_MEM), &counts, sizeof counts);

@@ -19,17 +19,14 @@ struct WantedVariable {
     ArrayShape shape;
 };
 
-// What people are told about an errno where memory was asked for.
-std::string withoutMemory(int error);
-
 class ServedRecords {
 public:
     // Names that `former`, the books of the generation before, knows keep their values.
     explicit ServedRecords(Attachment& store, const ServedRecords* former = nullptr);
     void forgetFormer() { m_former = nullptr; }
 
-    // Takes the memory for what clients walk through in a new store. Gives 0 or an errno.
-    int prepare();
+    // Takes the memory for what clients walk through in a new store.
+    Shortage prepare();
 
     // Takes over what a dead server left.
     void adopt();
@@ -59,10 +56,10 @@ public:
 
 private:
     bool keepsElements(const WantedVariable& wanted, bool slotsMove) const;
-    int reserveElements(int kind, size_t count, size_t& end) const;
+    Shortage reserveElements(int kind, size_t count, size_t& end) const;
     std::string fullSection(int section) const;
-    int reserveSlot(int section, int index);
-    int reserveRules(int section, size_t count);
+    Shortage reserveSlot(int section, int index);
+    Shortage reserveRules(int section, size_t count);
     void setActive(int section, int index, bool active);
     void countSlots();
     bool carryRecord(int section, int index, const std::string& label);

@@ -54,6 +54,14 @@ char* putRecord(ostrel_server& server, SM_AREA_ID area, int kind, const std::str
     return record;
 }
 
+// 0, or 1 with the reason where the last try to write the file failed.
+int tellOf(const LineFile& file, const std::string& path, char* message, size_t message_size) {
+    const std::string problem = file.problem();
+    if (!problem.empty())
+        tell(message, message_size, path, "cannot be written: " + problem);
+    return problem.empty() ? 0 : 1;
+}
+
 void retireDangling(ostrel_server& server) {
     for (const std::string& alias : server.names->dropDangling()) {
         server.records->book(sectionNumber(ALIAS_MEM, ALIAS_TYPE)).drop(alias);
@@ -270,18 +278,34 @@ int ostrel_server_set_write_rule(ostrel_server* server, const char* label, const
     return 0;
 }
 
-int ostrel_server_drain_writes(ostrel_server* server, const char* file, char* message, size_t message_size) {
+int ostrel_server_drain_writes(ostrel_server* server, const char* file, size_t most_bytes, char* message,
+                               size_t message_size) {
     if (!server || !file)
         return 1;
-    std::string problem;
+    server->writeFile.file().setPlace(file, most_bytes);
     for (Attachment* store : server->former)
-        if (problem.empty())
-            server->writeFile.drain(*store->writes(), file, problem);
-    if (problem.empty())
-        server->writeFile.drain(*storeOfClients(*server).writes(), file, problem);
-    if (!problem.empty())
-        tell(message, message_size, file, problem);
-    return problem.empty() ? 0 : 1;
+        server->writeFile.drain(store->writes()->writes);
+    server->writeFile.drain(storeOfClients(*server).writes()->writes);
+    return tellOf(server->writeFile.file(), file, message, message_size);
+}
+
+int ostrel_server_drain_log(ostrel_server* server, const char* file, size_t most_bytes, char* message,
+                            size_t message_size) {
+    if (!server || !file)
+        return 1;
+    server->logFile.file().setPlace(file, most_bytes);
+    for (Attachment* store : server->former)
+        server->logFile.drain(store->writes()->log);
+    server->logFile.drain(storeOfClients(*server).writes()->log);
+    return tellOf(server->logFile.file(), file, message, message_size);
+}
+
+int ostrel_server_flush(ostrel_server* server, int milliseconds) {
+    if (!server)
+        return 1;
+    const std::chrono::milliseconds limit(milliseconds);
+    const bool writes = server->writeFile.file().flush(limit);
+    return server->logFile.file().flush(limit) && writes ? 0 : 1;
 }
 
 void ostrel_server_commit(ostrel_server* server) {
@@ -290,9 +314,9 @@ void ostrel_server_commit(ostrel_server* server) {
     server->store->takeServersThread();
     retireDangling(*server);
     fillAliasRecords(*server);
-    if (const int error = server->names->publish())
-        log_error(__FILE__, __LINE__, 1, error, "store %s: the names cannot be made known: %s", server->name.c_str(),
-                  std::strerror(error));
+    if (const Shortage shortage = server->names->publish())
+        log_error(__FILE__, __LINE__, 1, static_cast<short>(shortage.error),
+                  "store %s: the names cannot be made known: %s", server->name.c_str(), describe(shortage).c_str());
     server->records->commit();
     countReconfiguration(*server->store);
     const std::vector<SM_AREA_ID> begun = std::exchange(server->begun, {});

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -10,6 +11,7 @@
 #include <cstring>
 
 #include "store/storeobjects.h"
+#include "store/storeowner.h"
 
 namespace {
 
@@ -27,6 +29,22 @@ void writePid(int fd) {
         const ssize_t written = pwrite(fd, text.data(), text.size(), 0);
 }
 
+// The lock's file, or -1 with the reason. Whoever holds somebody else's lock is locked out by him at any time.
+int openLock(const std::string& object, std::string& problem) {
+    const int fd = shm_open(object.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (fd < 0 && errno == EACCES) {
+        problem = ownershipOf(object) + "; end its server as that user, or take another name";
+        return -1;
+    }
+    struct stat status {};
+    if (fd >= 0 && fstat(fd, &status) == 0 && mayOwnStores(status.st_uid))
+        return fd;
+    problem = "cannot lock it: " + problemOfObject(object, errno);
+    if (fd >= 0)
+        close(fd);
+    return -1;
+}
+
 }  // namespace
 
 ServerLock::~ServerLock() {
@@ -39,12 +57,9 @@ ServerLock::~ServerLock() {
 bool ServerLock::acquire(const std::string& storeName, std::string& problem) {
     const std::string object = headerObject(storeName) + ".lock";
     for (;;) {
-        const int fd = shm_open(object.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-        if (fd < 0) {
-            problem = errno == EACCES ? ownershipOf(object) + "; end its server as that user, or take another name"
-                                      : "cannot lock it: " + std::string(std::strerror(errno));
+        const int fd = openLock(object, problem);
+        if (fd < 0)
             return false;
-        }
         if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
             problem = errno == EWOULDBLOCK ? "is served by " + writtenPid(fd) + " already; end that one first"
                                            : "cannot lock it: " + std::string(std::strerror(errno));

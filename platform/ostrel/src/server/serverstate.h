@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "events/eventmemory.h"
+#include "server/logfile.h"
 #include "server/servednames.h"
 #include "server/servedrecords.h"
 #include "server/serverlock.h"
@@ -19,7 +20,6 @@ struct ostrel_server {
     std::string name;  // empty for a private store
     Access access;
     std::string cellFile;
-    std::string logFile;
     std::unique_ptr<ServerLock> lock;
     bool adopted = false;
 
@@ -39,6 +39,7 @@ struct ostrel_server {
     std::unique_ptr<TimerService> timers;
     int64_t lastReclaim = 0;
     WriteFile writeFile;
+    LogFile logFile;
 };
 
 #endif

@@ -5,28 +5,26 @@
 #include <map>
 #include <string>
 
+#include "server/linefile.h"
+#include "server/ringreader.h"
 #include "store/writelog.h"
 
 class WriteFile {
 public:
-    // Appends what came since the last time. False, with the reason, where the file cannot be written; the writes then
-    // stay for the next time.
-    bool drain(WriteMemory& memory, const std::string& path, std::string& problem);
+    // Has what came since the last time appended. Without a wait, whatever the disk does.
+    void drain(WriteRing& ring);
+
+    // The ring of the next generation of the store has taken over what stood in the former one's.
+    void follow(const WriteRing& former, const WriteRing& next) { m_reader.follow(former, next); }
+
+    LineFile& file() { return m_file; }
 
 private:
-    struct Batch {
-        std::string lines;
-        uint64_t upTo;
-    };
-
-    Batch take(const WriteMemory& memory, uint64_t from, uint64_t to);
-    bool isGivenUp(uint64_t number, uint64_t taken);
     std::string lineOf(uint64_t number, const WriteNote& note);
 
+    LineFile m_file{"write"};
+    RingReader<WriteRing> m_reader;
     std::map<uid_t, std::string> m_users;
-    // Since when it is waited for unfinished writes up to that number.
-    uint64_t m_waitedFor = 0;
-    int64_t m_waitingSince = 0;
 };
 
 #endif

@@ -12,7 +12,7 @@
 #include "store/sections.h"
 
 inline constexpr uint64_t storeMagic = 0x314c455254534f00;  // "\0OSTREL1" in memory order
-inline constexpr uint32_t storeLayoutVersion = 2;
+inline constexpr uint32_t storeLayoutVersion = 3;
 
 // What a client may expect of a store.
 enum StoreState : uint32_t {
@@ -59,7 +59,7 @@ struct StoreHeader {
 
     char name[64];
     char cellFile[256];
-    char logFile[256];
+    char reserved2[256];
     uint64_t eventBytes;
     std::atomic<uint64_t> elementsUsed;  // bytes of the element object given to arrays
     std::atomic<uint64_t> indexVersion;  // its lowest bit selects the index table that holds

@@ -34,7 +34,7 @@ void* sharedBlock(const Attachment& store, std::string_view name, size_t size) {
             continue;
         const SharedObject& blocks = store.objects().blocks;
         const size_t start = i * privateBlockBytes;
-        if (size > 0 && store.isWritable() && blocks.reserve(start, size) != 0)
+        if (size > 0 && store.isWritable() && blocks.reserve(start, size))
             return nullptr;
         return blocks.data() + start;
     }
@@ -71,6 +71,12 @@ int ostrel_section_capacity(SM_AREA_ID area, SM_VARI_TYPE kind) {
     const Attachment* store = attachment();
     const int section = sectionNumber(area, kind);
     return store && section >= 0 ? store->capacity(section) : 0;
+}
+
+int ostrel_section_used(SM_AREA_ID area, SM_VARI_TYPE kind) {
+    const Attachment* store = attachment();
+    const int section = sectionNumber(area, kind);
+    return store && section >= 0 ? store->used(section) : 0;
 }
 
 void* get_private_shrd_mem(char* name, size_t size) {

@@ -101,16 +101,16 @@ void fillTable(IndexTable& table, const std::vector<NewName>& names, const std::
 }
 
 // The pages that a table with so many names and limits will touch.
-int reserveTable(const StoreObjects& objects, const IndexTable& table, size_t names, size_t limits) {
+Shortage reserveTable(const StoreObjects& objects, const IndexTable& table, size_t names, size_t limits) {
     const auto offsetOf = [&](const void* address) {
         return static_cast<size_t>(static_cast<const char*>(address) - objects.header.data());
     };
-    int error = objects.header.reserve(offsetOf(&table), offsetof(IndexTable, slots) + slotsFor(names) * 8);
-    if (error == 0)
-        error = objects.header.reserve(offsetOf(table.entries), (names + 1) * sizeof(NameEntry));
-    if (error == 0)
-        error = objects.header.reserve(offsetOf(table.limits), (limits + 1) * sizeof(LimitEntry));
-    return error;
+    Shortage shortage = objects.header.reserve(offsetOf(&table), offsetof(IndexTable, slots) + slotsFor(names) * 8);
+    if (!shortage)
+        shortage = objects.header.reserve(offsetOf(table.entries), (names + 1) * sizeof(NameEntry));
+    if (!shortage)
+        shortage = objects.header.reserve(offsetOf(table.limits), (limits + 1) * sizeof(LimitEntry));
+    return shortage;
 }
 
 }  // namespace
@@ -154,23 +154,24 @@ std::optional<Limits> readLimits(const IndexTable& table, uint32_t number) {
     return limits;
 }
 
-int reserveNames(const StoreObjects& objects, size_t names, size_t limits) {
+Shortage reserveNames(const StoreObjects& objects, size_t names, size_t limits) {
     const uint64_t next = objects.storeHeader()->indexVersion.load(std::memory_order_relaxed) + 1;
     return reserveTable(objects, *objects.indexTable(next), std::min(names, indexEntries - 1),
                         std::min(limits, indexLimits - 1));
 }
 
-int publishNames(const StoreObjects& objects, const std::vector<NewName>& names, const std::vector<Limits>& limits) {
+Shortage publishNames(const StoreObjects& objects, const std::vector<NewName>& names,
+                      const std::vector<Limits>& limits) {
     auto& version = objects.storeHeader()->indexVersion;
     const uint64_t next = version.load(std::memory_order_relaxed) + 1;
     IndexTable& table = *objects.indexTable(next);
     if (names.size() >= indexEntries || limits.size() >= indexLimits)
-        return ENOSPC;
-    if (const int error = reserveTable(objects, table, names.size(), limits.size()))
-        return error;
+        return {ENOSPC, sizeof(IndexTable)};
+    if (const Shortage shortage = reserveTable(objects, table, names.size(), limits.size()))
+        return shortage;
     fillTable(table, names, limits);
     version.store(next, std::memory_order_release);
-    return 0;
+    return {};
 }
 
 bool changeLimits(const StoreObjects& objects, std::string_view name, const Limits& limits) {

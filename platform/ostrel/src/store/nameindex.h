@@ -58,11 +58,12 @@ struct NewName {
     NameMeaning meaning;
 };
 
-// Fills the table that does not hold and lets it hold. Gives 0, or an errno where there is no memory for it.
-int publishNames(const StoreObjects& objects, const std::vector<NewName>& names, const std::vector<Limits>& limits);
+// Fills the table that does not hold and lets it hold. What is missing where there is no room or no memory for it.
+Shortage publishNames(const StoreObjects& objects, const std::vector<NewName>& names,
+                      const std::vector<Limits>& limits);
 
-// Takes the memory for a next table with at most so many names and limits. Gives 0 or an errno.
-int reserveNames(const StoreObjects& objects, size_t names, size_t limits);
+// Takes the memory for a next table with at most so many names and limits.
+Shortage reserveNames(const StoreObjects& objects, size_t names, size_t limits);
 
 // Changes limits in the table that holds; false where the name has none there. For the server.
 bool changeLimits(const StoreObjects& objects, std::string_view name, const Limits& limits);

@@ -7,9 +7,17 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <utility>
 
-#include "processidentity.h"
+#include "store/storeowner.h"
+
+std::string describe(const Shortage& shortage) {
+    const std::string wanted = std::to_string(shortage.bytes) + " bytes of shared memory";
+    if (shortage.error == ENOSPC)
+        return "there is no memory left for it, " + wanted + "; free some in /dev/shm";
+    return wanted + ": " + std::strerror(shortage.error);
+}
 
 SharedObject::~SharedObject() {
     if (m_data)
@@ -80,19 +88,26 @@ int SharedObject::createAnonymous(const char* purpose, size_t size) {
 }
 
 int SharedObject::open(const std::string& name, size_t size, bool writable) {
-    const int fd = shm_open(name.c_str(), (writable ? O_RDWR : O_RDONLY) | O_CLOEXEC, 0);
+    const int fd = shm_open(name.c_str(), (writable ? O_RDWR : O_RDONLY) | O_CLOEXEC | O_NOFOLLOW, 0);
     if (fd < 0)
         return errno;
     struct stat status {};
-    if (fstat(fd, &status) != 0 || static_cast<size_t>(status.st_size) < size) {
+    const bool isKnown = fstat(fd, &status) == 0;
+    int error = 0;
+    if (isKnown && !mayOwnStores(status.st_uid))
+        error = EPERM;
+    else if (!isKnown || static_cast<size_t>(status.st_size) < size)
+        error = status.st_size == 0 ? ENOENT : ENODATA;
+    if (error != 0) {
         close(fd);
-        return status.st_size == 0 ? ENOENT : ENODATA;
+        return error;
     }
     return take(fd, size, writable);
 }
 
-int SharedObject::reserve(size_t offset, size_t length) const {
-    return posix_fallocate(m_fd, static_cast<off_t>(offset), static_cast<off_t>(length));
+Shortage SharedObject::reserve(size_t offset, size_t length) const {
+    const int error = posix_fallocate(m_fd, static_cast<off_t>(offset), static_cast<off_t>(length));
+    return error == 0 ? Shortage{} : Shortage{error, length};
 }
 
 void SharedObject::release(size_t offset, size_t length) const {
@@ -111,15 +126,6 @@ int SharedObject::mapOver(void* address, size_t offset, size_t length) const {
     const int protection = m_writable ? PROT_READ | PROT_WRITE : PROT_READ;
     void* data = mmap(address, length, protection, MAP_SHARED | MAP_FIXED, m_fd, static_cast<off_t>(offset));
     return data == MAP_FAILED ? errno : 0;
-}
-
-std::string ownershipOf(const std::string& name) {
-    struct stat status {};
-    if (stat((objectFolder + name).c_str(), &status) != 0)
-        return "it belongs to another user";
-    char mode[8] = "";
-    std::snprintf(mode, sizeof mode, "%04o", status.st_mode & 07777U);
-    return "it belongs to " + userName(status.st_uid) + " and has mode " + mode;
 }
 
 bool leadsTo(const std::string& name, int fd) {

@@ -17,11 +17,19 @@ struct Access {
     gid_t group = 0;
 };
 
-// Whose an object is that may not be opened: its owner and mode, for people.
-std::string ownershipOf(const std::string& name);
-
 // True where that name leads to the object that is open there.
 bool leadsTo(const std::string& name, int fd);
+
+// Memory that could not be had; false where there is none missing.
+struct Shortage {
+    int error = 0;  // an errno
+    size_t bytes = 0;
+
+    explicit operator bool() const { return error != 0; }
+};
+
+// What people are told of it.
+std::string describe(const Shortage& shortage);
 
 // Functions with an int result give 0, or the errno of what failed; a failed one leaves the object empty.
 class SharedObject {
@@ -38,11 +46,11 @@ public:
     int createAnonymous(const char* purpose, size_t size);
 
     // An object that is there. ENODATA where it has fewer than `size` bytes: a page behind the end must never be
-    // mapped, for touching it would kill the process.
+    // mapped, for touching it would kill the process. EPERM where it belongs to somebody whose stores are not used.
     int open(const std::string& name, size_t size, bool writable);
 
     // Takes the pages of that range from the system now, so that a full memory is an error here and no signal later.
-    int reserve(size_t offset, size_t length) const;
+    Shortage reserve(size_t offset, size_t length) const;
 
     // Gives the pages of that range back to the system; they are zero from then on.
     void release(size_t offset, size_t length) const;

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "events/eventmemory.h"
+#include "store/storeowner.h"
 #include "store/writelayout.h"
 
 namespace {
@@ -141,6 +142,10 @@ StoreLook openHeader(SharedObject& header, const std::string& name, Capacities& 
                   "; mode and group in its cell file decide who may";
         return StoreLook::Forbidden;
     }
+    if (error == EPERM || error == ELOOP) {
+        problem = problemOfObject(headerObject(name), error);
+        return StoreLook::Forbidden;
+    }
     if (error != 0) {
         problem = error == ENODATA ? "is cut short" : std::strerror(error);
         return StoreLook::Damaged;
@@ -179,16 +184,17 @@ bool createStoreObjects(StoreObjects& objects, const std::string& name, const Ca
                         const Access& access, std::string& problem) {
     if (!name.empty())
         unlinkStoreObjects(name);
-    int error = 0;
+    const auto create = [&](SharedObject& object, std::string_view suffix, size_t size) {
+        const int error = problem.empty() ? createObject(object, name, suffix, size, access) : 0;
+        if (error != 0)
+            problem = "cannot make its shared memory: " + problemOfObject(objectName(name, suffix), error);
+    };
     for (const ObjectPart& part : partsBesideHeader(objects, capacities))
-        if (error == 0)
-            error = createObject(*part.object, name, part.suffix, part.size, access);
-    if (error == 0)
-        error = createObject(objects.header, name, "", headerObjectBytes, access);
-    if (error == 0)
-        error = objects.header.reserve(0, indexOffset);
-    if (error != 0) {
-        problem = "cannot make its shared memory: " + std::string(std::strerror(error));
+        create(*part.object, part.suffix, part.size);
+    create(objects.header, "", headerObjectBytes);
+    if (const Shortage shortage = problem.empty() ? objects.header.reserve(0, indexOffset) : Shortage{})
+        problem = describe(shortage);
+    if (!problem.empty()) {
         if (!name.empty())
             unlinkStoreObjects(name);
         return false;
@@ -206,7 +212,8 @@ StoreLook openStoreObjects(StoreObjects& objects, const std::string& name, std::
     for (const ObjectPart& part : partsBesideHeader(objects, capacities)) {
         const int error = part.size == 0 ? 0 : part.object->open(objectName(name, part.suffix), part.size, writable);
         if (error != 0)
-            problem = "its part " + part.suffix.substr(1) + ": " + std::strerror(error);
+            problem =
+                "its part " + part.suffix.substr(1) + ": " + problemOfObject(objectName(name, part.suffix), error);
     }
     // A store that ends says so before it removes the first part: what was opened while it lives belongs together.
     if (objects.storeHeader()->state.load(std::memory_order_acquire) != Live)

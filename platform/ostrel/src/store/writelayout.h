@@ -1,10 +1,5 @@
-// The bytes of a store's object "writes": who wrote what, and what clients may write. docs/store-layout.md is the page
-// to this file.
-//
-// The ring is written by every client, without a lock. A writer takes the next number, marks the entry as being
-// written, fills it, puts a check sum over it and marks it as whole. One that is killed on the way leaves an entry that
-// is not whole, which costs that entry alone. One that is stopped there for so long that the ring has come round spoils
-// another entry at most, and the check sum shows it.
+// The bytes of a store's object "writes": who wrote what, what programs have to say to the log, and what clients may
+// write. docs/store-layout.md is the page to this file.
 #ifndef OSTREL_STORE_WRITELAYOUT_H
 #define OSTREL_STORE_WRITELAYOUT_H
 
@@ -14,6 +9,7 @@
 #include <cstdint>
 
 #include "store/layout.h"
+#include "store/sharedring.h"
 
 inline constexpr size_t writeEntries = 4096;
 inline constexpr size_t writtenBytes = 80;  // of a value, as much as a string variable holds
@@ -36,14 +32,16 @@ struct WriteNote {
 };
 static_assert(sizeof(WriteNote) == 304 && offsetof(WriteNote, oldValue) == 144);
 
-using WriteNoteWords = std::array<uint64_t, sizeof(WriteNote) / 8>;
+using WriteRing = SharedRing<sizeof(WriteNote) / 8, writeEntries>;
+static_assert(sizeof(WriteRing) == 64 + writeEntries * 320);
 
-struct WriteEntry {
-    std::atomic<uint64_t> sequence;  // twice the number of the write; minus 1 while it is being written
-    std::atomic<uint64_t> check;
-    std::array<std::atomic<uint64_t>, std::tuple_size_v<WriteNoteWords>> words;
+// A line for the log, whole, without its line feed.
+struct LogLine {
+    uint32_t length;
+    char text[1004];
 };
-static_assert(sizeof(WriteEntry) == 320);
+using LogRing = SharedRing<sizeof(LogLine) / 8, 512>;
+static_assert(sizeof(LogLine) == 1008 && sizeof(LogRing) == 64 + 512 * 1024);
 
 inline constexpr uint64_t ruleLocked = 1;
 inline constexpr uint64_t ruleMin = 2;
@@ -59,11 +57,8 @@ static_assert(sizeof(WriteRule) == 24);
 
 // The rules of all slots, by section, lie behind it.
 struct WriteMemory {
-    std::atomic<uint64_t> taken;    // the last number that was given out
-    std::atomic<uint64_t> drained;  // the last one that the server has put into its file, or given up
-    uint64_t reserved[6];
-    std::array<WriteEntry, writeEntries> entries;
+    WriteRing writes;
+    LogRing log;
 };
-static_assert(sizeof(WriteMemory) == 64 + writeEntries * sizeof(WriteEntry));
 
 #endif

@@ -13,27 +13,6 @@
 
 namespace {
 
-uint64_t checkOf(uint64_t number, const WriteNoteWords& words) {
-    uint64_t check = number * 0x9e3779b97f4a7c15;
-    for (const uint64_t word : words) {
-        check = (check ^ word) * 0xff51afd7ed558ccd;
-        check ^= check >> 32;
-    }
-    return check;
-}
-
-void publishNote(WriteMemory& memory, const WriteNote& note) {
-    const uint64_t number = memory.taken.fetch_add(1, std::memory_order_relaxed) + 1;
-    WriteEntry& entry = memory.entries[(number - 1) % writeEntries];
-    entry.sequence.store(2 * number - 1, std::memory_order_relaxed);
-    // Released one by one: who sees a word of the new note sees the mark too.
-    const auto words = std::bit_cast<WriteNoteWords>(note);
-    for (size_t i = 0; i < words.size(); ++i)
-        entry.words[i].store(words[i], std::memory_order_release);
-    entry.check.store(checkOf(number, words), std::memory_order_release);
-    entry.sequence.store(2 * number, std::memory_order_release);
-}
-
 bool isText(uint16_t kind) {
     return kind == STRING_TYPE || kind == STRING_ARRAY_TYPE;
 }
@@ -97,27 +76,7 @@ void noteWrite(const WriteTarget& target, const WrittenBytes& former, const Writ
     }
     std::memcpy(note.oldValue, former.data(), former.size());
     std::memcpy(note.newValue, value.data(), value.size());
-    publishNote(*memory, note);
-}
-
-NoteState readNote(const WriteMemory& memory, uint64_t number, WriteNote& note) {
-    const WriteEntry& entry = memory.entries[(number - 1) % writeEntries];
-    const uint64_t before = entry.sequence.load(std::memory_order_acquire);
-    if (before != 2 * number)
-        return before < 2 * number ? NoteState::UnderWay : NoteState::Lost;
-    WriteNoteWords words;
-    for (size_t i = 0; i < words.size(); ++i)
-        words[i] = entry.words[i].load(std::memory_order_acquire);
-    const uint64_t check = entry.check.load(std::memory_order_acquire);
-    if (entry.sequence.load(std::memory_order_relaxed) != before || check != checkOf(number, words))
-        return NoteState::Lost;
-    note = std::bit_cast<WriteNote>(words);
-    return NoteState::Whole;
-}
-
-uint64_t oldestKept(const WriteMemory& memory) {
-    const uint64_t taken = memory.taken.load(std::memory_order_acquire);
-    return taken > writeEntries ? taken - writeEntries + 1 : 1;
+    memory->writes.publish(std::bit_cast<WriteRing::Words>(note));
 }
 
 ostrel_write describeNote(uint64_t number, const WriteNote& note) {
@@ -140,11 +99,13 @@ short int ostrel_next_write(uint64_t after, ostrel_write* write) {
     const WriteMemory* memory = store && write ? store->writes() : nullptr;
     if (!memory)
         return 1;
-    const uint64_t taken = memory->taken.load(std::memory_order_acquire);
-    for (uint64_t number = std::max(after, oldestKept(*memory) - 1); number < taken;) {
-        WriteNote note{};
-        if (readNote(*memory, ++number, note) != NoteState::Whole)
+    const WriteRing& ring = memory->writes;
+    const uint64_t taken = ring.taken.load(std::memory_order_acquire);
+    for (uint64_t number = std::max(after, ring.oldest() - 1); number < taken;) {
+        WriteRing::Words words;
+        if (ring.read(++number, words) != EntryState::Whole)
             continue;
+        const auto note = std::bit_cast<WriteNote>(words);
         *write = describeNote(number, note);
         setText(write->user, userName(note.uid));
         return 0;

@@ -25,18 +25,6 @@ WrittenBytes writtenText(const char* text, size_t longest);
 // Notes a write of this process, stored or refused.
 void noteWrite(const WriteTarget& target, const WrittenBytes& former, const WrittenBytes& value, short refusal);
 
-enum class NoteState {
-    Whole,
-    UnderWay,  // its writer has not come to an end yet, or was killed
-    Lost       // another one has taken its place
-};
-
-// The note of that number, from 1.
-NoteState readNote(const WriteMemory& memory, uint64_t number, WriteNote& note);
-
-// The first number that may still be there.
-uint64_t oldestKept(const WriteMemory& memory);
-
 // The note for people; without the name of the user.
 ostrel_write describeNote(uint64_t number, const WriteNote& note);
 

@@ -1,8 +1,6 @@
-#include "quietthread.h"
+#include "ground/quietthread.h"
 
 #include <csignal>
-
-namespace ostrelcell {
 
 std::thread startQuietThread(std::function<void()> work) {
     sigset_t all;
@@ -13,5 +11,3 @@ std::thread startQuietThread(std::function<void()> work) {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     return thread;
 }
-
-}  // namespace ostrelcell
