@@ -24,8 +24,6 @@ public:
     // Binds the widget. Every change of name ends here.
     virtual void setOstrelVariable(const QString& namev);
     void setName(const QString& namev) override;
-
-public Q_SLOTS:
     // Nothing: no widget of this family has a timer.
     void ostrelTimerEvent(int interval) override;
 

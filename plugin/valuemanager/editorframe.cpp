@@ -1,9 +1,9 @@
 #include "valuemanager/editorframe.h"
 
 #include <QBoxLayout>
-#include <QLabel>
 
 #include "ui_editorframe.h"
+#include "widgets/namelabel.h"
 
 EditorFrame::EditorFrame(QWidget* widget) : m_widget(widget) {
     Ui::EditorFrame form;
@@ -18,9 +18,8 @@ void EditorFrame::takeSizeOfField() {
 
 void EditorFrame::addLabel(const QString& text) {
     constexpr int widest = 128;
-    m_label = new QLabel(m_field);
+    m_label = new NameLabel(m_field);
     m_label->setObjectName(QStringLiteral("ostrelVarLabel"));
-    m_label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     m_label->setMaximumWidth(widest);
     m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     // A name is shown as it is written.

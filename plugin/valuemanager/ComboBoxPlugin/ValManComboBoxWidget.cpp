@@ -1,5 +1,7 @@
 #include "valuemanager/ComboBoxPlugin/ValManComboBoxWidget.h"
 
+#include <QLabel>
+
 #include "fabric/signalslotsingleton.h"
 #include "ui_ValManComboBoxWidget.h"
 #include "valuemanager/editorframe.h"

@@ -1,6 +1,7 @@
 #include "valuemanager/FilePlugin/ValManFileWidget.h"
 
 #include <QFileDialog>
+#include <QLabel>
 #include <QPointer>
 
 #include "fabric/signalslotsingleton.h"

@@ -1,5 +1,7 @@
 #include "valuemanager/LogicalPlugin/ValManLogicalWidget.h"
 
+#include <QLabel>
+
 #include "fabric/signalslotsingleton.h"
 #include "ui_ValManLogicalWidget.h"
 #include "valuemanager/editorframe.h"

@@ -2,6 +2,8 @@
 
 #include <ostrel/units.h>
 
+#include <QLabel>
+
 #include "fabric/signalslotsingleton.h"
 #include "ui_ValManNumericWidget.h"
 #include "valuemanager/editorframe.h"

@@ -1,5 +1,7 @@
 #include "valuemanager/StringPlugin/ValManStringWidget.h"
 
+#include <QLabel>
+
 #include "fabric/signalslotsingleton.h"
 #include "ui_ValManStringWidget.h"
 #include "valuemanager/editorframe.h"
