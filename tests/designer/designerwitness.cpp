@@ -1,16 +1,23 @@
 #include "designerwitness.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
 #include <QDesignerFormEditorInterface>
 #include <QDesignerFormWindowInterface>
 #include <QDesignerFormWindowManagerInterface>
+#include <QDesignerTaskMenuExtension>
 #include <QDesignerWidgetBoxInterface>
+#include <QExtensionManager>
 #include <QIcon>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QSaveFile>
 #include <QTextStream>
 #include <QTimer>
 #include <QTreeWidget>
+#include <QUndoStack>
 #include <QWidget>
 
 namespace {
@@ -26,6 +33,25 @@ void scrollToCorner(QWidget* form) {
         form = form->parentWidget();
     if (form && (form->x() < 0 || form->y() < 0))
         form->move(0, 0);
+}
+
+// "click-TEXT X Y" for what an open menu or dialog offers.
+void tellOpened(QTextStream& out) {
+    const auto tell = [&](const QString& text, QWidget* widget, QPoint inside) {
+        out << "click-" << QString(text).remove(QLatin1Char('&')) << " " << position(widget, inside) << "\n";
+    };
+    if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+        for (QAction* action : menu->actions())
+            tell(action->text(), menu, menu->actionGeometry(action).center());
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog)
+        return;
+    out << "dialog " << dialog->windowTitle() << "\n";
+    for (QAbstractButton* button : dialog->findChildren<QAbstractButton*>())
+        if (button->isVisible() && button->isEnabled())
+            tell(button->text(), button, button->rect().center());
+    if (QApplication::focusWidget() && dialog->isAncestorOf(QApplication::focusWidget()))
+        out << "focus " << QApplication::focusWidget()->metaObject()->className() << "\n";
 }
 
 }  // namespace
@@ -45,12 +71,12 @@ void DesignerWitness::initialize(QDesignerFormEditorInterface* core) {
     timer->start(200);
 }
 
-QStringList DesignerWitness::paletteEntries() const {
+QStringList DesignerWitness::paletteEntries(const char* group) const {
     QStringList entries;
     const QDesignerWidgetBoxInterface* box = m_core->widgetBox();
     for (int i = 0; box && i < box->categoryCount(); ++i) {
         const auto category = box->category(i);
-        for (int j = 0; category.name() == QLatin1String("Ostrel") && j < category.widgetCount(); ++j)
+        for (int j = 0; category.name() == QLatin1String(group) && j < category.widgetCount(); ++j)
             entries.append(category.widget(j).name());
     }
     return entries;
@@ -76,6 +102,17 @@ QString DesignerWitness::paletteEntryPosition() const {
     return QString();
 }
 
+void DesignerWitness::tellWidget(QTextStream& out, QWidget* widget) const {
+    const QString name = widget->objectName();
+    out << "placed " << widget->metaObject()->className() << " " << name << "\n"
+        << "at-" << name << " " << position(widget, widget->rect().center()) << "\n";
+    if (widget->property("comboBoxContents").isValid())
+        out << "list-" << name << " " << widget->property("comboBoxContents").toString() << "\n";
+    if (auto* menu = qt_extension<QDesignerTaskMenuExtension*>(m_core->extensionManager(), widget))
+        for (const QAction* action : menu->taskActions())
+            out << "task-" << name << " " << action->text() << "\n";
+}
+
 void DesignerWitness::report() {
     QDesignerFormWindowInterface* form = m_core->formWindowManager()->activeFormWindow();
     if (!form && m_core->formWindowManager()->formWindowCount() > 0)
@@ -87,13 +124,16 @@ void DesignerWitness::report() {
     if (!file.open(QIODevice::WriteOnly))
         return;
     QTextStream out(&file);
-    out << "palette " << paletteEntries().join(QLatin1Char(' ')) << "\n";
+    out << "palette " << paletteEntries("Ostrel").join(QLatin1Char(' ')) << "\n";
+    out << "valuemanager " << paletteEntries("ValueManager").join(QLatin1Char(' ')) << "\n";
     out << "entry " << paletteEntryPosition() << "\n";
     out << "form " << position(form->mainContainer(), form->mainContainer()->rect().center()) << "\n";
     for (QWidget* child : form->mainContainer()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (form->isManaged(child))
-            out << "placed " << child->metaObject()->className() << " " << child->objectName() << "\n"
-                << "at-" << child->objectName() << " " << position(child, child->rect().center()) << "\n";
+            tellWidget(out, child);
+    const QUndoStack* history = form->commandHistory();
+    out << "commands " << history->index() << " of " << history->count() << ": " << history->undoText() << "\n";
+    tellOpened(out);
     out << (form->isDirty() ? "edited" : "saved") << " " << form->fileName() << "\n";
     out.flush();
     file.commit();

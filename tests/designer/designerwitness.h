@@ -6,10 +6,12 @@
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
 class QDesignerFormEditorInterface;
+class QTextStream;
 
 // Once a form is open it writes to the file in OSTREL_WITNESS, again and again: the widget box's entries of the group
-// "Ostrel", where on the screen the entry ZelValue, the form and each widget on it lie, the class of each, and whether
-// the form has changes that its file does not have.
+// "Ostrel" and of the value manager, where on the screen the entry ZelValue, the form and each widget on it lie, the
+// class of each, its task menu and its list of values, the commands that can be undone, what can be clicked in an open
+// menu or dialog, and whether the form has changes that its file does not have.
 class DesignerWitness : public QObject, public QDesignerCustomWidgetInterface {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QDesignerCustomWidgetInterface")
@@ -30,8 +32,10 @@ public:
 
 private:
     void report();
-    QStringList paletteEntries() const;
+    QStringList paletteEntries(const char* group) const;
     QString paletteEntryPosition() const;
+
+    void tellWidget(QTextStream& out, QWidget* widget) const;
 
     QDesignerFormEditorInterface* m_core = nullptr;
 };
