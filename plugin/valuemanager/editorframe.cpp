@@ -40,11 +40,23 @@ bool isTag(const QString& name) {
 }  // namespace
 
 QDomElement addStagedValue(QDomDocument document, const QString& variable) {
-    if (!isTag(variable))
+    QDomElement root = document.documentElement();
+    if (root.isNull() || !isTag(variable))
         return QDomElement();
     QDomElement element = document.createElement(variable);
-    document.documentElement().appendChild(element);
+    root.appendChild(element);
     return element;
+}
+
+void setStagedText(QDomElement& element, const char* attribute, const QString& text) {
+    QString kept;
+    for (const uint character : text.toUcs4()) {
+        const bool isSurrogate = character >= 0xd800 && character < 0xe000;
+        const bool isControl = character < 0x20 && character != '\t';
+        if (!isSurrogate && !isControl && character != 0xfffe && character != 0xffff)
+            kept += QString::fromUcs4(&character, 1);
+    }
+    element.setAttribute(QLatin1String(attribute), kept);
 }
 
 void takeStagedValue(QDomDocument document, const QString& variable,

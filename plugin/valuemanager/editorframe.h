@@ -39,6 +39,9 @@ private:
 // element can have, or a document without a root.
 QDomElement addStagedValue(QDomDocument document, const QString& variable);
 
+// Sets an attribute of it, without the characters that no file can have: one of them would make all of it unreadable.
+void setStagedText(QDomElement& element, const char* attribute, const QString& text);
+
 // Calls `restore` with the first element of the variable that is left in the document, and then takes it out: a second
 // widget of the same variable gets the next one. Without such an element it does nothing.
 void takeStagedValue(QDomDocument document, const QString& variable,

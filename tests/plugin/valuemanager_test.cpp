@@ -22,6 +22,7 @@
 
 #include "fabric/signalslotsingleton.h"
 #include "hostlink/globals.h"
+#include "ostrel/store/fuzzinputs.h"
 #include "ostrel/storefixture.h"
 #include "valuemanager/ComboBoxPlugin/ExtendedQComboBox.h"
 #include "valuemanager/ComboBoxPlugin/ValManComboBoxWidget.h"
@@ -1001,6 +1002,113 @@ TEST_F(Buttons, AFormThatIsClosedUnderTheMessageIsGone) {
     button(ok)->click();
     EXPECT_FALSE(other);
     EXPECT_EQ(commits.count(), 0);
+}
+
+// ---- files that nobody would write ----
+
+class Files {
+public:
+    explicit Files(uint64_t seed) : m_random(seed) {}
+
+    QByteArray next() {
+        QByteArray text = m_random.below(8) == 0 ? "<!DOCTYPE v [<!ENTITY e 'entity'>]><values>" : "<values>";
+        for (size_t count = m_random.below(6); count > 0; --count)
+            text += element(2);
+        text += "</values>";
+        if (m_random.below(3) == 0)
+            m_random.spoil(text.data(), static_cast<size_t>(text.size()));
+        return text;
+    }
+
+private:
+    template <size_t count>
+    const char* oneOf(const char* const (&words)[count]) {
+        return words[m_random.below(count)];
+    }
+
+    QByteArray element(int depth) {
+        const QByteArray name =
+            oneOf({"REAL", "COUNT", "TEXT", "ON", "STAT.AV", "FIELD:1", "NOBODY", "OTHER", "not_set", "values", "x"});
+        QByteArray text = "<" + name;
+        for (const char* attribute : {"RealValue", "IntegerValue", "IntValue", "StringValue", "BooleanValue", "Units"})
+            if (m_random.below(3) == 0)
+                text += ' ' + QByteArray(attribute) + "=\"" + value() + '"';
+        text += '>';
+        while (depth > 0 && m_random.below(4) == 0)
+            text += element(depth - 1);
+        return text + oneOf({"", "text", "<!-- comment -->", "<![CDATA[<REAL/>]]>", "<?do it?>"}) + "</" + name + ">";
+    }
+
+    QByteArray value() {
+        switch (m_random.below(5)) {
+            case 0:
+                return QByteArray(static_cast<int>(m_random.below(300)), static_cast<char>('!' + m_random.below(5) * 9))
+                    .replace('&', '+')
+                    .replace('<', '-')
+                    .replace('"', '_');
+            case 1:
+                return QByteArray::number(static_cast<qlonglong>(m_random()));
+            default:
+                return oneOf({"0", "1", "-1.5", "1e999", "nan", "2147483648", "mm", "CM", "NONE", "&e;", "&#10;",
+                              "&#x10FFFF;", "\xc3\xa4", "a;b;;", "", "%n%s", "&lt;REAL/&gt;",
+                              "furlongs_and_more_than_sixteen"});
+        }
+    }
+
+    FuzzInputs m_random;
+};
+
+// With the sanitisers as many as it takes to trust it; OSTREL_TEST_INPUTS=N takes N times as many.
+int filesToRead() {
+#ifdef __SANITIZE_ADDRESS__
+    return FuzzInputs::scaled(100000);
+#else
+    return FuzzInputs::scaled(4000);
+#endif
+}
+
+TEST_F(ValueManager, NoFileHarmsAnEditor) {
+    auto* number = add<ValManNumericWidget>("REAL");
+    auto* count = add<ValManNumericWidget>("COUNT");
+    auto* text = add<ValManStringWidget>("TEXT");
+    auto* state = add<ValManLogicalWidget>("ON");
+    auto* choice = add<ValManComboBoxWidget>("OTHER");
+    for (const char* name : {"STAT.AV", "FIELD:1", "NOBODY", "TEXT", "COUNT", "not_set"}) {
+        add<ValManFileWidget>(name);
+        add<ValManComboBoxWidget>(name);
+    }
+    const auto choices = form.findChildren<ValManComboBoxWidget*>();
+    const auto lines = form.findChildren<QLineEdit*>("value");
+    writes();
+    Files files(20);
+    int accepted = 0;
+    for (int i = filesToRead(); i > 0; --i) {
+        QDomDocument file;
+        if (!file.setContent(files.next()))
+            continue;
+        ++accepted;
+        emit hub().readFromFile(file);
+        for (const QLineEdit* field : lines)
+            ASSERT_LE(field->text().size(), field->maxLength());
+        if (i % 64 == 0) {
+            QDomDocument again;
+            QString why;
+            ASSERT_TRUE(again.setContent(saved().toString(), &why))
+                << why.toStdString() << saved().toByteArray().constData();
+            for (ValManComboBoxWidget* each : choices)
+                each->setProperty("comboBoxContents", "1;2");
+        }
+    }
+    EXPECT_GT(accepted, filesToRead() / 2);
+    EXPECT_TRUE(writes().empty());
+    emit hub().readFromFile(
+        document("<REAL RealValue='1' Units='CM'/><COUNT IntegerValue='2'/><TEXT StringValue='3'/>"
+                 "<ON BooleanValue='1'/><OTHER RealValue='5'/>"));
+    EXPECT_EQ(line(number)->text(), "1");
+    EXPECT_EQ(line(count)->text(), "2");
+    EXPECT_EQ(line(text)->text(), "3");
+    EXPECT_TRUE(box(state)->isChecked());
+    EXPECT_EQ(list(choice)->currentText(), "5");
 }
 
 }  // namespace

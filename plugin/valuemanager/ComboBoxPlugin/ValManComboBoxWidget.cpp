@@ -86,29 +86,29 @@ void ValManComboBoxWidget::commitValue() {
         commitValue(text.toDouble(), units);
 }
 
-// Where a file has the value; empty for a kind that is not served.
-QString ValManComboBoxWidget::stagedAttribute() const {
+// Where a file has the value; null for a kind that is not served.
+const char* ValManComboBoxWidget::stagedAttribute() const {
     switch (_mem.vari_type) {
         case INT_TYPE:
-            return QStringLiteral("IntValue");
+            return "IntValue";
         case STRING_TYPE:
-            return QStringLiteral("StringValue");
+            return "StringValue";
         case REAL_TYPE:
-            return QStringLiteral("RealValue");
+            return "RealValue";
         default:
-            return QString();
+            return nullptr;
     }
 }
 
 void ValManComboBoxWidget::writeToFile(QDomDocument document) {
     QDomElement staged = addStagedValue(document, _name);
-    if (!stagedAttribute().isEmpty())
-        staged.setAttribute(stagedAttribute(), ui->comboBox->currentText());
+    if (const char* attribute = stagedAttribute())
+        setStagedText(staged, attribute, ui->comboBox->currentText());
 }
 
 void ValManComboBoxWidget::readFromFile(QDomDocument document) {
     takeStagedValue(document, _name, [this](const QDomElement& staged) {
-        if (!stagedAttribute().isEmpty())
-            emit valueChanged(staged.attribute(stagedAttribute()));
+        if (const char* attribute = stagedAttribute())
+            emit valueChanged(staged.attribute(QLatin1String(attribute)));
     });
 }

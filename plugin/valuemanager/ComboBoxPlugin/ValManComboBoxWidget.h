@@ -50,7 +50,7 @@ protected:
     using ValueManagerWidgetBase::commitValue;
 
 private:
-    QString stagedAttribute() const;
+    const char* stagedAttribute() const;
 
     QString units;
     std::unique_ptr<EditorFrame> m_frame;

@@ -46,7 +46,8 @@ void ValManFileWidget::commitValue() {
 }
 
 void ValManFileWidget::writeToFile(QDomDocument document) {
-    addStagedValue(document, _name).setAttribute(QStringLiteral("StringValue"), ui->value->text());
+    QDomElement staged = addStagedValue(document, _name);
+    setStagedText(staged, "StringValue", ui->value->text());
 }
 
 void ValManFileWidget::readFromFile(QDomDocument document) {

@@ -72,10 +72,10 @@ void ValManNumericWidget::commitValue() {
 void ValManNumericWidget::writeToFile(QDomDocument document) {
     QDomElement staged = addStagedValue(document, _name);
     if (_mem.vari_type == REAL_TYPE)
-        staged.setAttribute(QStringLiteral("RealValue"), ui->value->text());
+        setStagedText(staged, "RealValue", ui->value->text());
     else if (_mem.vari_type == INT_TYPE)
-        staged.setAttribute(QStringLiteral("IntegerValue"), ui->value->text());
-    staged.setAttribute(QStringLiteral("Units"), ui->unitSelect->currentText());
+        setStagedText(staged, "IntegerValue", ui->value->text());
+    setStagedText(staged, "Units", ui->unitSelect->currentText());
 }
 
 void ValManNumericWidget::readFromFile(QDomDocument document) {

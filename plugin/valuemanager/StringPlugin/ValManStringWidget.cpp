@@ -34,7 +34,8 @@ void ValManStringWidget::commitValue() {
 }
 
 void ValManStringWidget::writeToFile(QDomDocument document) {
-    addStagedValue(document, _name).setAttribute(QStringLiteral("StringValue"), ui->value->text());
+    QDomElement staged = addStagedValue(document, _name);
+    setStagedText(staged, "StringValue", ui->value->text());
 }
 
 void ValManStringWidget::readFromFile(QDomDocument document) {
