@@ -49,7 +49,7 @@ QString unitsOf(const ValueManagerWidgetBase* editor, const QDomElement& staged)
 }
 
 QString withUnits(const QString& number, const QString& units) {
-    return units.isEmpty() ? number : number + QLatin1Char(' ') + units;
+    return units.isEmpty() || units == QLatin1String("NONE") ? number : number + QLatin1Char(' ') + units;
 }
 
 // A number as a commit would write it.
@@ -69,7 +69,7 @@ StagedValue compared(const QString& live, const QString& written, const QString&
     typed.toDouble(&isNumber);
     if (!isNumber)
         value.staged += QObject::tr(" (\"%1\" is no number)").arg(typed);
-    else if (typedIn.compare(units, Qt::CaseInsensitive) != 0)
+    else if (typed.toDouble() != written.toDouble())
         value.staged += QStringLiteral(" (%1)").arg(withUnits(typed, typedIn));
     return value;
 }
@@ -237,7 +237,9 @@ void StagedValues::commitEnded() {
     ostrel_write write{};
     while (ostrel_next_write(m_lastWrite, &write) == 0) {
         m_lastWrite = write.number;
-        if (write.pid == getpid() && write.refusal != OSTREL_STORED)
+        // Every editor writes. What is there already is no loss.
+        if (write.pid == getpid() && write.refusal != OSTREL_STORED &&
+            recordText(write.old_value) != recordText(write.new_value))
             lines.append(tr("%1 = %2: %3")
                              .arg(recordText(write.variable), recordText(write.new_value), reasonOf(write.refusal)));
     }
