@@ -44,7 +44,8 @@ QStringList variablesIn(const QString& file) {
         if (xml.name() == QLatin1String("widget")) {
             widgets.append(name);
         } else if (xml.name() == QLatin1String("property") &&
-                   (name == QLatin1String("name") || name == QLatin1String("units"))) {
+                   (name == QLatin1String("name") || name == QLatin1String("units") ||
+                    name == QLatin1String("OstrelVariable"))) {
             xml.readNextStartElement();
             lines.append(widgets.last() + QLatin1Char('.') + name + QLatin1String(" = ") + xml.readElementText());
         }
@@ -352,7 +353,7 @@ TEST_P(DesignerWithCell, SavesNamesAndUnits) {
 INSTANTIATE_TEST_SUITE_P(Forms, DesignerWithCell,
                          testing::Values("/demo-cell/forms/overview.ui", "/demo-cell/forms/simple.ui",
                                          "/demo-cell/forms/states.ui", "/demo-cell/forms/groups.ui",
-                                         "/tests/designer/parts.ui"),
+                                         "/demo-cell/forms/setpoints.ui", "/tests/designer/parts.ui"),
                          [](const auto& form) { return QFileInfo(form.param).baseName().toStdString(); });
 
 }  // namespace
