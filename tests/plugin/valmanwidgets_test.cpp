@@ -76,6 +76,7 @@ private Q_SLOTS:
     void aPlainChangeOfVariableIsNoChangeOfTheForm();
     void nobodyAsksForATimer();
     void theOrderOfTheSignals();
+    void aPlaceThatAnotherVariableTookIsLeftToIt();
 
     void anEventThatCannotBeRaisedIsTold();
     void theButtonsTalkToTheEventServiceFirst();
@@ -271,6 +272,36 @@ void ValManWidgetsTest::theOrderOfTheSignals() {
             [&](const QString& units) { order.append("units " + units); });
     emit SignalSlotSingleton::getInstance().readFromOstrel();
     QCOMPARE(order, QStringList({"value 1.000000", "units RPM"}));
+}
+
+void ValManWidgetsTest::aPlaceThatAnotherVariableTookIsLeftToIt() {
+    const auto real = platform().real("REAL").value(1);
+    const auto integer = platform().integer("COUNT").value(1);
+    const auto logical = platform().logical("ON").value(1);
+    const auto string = platform().string("TEXT").text("old");
+    ValManNumericWidget number;
+    ValManNumericWidget count;
+    ValManLogicalWidget state;
+    ValManStringWidget text;
+    number.setName("REAL");
+    count.setName("COUNT");
+    state.setName("ON");
+    text.setName("TEXT");
+    emit SignalSlotSingleton::getInstance().readFromOstrel();
+    const auto give = [](char(&label)[80]) { scripted::put(label, "STRANGER"); };
+    give(real->label);
+    give(integer->label);
+    give(logical->label);
+    give(string->label);
+    real.value(2);
+    string.text("new");
+    platform().forgetCalls();
+    emit SignalSlotSingleton::getInstance().readFromOstrel();
+    QCOMPARE(number.findChild<QLineEdit*>("value")->text(), QString("1.000000"));
+    QCOMPARE(text.findChild<QLineEdit*>("value")->text(), QString("old"));
+    text.disable();
+    emit SignalSlotSingleton::getInstance().commitToOstrel();
+    QCOMPARE(writes(), QStringList());
 }
 
 void ValManWidgetsTest::anEventThatCannotBeRaisedIsTold() {

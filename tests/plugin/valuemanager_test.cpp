@@ -302,15 +302,6 @@ TEST_F(ValueManager, ANameThatIsNotThereIsNeitherReadNorWritten) {
     EXPECT_EQ(+real()->value, 3.0);
 }
 
-TEST_F(ValueManager, TheFormerVariablesPlaceIsLeftToTheOneThatTookIt) {
-    auto* text = add<ValManStringWidget>("TEXT");
-    type(text, "mine");
-    text->disable();
-    configure({"put 57 7 STRANGER"});
-    commit();
-    EXPECT_STREQ(record<STRING_VARIABLE>("STRANGER")->value, "");
-}
-
 TEST_F(ValueManager, AVariableThatMovedIsReadAndWrittenWhereItIs) {
     auto* number = add<ValManNumericWidget>("REAL");
     auto* state = add<ValManLogicalWidget>("ON");
