@@ -81,6 +81,7 @@ class InterfaceTest : public QObject {
 private Q_SLOTS:
     void init() { startAsHost(); }
     void theVirtualOperationsOfTheBaseStandInTheirOrder();
+    void soDoThoseOfTheValueManager();
     void theMetaObjectsAreAsWrittenDown();
 };
 
@@ -107,6 +108,16 @@ void InterfaceTest::theVirtualOperationsOfTheBaseStandInTheirOrder() {
                                "__cxa_pure_virtual",
                                "OstrelBase::initContextMenu()"};
     QCOMPARE(ofTheBase.mid(first).join('\n'), expected.join('\n'));
+}
+
+void InterfaceTest::soDoThoseOfTheValueManager() {
+    const int first = virtualFunctions("_ZTV10OstrelBase").size();
+    QVERIFY(first > 0);
+    const QStringList expected{"ValueManagerWidgetBase::setOstrelVariable(QString const&)",
+                               "ValueManagerWidgetBase::commitValue()",
+                               "ValueManagerWidgetBase::readFromFile(QDomDocument)",
+                               "ValueManagerWidgetBase::writeToFile(QDomDocument)"};
+    QCOMPARE(virtualFunctions("_ZTV22ValueManagerWidgetBase").mid(first).join('\n'), expected.join('\n'));
 }
 
 void InterfaceTest::theMetaObjectsAreAsWrittenDown() {
