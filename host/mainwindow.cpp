@@ -167,9 +167,9 @@ void MainWindow::build(const QByteArray& text, const KeptChanges& kept) {
     m_formWatch->follow(m_path, text);
     for (OstrelBase* each : widget->findChildren<OstrelBase*>())
         connect(each, &OstrelBase::saveUIfile, this, &MainWindow::save);
+    m_staged->setForm(widget);
     if (InitializationDone)
         m_staged->read();
-    m_staged->setForm(widget);
 }
 
 void MainWindow::place(LoadedForm form) {
@@ -386,6 +386,7 @@ void MainWindow::tell(const CellState& state) {
     setText(m_storeField, storeText(state));
     setText(m_heartbeatField, heartbeatText(state));
     showBindings();
+    m_staged->fillNew();
     showStaged();
 }
 

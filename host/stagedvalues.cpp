@@ -10,6 +10,7 @@
 
 #include "fabric/signalslotsingleton.h"
 #include "failure.h"
+#include "hostlink/globals.h"
 #include "valuemanager/ValueManagerWidgetBase.h"
 #include "variables/recordtext.h"
 
@@ -133,6 +134,12 @@ std::optional<StagedValue> stagedIn(ValueManagerWidgetBase* editor) {
     }
 }
 
+// By its own name: an alias that comes or goes makes no other variable of it.
+QString variableOf(const ValueManagerWidgetBase& editor) {
+    SHARED_MEMORY mem = editor.mem();
+    return editor.getNameFromShmem(&mem);
+}
+
 QString reasonOf(short refusal) {
     switch (refusal) {
         case OSTREL_NO_VALUE:
@@ -151,12 +158,14 @@ QString reasonOf(short refusal) {
 }  // namespace
 
 StagedValues::StagedValues(QObject* parent) : QObject(parent) {
+    connect(&hub(), &SignalSlotSingleton::readFromOstrel, this, &StagedValues::noteFilled);
     connect(&hub(), &SignalSlotSingleton::commitToOstrel, this, &StagedValues::commitBegins);
     connect(&hub(), &SignalSlotSingleton::valueChanged, this, &StagedValues::changed);
 }
 
 void StagedValues::setForm(QWidget* form) {
     m_form = form;
+    m_filled.clear();
     // Behind the widgets', so that all of them have written.
     disconnect(m_end);
     m_end = connect(&hub(), &SignalSlotSingleton::commitToOstrel, this, &StagedValues::commitEnded);
@@ -184,6 +193,24 @@ QVector<StagedValue> StagedValues::differing() const {
 
 void StagedValues::read() {
     emit hub().readFromOstrel();
+}
+
+void StagedValues::noteFilled() {
+    for (const ValueManagerWidgetBase* editor : editors())
+        if (editor->ptr())
+            m_filled[editor] = variableOf(*editor);
+}
+
+void StagedValues::fillNew() {
+    // Nothing is read before the store can be used.
+    if (!InitializationDone)
+        return;
+    for (ValueManagerWidgetBase* editor : editors()) {
+        if (!editor->ptr() || m_filled.value(editor) == variableOf(*editor))
+            continue;
+        m_filled[editor] = variableOf(*editor);
+        QMetaObject::invokeMethod(editor, "sample", Qt::DirectConnection);
+    }
 }
 
 QDomDocument StagedValues::document() const {

@@ -7,6 +7,7 @@
 #define OSTREL_HOST_STAGEDVALUES_H
 
 #include <QDomDocument>
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -38,6 +39,8 @@ public:
 
     // Fills the editors from the store; what was staged is gone.
     static void read();
+    // Fills those that were not, or whose variable is another one since: a commit would write to it what stands there.
+    void fillNew();
 
     // All that stands in the editors, and back into them.
     QDomDocument document() const;
@@ -58,11 +61,13 @@ Q_SIGNALS:
 
 private:
     QList<ValueManagerWidgetBase*> editors() const;
+    void noteFilled();
     void commitBegins();
     void commitEnded();
 
     QPointer<QWidget> m_form;
-    quint64 m_lastWrite = 0;  // to the store, before the commit
+    QHash<const QObject*, QString> m_filled;  // editors, by the variable that they were filled from
+    quint64 m_lastWrite = 0;                  // to the store, before the commit
     QMetaObject::Connection m_end;
 };
 

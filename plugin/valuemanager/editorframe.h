@@ -22,8 +22,8 @@ public:
 
     // Gives the widget the size that its form has been set up with.
     void takeSizeOfField();
-    // Puts the label in front of what stands in the field, and lets names be dropped on the widget. A name that does not
-    // fit loses its middle.
+    // Puts the label in front of what stands in the field, and lets names be dropped on the widget. A name that does
+    // not fit loses its middle.
     void addLabel(const QString& text);
     // The label; null for a widget without one.
     QLabel* label() const { return m_label; }

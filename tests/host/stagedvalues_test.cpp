@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <csignal>
 
 #include "editing.h"
 #include "fabric/signalslotsingleton.h"
@@ -69,6 +70,7 @@ QByteArray form() {
     text += editor("pump", "ValManLogicalWidget", "PUMP_ON");
     text += editor("operator", "ValManStringWidget", "OPERATOR");
     text += editor("engine", "ValManFileWidget", "ENGINE");
+    text += editor("late", "ValManNumericWidget", "LATE");
     text += editor("ok", "ValManOKWidget", "");
     text += "</layout></widget><customwidgets>";
     for (const char* type : {"ValManNumericWidget", "ValManComboBoxWidget", "ValManLogicalWidget", "ValManStringWidget",
@@ -101,6 +103,8 @@ private slots:
     void valuesOfTheCommandLineWaitForTheStore();
     void whatTheStoreRefusesIsNamedAndTheRestIsWritten();
     void aReloadKeepsWhatIsStaged();
+    void anotherVariableBringsItsOwnValue();
+    void aVariableThatComesBringsItsValue();
 
 private:
     QLineEdit* line(const char* name) { return m_window->widget(name)->findChild<QLineEdit*>("value"); }
@@ -136,8 +140,14 @@ private:
 void StagedValuesTest::initTestCase() {
     m_cell = std::make_unique<TestCell>();
     m_cell->write(cellFile);
-    QVERIFY(m_cell->start());
+    // A display that was started before its cell.
     m_form = m_folder.filePath("setpoints.ui");
+    write(m_form, form());
+    openAnew(m_window, m_form);
+    QCOMPARE(line("speed")->text(), QString());
+    QVERIFY(m_cell->start());
+    BECOMES(line("speed")->text(), "1500.000000");
+    BECOMES(line("operator")->text(), "A. Engineer");
 }
 
 void StagedValuesTest::init() {
@@ -315,6 +325,23 @@ void StagedValuesTest::aReloadKeepsWhatIsStaged() {
     QCOMPARE(counted(), QString("1 staged"));
     m_window->window().revert();
     QCOMPARE(line("speed")->text(), QString("1500.000000"));
+}
+
+void StagedValuesTest::anotherVariableBringsItsOwnValue() {
+    type("cycles", "50");
+    m_window->widget("speed")->setName("LENGTH");
+    BECOMES(line("speed")->text(), "25.000000");
+    QCOMPARE(line("cycles")->text(), QString("50"));
+    QCOMPARE(listed(), QString("CYCLES: 42 → 50"));
+}
+
+void StagedValuesTest::aVariableThatComesBringsItsValue() {
+    type("cycles", "50");
+    QCOMPARE(line("late")->text(), QString());
+    m_cell->write(QByteArray(cellFile) + "\n[real.LATE]\nvalue = 7\n");
+    m_cell->signal(SIGHUP);
+    BECOMES(line("late")->text(), "7.000000");
+    QCOMPARE(line("cycles")->text(), QString("50"));
 }
 
 OSTREL_TEST(StagedValuesTest)
