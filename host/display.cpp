@@ -90,6 +90,8 @@ int runDisplay(const Options& options) {
     CellWatch watch;
     const bool silent = options.kiosk || !picture.isEmpty();
     auto window = std::make_unique<MainWindow>(form, &watch, silent ? Manners::Silent : Manners::Asks);
+    if (!options.values.empty())
+        window->stage(QString::fromLocal8Bit(options.values.c_str()));
     window->takePlace(options);
     if (!picture.isEmpty()) {
         window->setAttribute(Qt::WA_DontShowOnScreen);

@@ -69,11 +69,14 @@ BindingCount FormBindings::count() const {
 void FormBindings::follow(const CellState& state) {
     if (!state.found())
         return;
-    if (!InitializationDone)
+    const bool isNew = !InitializationDone;
+    if (isNew)
         useStore();
     if (!sameConfiguration(state, m_bound))
         bindAgain();
     m_bound = state;
+    if (isNew)
+        emit storeUsable();
 }
 
 void FormBindings::useStore() {
@@ -89,7 +92,6 @@ void FormBindings::useStore() {
             bindAgain();
     });
     m_reconfigurations->start();
-    emit storeUsable();
 }
 
 void FormBindings::pause(short area) {

@@ -1,6 +1,7 @@
 #include "mainwindow.h"
 
 #include <QCloseEvent>
+#include <QDomDocument>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -15,7 +16,6 @@
 #include "cellwatch.h"
 #include "core/ostrelbase.h"
 #include "displaycontrol.h"
-#include "fabric/signalslotsingleton.h"
 #include "failure.h"
 #include "formarea.h"
 #include "formbindings.h"
@@ -25,6 +25,8 @@
 #include "offerbar.h"
 #include "options.h"
 #include "questions.h"
+#include "stagedlist.h"
+#include "stagedvalues.h"
 #include "unsavedchanges.h"
 
 namespace {
@@ -48,14 +50,17 @@ MainWindow::MainWindow(const QString& path, CellWatch* watch, Manners manners)
     m_unsaved = new UnsavedChanges(m_path, m_control, this);
     m_formWatch = new FormWatch(this);
     m_bindings = new FormBindings(nullptr, watch->state(), this);
-    connect(m_bindings, &FormBindings::storeUsable, &SignalSlotSingleton::getInstance(),
-            &SignalSlotSingleton::readFromOstrel);
+    connect(m_bindings, &FormBindings::storeUsable, this, &MainWindow::storeIsUsable);
+    m_staged = new StagedValues(this);
+    connect(m_staged, &StagedValues::changed, this, &MainWindow::showStaged);
+    connect(m_staged, &StagedValues::refused, this, &MainWindow::tellOfRefusal);
     layOut();
     const QByteArray text = FormLoader::readForm(path);
     build(text, manners == Manners::Asks ? offerRecovery(text) : KeptChanges());
     if (manners == Manners::Asks) {
         tellMerged(nullptr, m_unsaved->unplaced(), {});
         addMenu();
+        addValuesMenu();
         connect(m_formWatch, &FormWatch::formChanged, this, &MainWindow::offerReload);
     }
     connect(m_unsaved, &UnsavedChanges::changed, this, &MainWindow::showChanges);
@@ -82,6 +87,7 @@ void MainWindow::layOut() {
     m_heartbeatField = addField("heartbeatField");
     m_bindingField = addField("bindingField");
     m_changesField = addField("changesField");
+    m_stagedField = addField("stagedField");
     connect(m_offer, &OfferBar::accepted, this, &MainWindow::reload);
     connect(m_unsaved, &UnsavedChanges::recoveryFailed, this, [this](bool failed) {
         m_changesField->setStyleSheet(failed ? QStringLiteral("color: #b20018;") : QString());
@@ -101,6 +107,19 @@ void MainWindow::addMenu() {
     add(tr("&Revert to Saved"), {}, &MainWindow::revert);
     menu->addSeparator();
     add(tr("&Close"), QKeySequence(tr("Ctrl+Q")), &MainWindow::close);
+}
+
+void MainWindow::addValuesMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Values"));
+    menu->addAction(tr("&Read Values"), this, &MainWindow::readValues, QKeySequence::Refresh);
+    menu->addAction(tr("S&taged Values…"), this, &MainWindow::showStagedValues);
+    menu->addSeparator();
+    menu->addAction(tr("&Load Values…"), this, &MainWindow::loadValues);
+    menu->addAction(tr("&Save Values…"), this, &MainWindow::saveValues);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        for (QAction* action : menu->actions())
+            action->setEnabled(m_staged->hasEditors());
+    });
 }
 
 // The changes to begin with.
@@ -148,8 +167,9 @@ void MainWindow::build(const QByteArray& text, const KeptChanges& kept) {
     m_formWatch->follow(m_path, text);
     for (OstrelBase* each : widget->findChildren<OstrelBase*>())
         connect(each, &OstrelBase::saveUIfile, this, &MainWindow::save);
+    m_staged->setForm(widget);
     if (InitializationDone)
-        emit SignalSlotSingleton::getInstance().readFromOstrel();
+        m_staged->read();
 }
 
 void MainWindow::place(LoadedForm form) {
@@ -241,8 +261,98 @@ void MainWindow::revert() {
 
 void MainWindow::reload() {
     m_unsaved->look();
-    if (rebuild(m_unsaved->kept()))
-        tellMerged(this, m_unsaved->unplaced(), {});
+    const bool isStaged = !m_staged->differing().isEmpty();
+    const QDomDocument staged = m_staged->document();
+    if (!rebuild(m_unsaved->kept()))
+        return;
+    if (isStaged)
+        stageAll(staged);
+    tellMerged(this, m_unsaved->unplaced(), {});
+}
+
+void MainWindow::storeIsUsable() {
+    m_staged->read();
+    if (m_toStage)
+        stageAll(*m_toStage);
+    m_toStage.reset();
+}
+
+void MainWindow::stage(const QString& path) {
+    m_valuesPath = path;
+    const QDomDocument document = StagedValues::readFile(path);
+    if (InitializationDone)
+        stageAll(document);
+    else
+        m_toStage = std::make_unique<QDomDocument>(document);
+}
+
+void MainWindow::stageAll(const QDomDocument& document) {
+    const QStringList left = StagedValues::restoreAll(document);
+    showStaged();
+    if (left.isEmpty())
+        return;
+    if (m_manners == Manners::Asks)
+        tellValuesLeft(this, left);
+    else
+        std::fprintf(stderr, "ostrel-display: no editor for %s\n", qPrintable(left.join(QStringLiteral(", "))));
+}
+
+void MainWindow::readValues() {
+    m_staged->read();
+    showStaged();
+}
+
+void MainWindow::loadValues() {
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Load Values"), m_valuesPath, tr("Staged values (*.xml);;All files (*)"));
+    if (path.isEmpty())
+        return;
+    try {
+        stage(path);
+    } catch (const Failure& failure) {
+        tellValuesNotLoaded(this, QString::fromUtf8(failure.what()));
+    }
+}
+
+void MainWindow::saveValues() {
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Values"), m_valuesPath, tr("Staged values (*.xml);;All files (*)"));
+    if (path.isEmpty())
+        return;
+    try {
+        m_staged->writeFile(path);
+        m_valuesPath = path;
+    } catch (const Failure& failure) {
+        tellValuesNotSaved(this, QString::fromUtf8(failure.what()));
+    }
+}
+
+void MainWindow::showStagedValues() {
+    if (!m_stagedList)
+        m_stagedList = new StagedList(this);
+    m_stagedList->setValues(m_staged->differing());
+    m_stagedList->show();
+    m_stagedList->raise();
+}
+
+void MainWindow::showStaged() {
+    const QVector<StagedValue> values = m_staged->differing();
+    setText(m_stagedField, tr("%1 staged").arg(values.size()));
+    QStringList lines;
+    for (const StagedValue& value : values)
+        lines.append(QStringLiteral("%1: %2 → %3").arg(value.variable, value.live, value.staged));
+    m_stagedField->setToolTip(lines.join(QLatin1Char('\n')));
+    m_stagedField->setMinimumWidth(m_stagedField->sizeHint().width());
+    m_stagedField->setVisible(!values.isEmpty());
+    if (m_stagedList && m_stagedList->isVisible())
+        m_stagedList->setValues(values);
+}
+
+void MainWindow::tellOfRefusal(const QStringList& lines) {
+    if (m_manners == Manners::Asks)
+        return tellRefused(this, lines);
+    for (const QString& line : lines)
+        std::fprintf(stderr, "ostrel-display: refused: %s\n", qPrintable(line));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -276,6 +386,8 @@ void MainWindow::tell(const CellState& state) {
     setText(m_storeField, storeText(state));
     setText(m_heartbeatField, heartbeatText(state));
     showBindings();
+    m_staged->fillNew();
+    showStaged();
 }
 
 void MainWindow::showChanges() {

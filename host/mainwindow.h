@@ -3,6 +3,7 @@
 #define OSTREL_HOST_MAINWINDOW_H
 
 #include <QMainWindow>
+#include <memory>
 
 #include "cellstate.h"
 
@@ -13,8 +14,11 @@ class FormArea;
 class FormBindings;
 class FormWatch;
 class OfferBar;
+class QDomDocument;
 class QLabel;
 class QVBoxLayout;
+class StagedList;
+class StagedValues;
 class UnsavedChanges;
 struct KeptChanges;
 struct LoadedForm;
@@ -36,6 +40,9 @@ public:
     // The place that was asked for, or else the form's own size as far as the screen has room for it.
     void takePlace(const Options& options);
 
+    // Stages the values of the file as soon as the store is there. Throws Failure for what is no such file.
+    void stage(const QString& path);
+
 public Q_SLOTS:
     // True when nothing is unsaved afterwards. Tells where that cannot be.
     bool save();
@@ -44,6 +51,12 @@ public Q_SLOTS:
     void revert();
     // Builds the form anew from its file and puts the unsaved changes into it.
     void reload();
+    // Fills the form's editors from the store.
+    void readValues();
+    void loadValues();
+    void saveValues();
+    // The staged values in a list beside the window.
+    void showStagedValues();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -61,6 +74,11 @@ private:
     void showBindings();
     void showChanges();
     void offerReload();
+    void addValuesMenu();
+    void storeIsUsable();
+    void stageAll(const QDomDocument& document);
+    void showStaged();
+    void tellOfRefusal(const QStringList& lines);
     QString formName() const;
     QLabel* addField(const char* name);
 
@@ -71,6 +89,10 @@ private:
     FormBindings* m_bindings = nullptr;
     UnsavedChanges* m_unsaved = nullptr;
     FormWatch* m_formWatch = nullptr;
+    StagedValues* m_staged = nullptr;
+    StagedList* m_stagedList = nullptr;
+    std::unique_ptr<QDomDocument> m_toStage;  // waits for the store
+    QString m_valuesPath;
     Banner* m_banner = nullptr;
     OfferBar* m_offer = nullptr;
     FormArea* m_area = nullptr;
@@ -79,6 +101,7 @@ private:
     QLabel* m_heartbeatField = nullptr;
     QLabel* m_bindingField = nullptr;
     QLabel* m_changesField = nullptr;
+    QLabel* m_stagedField = nullptr;
 };
 
 #endif

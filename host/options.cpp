@@ -61,6 +61,8 @@ void addOperatorOptions(CLI::App& app, Options& options) {
         ->type_name("LEVEL")
         ->check(CLI::Range(1, 4))
         ->capture_default_str();
+    app.add_option("--values", options.values, "Put the staged values of this file into the form's editors")
+        ->type_name("FILE");
     app.add_flag("--lock-units", options.lockUnits, "Forbid changing units");
 }
 

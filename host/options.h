@@ -19,6 +19,7 @@ struct Options {
     std::string store;       // empty: as the environment says
     std::string screenshot;  // empty: none
     std::string styleSheet;  // empty: none
+    std::string values;      // empty: nothing is staged to begin with
     std::optional<Geometry> geometry;
     bool remote = false;
     bool kiosk = false;

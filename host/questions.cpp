@@ -51,6 +51,15 @@ public:
     }
 };
 
+// About staged values; there is nothing to choose.
+void tellOfValues(QWidget* window, QMessageBox::Icon icon, const char* name, const QString& text,
+                  const QString& explanation) {
+    Question note(window, icon, name, text, explanation);
+    note.setWindowTitle(words("Staged values"));
+    auto* close = note.add("close", words("Close"), QMessageBox::RejectRole);
+    note.ask(close, close);
+}
+
 }  // namespace
 
 ClosingAnswer askClosing(QWidget* window, const QString& form, const QStringList& changes) {
@@ -129,6 +138,24 @@ void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList&
                   parts.join(QStringLiteral("\n\n")));
     auto* close = note.add("close", words("Close"), QMessageBox::RejectRole);
     note.ask(close, close);
+}
+
+void tellRefused(QWidget* window, const QStringList& lines) {
+    tellOfValues(window, QMessageBox::Warning, "refused", words("Some values were refused. The others are written."),
+                 words("Not written:") + listed(lines));
+}
+
+void tellValuesNotLoaded(QWidget* window, const QString& fault) {
+    tellOfValues(window, QMessageBox::Warning, "valuesNotLoaded", words("No values are loaded."), fault);
+}
+
+void tellValuesNotSaved(QWidget* window, const QString& fault) {
+    tellOfValues(window, QMessageBox::Warning, "valuesNotSaved", words("The values are not saved."), fault);
+}
+
+void tellValuesLeft(QWidget* window, const QStringList& variables) {
+    tellOfValues(window, QMessageBox::Information, "valuesLeft", words("The file has more values than this form."),
+                 words("No editor for:") + listed(variables));
 }
 
 void tellNotBuilt(QWidget* window, const QString& fault) {

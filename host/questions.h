@@ -30,6 +30,12 @@ void tellGroupsNotSaved(QWidget* window, const QStringList& faults);
 // What saving or reloading could not do as everybody may expect; says nothing where there is nothing to say.
 void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten,
                 const QStringList& refused = {});
+// Of a commit; a line for each value.
+void tellRefused(QWidget* window, const QStringList& lines);
+// What a file of staged values is wrong with, or has too much.
+void tellValuesNotLoaded(QWidget* window, const QString& fault);
+void tellValuesNotSaved(QWidget* window, const QString& fault);
+void tellValuesLeft(QWidget* window, const QStringList& variables);
 void tellNotBuilt(QWidget* window, const QString& fault);
 
 #endif

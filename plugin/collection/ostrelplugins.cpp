@@ -1,5 +1,12 @@
 #include "collection/ostrelplugins.h"
 
+#include "valuemanager/ComboBoxPlugin/ValManComboBoxPlugin.h"
+#include "valuemanager/FilePlugin/ValManFilePlugin.h"
+#include "valuemanager/LogicalPlugin/ValManLogicalPlugin.h"
+#include "valuemanager/NumericPlugin/ValManNumericPlugin.h"
+#include "valuemanager/StringPlugin/ValManStringPlugin.h"
+#include "valuemanager/VMPushButtonCancelPlugin/ValManCancelPlugin.h"
+#include "valuemanager/ValManOK/ValManOKPlugin.h"
 #include "widgets/dialgaugeplugin.h"
 #include "widgets/zel_stringplugin.h"
 #include "widgets/zelcmdbuttonplugin.h"
@@ -18,6 +25,13 @@
 #include "widgets/zelvalueplugin.h"
 
 OstrelPlugins::OstrelPlugins(QObject* parent) : QObject(parent) {
+    m_widgets.append(new ValManFilePlugin(this));
+    m_widgets.append(new ValManStringPlugin(this));
+    m_widgets.append(new ValManLogicalPlugin(this));
+    m_widgets.append(new ValManComboBoxPlugin(this));
+    m_widgets.append(new ValManNumericPlugin(this));
+    m_widgets.append(new ValManOKPlugin(this));
+    m_widgets.append(new ValManCancelPlugin(this));
     m_widgets.append(new ZelValuePlugin(this));
     m_widgets.append(new ZelHorizontalValuePlugin(this));
     m_widgets.append(new ZelLedPlugin(this));

@@ -248,6 +248,7 @@ protected:
     bool _temp_ignore = true;
     bool _first_write = false;
     QString _real_name;
+    bool followsTimer = true;  // false for a widget that reads its variable only when it is asked to
 
 private:
     int m_lastInteger = 0;                 // of the last sample, in the variable's own units

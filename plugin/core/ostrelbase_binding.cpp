@@ -401,11 +401,12 @@ void OstrelBase::endReconfiguration() {
     // The widget must rebuild what setName() rebuilds for a new variable, and keep the units that the form asked for:
     // they go where the variable comes back under its alias, having been missed under its own name.
     if (cameBack) {
-        setUnits(unitsAskedFor);
+        if (getUnits() != unitsAskedFor)
+            setUnits(unitsAskedFor);
         unitsChanged = true;
     }
     setName(name);
-    if (cameBack && _ptr && !TimerModerator::isRegistered(this, getSampleRate())) {
+    if (cameBack && followsTimer && _ptr && !TimerModerator::isRegistered(this, getSampleRate())) {
         updateFirst_ = true;
         TimerModerator::requestTimer(this, getSampleRate());
     }

@@ -53,7 +53,7 @@ QStringList variablesIn(const QString& file) {
             widgets.append(name);
         } else if (xml.name() == QLatin1String("property") &&
                    (name == QLatin1String("name") || name == QLatin1String("units") ||
-                    name == QLatin1String("enableVariableName"))) {
+                    name == QLatin1String("enableVariableName") || name == QLatin1String("OstrelVariable"))) {
             xml.readNextStartElement();
             lines.append(widgets.last() + QLatin1Char('.') + name + QLatin1String(" = ") + xml.readElementText());
         }
@@ -371,6 +371,109 @@ TEST_F(Designer, PreviewsTheIndicatorsWithoutAComplaint) {
     // Of the witness itself.
     complaints = complaints.filter(QRegularExpression(QStringLiteral("^(?!.*DesignerWitness)")));
     EXPECT_EQ(complaints.join(QLatin1Char('\n')).toStdString(), "");
+}
+
+TEST_F(Designer, OffersTheValueManagerInAGroupOfItsOwn) {
+    open(QStringLiteral("blank.ui"));
+    EXPECT_TRUE(comesTrue([this] {
+        QStringList entries = told(QStringLiteral("valuemanager")).split(' ');
+        entries.sort();
+        return entries.join(' ') == QLatin1String(
+                                        "ValManCancelWidget ValManComboBoxWidget ValManFileWidget "
+                                        "ValManLogicalWidget ValManNumericWidget ValManOKWidget "
+                                        "ValManStringWidget");
+    }));
+}
+
+// The list of an editor is edited with the mouse and the keyboard, as a display builder does.
+class ListOfValues : public Designer {
+protected:
+    void SetUp() override {
+        Designer::SetUp();
+        write(QStringLiteral("list.ui"),
+              "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\"><property "
+              "name=\"geometry\"><rect><x>0</x><y>0</y><width>400</width><height>300</height></rect></property>"
+              "<widget class=\"ValManComboBoxWidget\" name=\"mode\"><property name=\"geometry\"><rect><x>20</x>"
+              "<y>20</y><width>300</width><height>33</height></rect></property><property name=\"comboBoxContents\">"
+              "<string>low;;high</string></property></widget></widget><customwidgets><customwidget>"
+              "<class>ValManComboBoxWidget</class><extends>QWidget</extends><header>ValManComboBoxWidget.h</header>"
+              "</customwidget></customwidgets></ui>");
+        open(QStringLiteral("list.ui"));
+        ASSERT_TRUE(comesToRest(QStringLiteral("at-mode")));
+        EXPECT_EQ(told(QStringLiteral("task-mode")).toStdString(), "Edit State...");
+    }
+
+    void click(const QString& what) {
+        ASSERT_TRUE(comesToRest(QStringLiteral("click-") + what)) << qPrintable(what);
+        const QStringList at = told(QStringLiteral("click-") + what).split(' ');
+        mouse({"mousemove", at[0], at[1], "click", "1"});
+    }
+
+    void openList() {
+        const QStringList at = told(QStringLiteral("at-mode")).split(' ');
+        mouse({"mousemove", at[0], at[1], "click", "1", "sleep", "0.2", "click", "3"});
+        click(QStringLiteral("Edit State..."));
+        ASSERT_TRUE(comesTrue([this] { return told(QStringLiteral("dialog")) == QLatin1String("Edit Combobox"); }));
+    }
+
+    void closeList(const char* button) {
+        click(QLatin1String(button));
+        ASSERT_TRUE(comesTrue([this] { return told(QStringLiteral("dialog")).isEmpty(); }));
+    }
+
+    // Nothing gives the keyboard back where a dialog was closed on a screen without a window manager.
+    void giveFormTheKeyboard(const char* clicked) {
+        const QStringList at = told(QLatin1String(clicked)).split(' ');
+        // Beside the editor's own field, which would take the keys.
+        constexpr int toTheLeft = 140;
+        mouse({"mousemove", QString::number(at[0].toInt() - toTheLeft), at[1], "click", "1"});
+    }
+
+    bool listBecomes(const char* list) {
+        return comesTrue([this, list] { return told(QStringLiteral("list-mode")) == QLatin1String(list); });
+    }
+
+    bool commandsBecome(const char* commands) {
+        return comesTrue([this, commands] { return told(QStringLiteral("commands")) == QLatin1String(commands); });
+    }
+};
+
+TEST_F(ListOfValues, IsChangedByOneCommandAndSaved) {
+    openList();
+    click(QStringLiteral("New"));
+    ASSERT_TRUE(comesTrue([this] { return told(QStringLiteral("focus")) == QLatin1String("QExpandingLineEdit"); }));
+    mouse({"type", "middle"});
+    mouse({"key", "Return"});
+    ASSERT_TRUE(comesTrue([this] { return told(QStringLiteral("focus")) == QLatin1String("QListWidget"); }));
+    closeList("OK");
+    EXPECT_TRUE(listBecomes("low;middle;;high"));
+    EXPECT_TRUE(commandsBecome("1 of 1: Change Combobox Contents"));
+    // The editor is selected, and then it is not.
+    for (const char* clicked : {"at-mode", "form"}) {
+        giveFormTheKeyboard(clicked);
+        mouse({"key", "ctrl+z"});
+        EXPECT_TRUE(listBecomes("low;;high"));
+        EXPECT_TRUE(commandsBecome("0 of 1: "));
+        mouse({"key", "ctrl+shift+z"});
+        EXPECT_TRUE(listBecomes("low;middle;;high"));
+        EXPECT_TRUE(commandsBecome("1 of 1: Change Combobox Contents"));
+    }
+    mouse({"key", "ctrl+s"});
+    ASSERT_TRUE(comesTrue([this] { return !told(QStringLiteral("saved")).isEmpty(); }));
+    QFile form(path(QStringLiteral("list.ui")));
+    ASSERT_TRUE(form.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(form.readAll().contains("<string>low;middle;;high</string>"));
+}
+
+TEST_F(ListOfValues, StaysWhereNothingOfItChanged) {
+    openList();
+    closeList("OK");
+    openList();
+    click(QStringLiteral("Delete"));
+    closeList("Cancel");
+    EXPECT_TRUE(commandsBecome("0 of 0: "));
+    EXPECT_TRUE(listBecomes("low;;high"));
+    EXPECT_FALSE(told(QStringLiteral("saved")).isEmpty());
 }
 
 // A form is opened, edited and saved while the cell is there, so that its widgets are bound to variables. What they

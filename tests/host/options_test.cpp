@@ -37,6 +37,7 @@ void OptionsTest::defaults() {
     QCOMPARE(read({"form.ui"}, options), std::optional<int>());
     QCOMPARE(options.form, std::string("form.ui"));
     QVERIFY(options.cell.empty() && options.store.empty() && options.screenshot.empty() && options.styleSheet.empty());
+    QVERIFY(options.values.empty());
     QVERIFY(!options.remote && !options.lockUnits && !options.geometry);
     QCOMPARE(options.updateRate, 2000);
     QCOMPARE(options.lock, 3);
@@ -45,12 +46,13 @@ void OptionsTest::defaults() {
 
 void OptionsTest::everyOption() {
     Options options;
-    const QStringList words{"--store",       "cell-7",  "--remote",     "--update-rate",  "500",
-                            "--lock",        "2",       "--lock-units", "--after",        "0",
-                            "--screenshot",  "now.png", "--geometry",   "800x600+10+-20", "form.ui",
-                            "--style-sheet", "dark.qss"};
+    const QStringList words{"--store",       "cell-7",   "--remote",     "--update-rate",  "500",
+                            "--lock",        "2",        "--lock-units", "--after",        "0",
+                            "--screenshot",  "now.png",  "--geometry",   "800x600+10+-20", "form.ui",
+                            "--style-sheet", "dark.qss", "--values",     "v.xml"};
     QCOMPARE(read(words, options), std::optional<int>());
     QCOMPARE(options.store, std::string("cell-7"));
+    QCOMPARE(options.values, std::string("v.xml"));
     QVERIFY(options.remote && options.lockUnits);
     QCOMPARE(options.updateRate, 500);
     QCOMPARE(options.lock, 2);

@@ -32,6 +32,7 @@ struct BoundWidget {
     bool flashes = true;         // follows the flash timer
     bool refuses = true;         // a variable of another kind leaves it as it is
     bool leavesTheTimer = true;  // when its variable is not there
+    bool hasTimer = true;        // otherwise it reads its variable when SignalSlotSingleton::readFromOstrel() is raised
 
     bool hasMark() const { return static_cast<bool>(tipOwners); }
 };

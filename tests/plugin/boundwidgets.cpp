@@ -3,10 +3,17 @@
 #include <ostrel-display/slider.h>
 
 #include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 
 #include "boundwidgetcontract.h"
+#include "valuemanager/ComboBoxPlugin/ValManComboBoxWidget.h"
+#include "valuemanager/FilePlugin/ValManFileWidget.h"
+#include "valuemanager/LogicalPlugin/ValManLogicalWidget.h"
+#include "valuemanager/NumericPlugin/ValManNumericWidget.h"
+#include "valuemanager/StringPlugin/ValManStringWidget.h"
 #include "widgets/ZelToggleButton.h"
 #include "widgets/dialgauge.h"
 #include "widgets/ledwidget.h"
@@ -91,6 +98,31 @@ BoundWidget indicator(const char* name, const QVector<SM_VARI_TYPE>& kinds,
     return entry;
 }
 
+// It takes the name of every variable, and shows those of some kinds.
+template <class Widget>
+BoundWidget editor(const char* name, const QVector<SM_VARI_TYPE>& kinds,
+                   const std::function<QString(const OstrelBase&)>& face) {
+    BoundWidget entry = boundWidget<Widget>(name);
+    entry.kinds = kinds;
+    entry.face = face;
+    entry.flashes = false;
+    entry.refuses = false;
+    entry.hasTimer = false;
+    return entry;
+}
+
+QString typedText(const OstrelBase& widget) {
+    return widget.findChild<QLineEdit*>("value")->text();
+}
+
+QString boxState(const OstrelBase& widget) {
+    return QString::number(widget.findChild<QCheckBox*>("value")->isChecked());
+}
+
+QString chosenText(const OstrelBase& widget) {
+    return widget.findChild<QComboBox*>("comboBox")->currentText();
+}
+
 QString lampText(const OstrelBase& widget) {
     const auto* state = widget.findChild<QLabel*>("state");
     return QString::number(widget.findChild<QLed*>()->value()) + (state->isHidden() ? QString() : state->text());
@@ -131,6 +163,11 @@ const QVector<BoundWidget>& boundWidgets() {
         indicator<ZelSlider>("ZelSlider", {REAL_TYPE, INT_TYPE}, barText),
         pushButton(),
         indicator<ZelToggleButton>("ZelToggleButton", {LOGI_TYPE}, switchText),
+        editor<ValManNumericWidget>("ValManNumericWidget", {REAL_TYPE, INT_TYPE, STRING_TYPE}, typedText),
+        editor<ValManStringWidget>("ValManStringWidget", {STRING_TYPE, REAL_TYPE, INT_TYPE}, typedText),
+        editor<ValManFileWidget>("ValManFileWidget", {STRING_TYPE, REAL_TYPE, INT_TYPE}, typedText),
+        editor<ValManLogicalWidget>("ValManLogicalWidget", {LOGI_TYPE}, boxState),
+        editor<ValManComboBoxWidget>("ValManComboBoxWidget", {REAL_TYPE, INT_TYPE, STRING_TYPE}, chosenText),
     };
     return widgets;
 }

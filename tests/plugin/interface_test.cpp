@@ -83,6 +83,7 @@ class InterfaceTest : public QObject {
 private Q_SLOTS:
     void init() { startAsHost(); }
     void theVirtualOperationsOfTheBaseStandInTheirOrder();
+    void soDoThoseOfTheValueManager();
     void theMetaObjectsAreAsWrittenDown();
 };
 
@@ -109,6 +110,19 @@ void InterfaceTest::theVirtualOperationsOfTheBaseStandInTheirOrder() {
                                "__cxa_pure_virtual",
                                "OstrelBase::initContextMenu()"};
     QCOMPARE(ofTheBase.mid(first).join('\n'), expected.join('\n'));
+}
+
+void InterfaceTest::soDoThoseOfTheValueManager() {
+    const int first = virtualFunctions("_ZTV10OstrelBase").size();
+    QVERIFY(first > 0);
+    const QStringList expected{"ValueManagerWidgetBase::setOstrelVariable(QString const&)",
+                               "ValueManagerWidgetBase::commitValue()",
+                               "ValueManagerWidgetBase::readFromFile(QDomDocument)"};
+    const QStringList own = virtualFunctions("_ZTV22ValueManagerWidgetBase").mid(first);
+    QCOMPARE(own.mid(0, 3).join('\n'), expected.join('\n'));
+    // Writing a file is as empty here as reading one, and stands at the same address where the compiler shares it.
+    QCOMPARE(own.size(), 4);
+    QVERIFY2(own.last().endsWith("File(QDomDocument)"), qPrintable(own.last()));
 }
 
 void InterfaceTest::theMetaObjectsAreAsWrittenDown() {

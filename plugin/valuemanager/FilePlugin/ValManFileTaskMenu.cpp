@@ -1,0 +1,6 @@
+#include "valuemanager/FilePlugin/ValManFileTaskMenu.h"
+
+ValManFileTaskMenu::ValManFileTaskMenu(ValManFileWidget* widget, QObject* parent)
+    : ValueManagerTaskMenuBase(parent), File(widget) {}
+
+void ValManFileTaskMenu::editState() {}

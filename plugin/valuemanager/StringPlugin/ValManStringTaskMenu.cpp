@@ -1,0 +1,5 @@
+#include "valuemanager/StringPlugin/ValManStringTaskMenu.h"
+
+ValManStringTaskMenu::ValManStringTaskMenu(ValManStringWidget*, QObject* parent) : ValueManagerTaskMenuBase(parent) {}
+
+void ValManStringTaskMenu::editState() {}
