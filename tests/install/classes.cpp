@@ -15,6 +15,15 @@
 #include <cstring>
 #include <memory>
 
+#include "ExtendedQComboBox.h"
+#include "ValManCancelWidget.h"
+#include "ValManComboBoxWidget.h"
+#include "ValManFileWidget.h"
+#include "ValManLogicalWidget.h"
+#include "ValManNumericWidget.h"
+#include "ValManOKWidget.h"
+#include "ValManStringWidget.h"
+#include "ZelToggleButton.h"
 #include "cmd_thread.h"
 #include "cmdlinewidget.h"
 #include "core/glostrelbase.h"
@@ -42,6 +51,7 @@
 #include "selection/variableselectiondialog.h"
 #include "zel_cmdbutton.h"
 #include "zel_eventbutton.h"
+#include "zel_pushbutton.h"
 #include "zel_simplelogical.h"
 #include "zel_simplevalue.h"
 #include "zel_simplevalue_fl.h"
@@ -104,6 +114,16 @@ void useWidgets() {
     useWidget<ZelCmdLine>("ZelCmdLine");
     useWidget<ZelCmdButton>("ZelCmdButton");
     useWidget<ZelEventButton>("ZelEventButton");
+    useWidget<ZelPushButton>("ZelPushButton");
+    useWidget<ZelToggleButton>("ZelToggleButton");
+    useWidget<ValManNumericWidget>("ValManNumericWidget");
+    useWidget<ValManStringWidget>("ValManStringWidget");
+    useWidget<ValManLogicalWidget>("ValManLogicalWidget");
+    useWidget<ValManFileWidget>("ValManFileWidget");
+    useWidget<ValManComboBoxWidget>("ValManComboBoxWidget");
+    useWidget<ExtendedQComboBox>("ExtendedQComboBox");
+    useWidget<ValManOKWidget>("ValManOKWidget");
+    useWidget<ValManCancelWidget>("ValManCancelWidget");
     useWidget<ZelGroup>("ZelGroup");
     useWidget<ZelGroup_fl>("ZelGroup_fl");
     useWidget<FlashingLabel>("FlashingLabel");
