@@ -77,6 +77,7 @@ protected:
         environment.insert(QStringLiteral("QT_PLUGIN_PATH"), path(QStringLiteral("plugins")));
         environment.insert(QStringLiteral("HOME"), m_folder.path());
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config")));
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
         environment.insert(QStringLiteral("OSTREL_WITNESS"), path(QStringLiteral("witness.txt")));
         environment.insert(QStringLiteral("OSTREL_STORE"),
                            QStringLiteral("designer-%1").arg(QCoreApplication::applicationPid()));

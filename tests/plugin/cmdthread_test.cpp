@@ -10,7 +10,7 @@
 namespace {
 
 // For a command that would never end: long enough for it to begin.
-constexpr int timeOut = 2000;  // ms
+constexpr int timeOut = 3000;  // ms
 
 }  // namespace
 
@@ -71,7 +71,7 @@ void CmdThreadTest::commandsRunOneAfterTheOther() {
     CmdThread thread(m_commands->meet("first", {"go"}) + ";;" + note("out") + " a;  " + note("out") + "   b  c", 20000,
                      false, nullptr);
     thread.start();
-    QTRY_VERIFY(m_commands->exists("first"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
     QVERIFY(!m_commands->exists("out"));
     m_commands->create("go");
     QVERIFY(thread.wait(20000));
@@ -90,10 +90,10 @@ void CmdThreadTest::itEnablesItsParentAtTheEnd() {
     button.setEnabled(false);
     auto* thread = new CmdThread(m_commands->meet("first", {"go"}), 20000, false, &button);
     thread->start();
-    QTRY_VERIFY(m_commands->exists("first"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
     QVERIFY(!button.isEnabled());
     m_commands->create("go");
-    QTRY_VERIFY(button.isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
 }
 
 void CmdThreadTest::withoutAParentItOnlyRuns() {
@@ -152,14 +152,14 @@ void CmdThreadTest::theTimeIsThatOfTheCommandsNotOfTheGui() {
     QVERIFY(thread->wait(20000));
     QVERIFY(!isAlive("endless"));
     QVERIFY(!button.isEnabled());
-    QTRY_VERIFY(button.isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
 }
 
 void CmdThreadTest::aDetachedCommandIsNotWaitedFor() {
     CmdThread thread(m_commands->meet("first", {"go"}) + ';' + note("out"), 20000, true, nullptr);
     thread.start();
     QVERIFY(thread.wait(20000));
-    QTRY_VERIFY(m_commands->exists("first"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
     QCOMPARE(m_commands->told("out"), QByteArray("[]"));
     m_commands->create("go");
     QCOMPARE(childStates(), QByteArray());
@@ -170,7 +170,7 @@ void CmdThreadTest::aProgramThatIsNotThereIsPassedOver() {
     button.setEnabled(false);
     auto* thread = new CmdThread("no-such-program x;" + note("out"), 20000, false, &button);
     thread->start();
-    QTRY_VERIFY(button.isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
     QCOMPARE(m_commands->contents("out"), QByteArray("[]"));
 }
 
@@ -179,7 +179,7 @@ void CmdThreadTest::withoutCommandsItEndsAtOnce() {
     button.setEnabled(false);
     auto* thread = new CmdThread(" ; ;;", 20000, false, &button);
     thread->start();
-    QTRY_VERIFY(button.isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
 }
 
 void CmdThreadTest::itsParentMayGoWhileItRuns() {
