@@ -239,7 +239,7 @@ bool MainWindow::settle(const Saving& saving) {
         tellGroupsNotSaved(this, saving.groupFaults);
     if (!saving.fault.isEmpty())
         return tellSavingFailed(this, saving.fault) && saveAs();
-    tellMerged(this, saving.unplaced, saving.overwritten, saving.refused);
+    tellMerged(this, saving.unplaced, saving.overwritten, saving.refused, saving.remark);
     return saving.isComplete();
 }
 

@@ -120,8 +120,8 @@ void tellGroupsNotSaved(QWidget* window, const QStringList& faults) {
 }
 
 void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten,
-                const QStringList& refused) {
-    if (unplaced.isEmpty() && overwritten.isEmpty() && refused.isEmpty())
+                const QStringList& refused, const QString& remark) {
+    if (unplaced.isEmpty() && overwritten.isEmpty() && refused.isEmpty() && remark.isEmpty())
         return;
     QStringList parts;
     if (!unplaced.isEmpty())
@@ -131,10 +131,13 @@ void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList&
     if (!overwritten.isEmpty())
         parts.append(words("Changed here and on the disk alike. The form now has the values of this display:") +
                      listed(overwritten));
+    if (!remark.isEmpty())
+        parts.append(remark);
+    const bool isMerged = !unplaced.isEmpty() || !overwritten.isEmpty();
     Question note(window, QMessageBox::Information, "mergeNote",
-                  unplaced.isEmpty() && overwritten.isEmpty()
-                      ? words("Some changes were not saved.")
-                      : words("The form or a group of it was changed on the disk as well."),
+                  isMerged            ? words("The form or a group of it was changed on the disk as well.")
+                  : refused.isEmpty() ? words("The form was saved.")
+                                      : words("Some changes were not saved."),
                   parts.join(QStringLiteral("\n\n")));
     auto* close = note.add("close", words("Close"), QMessageBox::RejectRole);
     note.ask(close, close);

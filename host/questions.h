@@ -29,7 +29,7 @@ bool tellSavingFailed(QWidget* window, const QString& fault);
 void tellGroupsNotSaved(QWidget* window, const QStringList& faults);
 // What saving or reloading could not do as everybody may expect; says nothing where there is nothing to say.
 void tellMerged(QWidget* window, const QStringList& unplaced, const QStringList& overwritten,
-                const QStringList& refused = {});
+                const QStringList& refused = {}, const QString& remark = {});
 // Of a commit; a line for each value.
 void tellRefused(QWidget* window, const QStringList& lines);
 // What a file of staged values is wrong with, or has too much.

@@ -112,7 +112,7 @@ Saving UnsavedChanges::save() {
 Saving UnsavedChanges::saveAs(const QString& form) {
     FormChanges* changes = formChanges();
     if (!changes)
-        return {{tr("%1: this site's form writer saves under the form's own name only").arg(form), {}, {}, {}}, {}};
+        return {{tr("%1: this site's form writer saves under the form's own name only").arg(form), {}, {}, {}, {}}, {}};
     const FormSaving written = changes->saveAs(form);
     if (!written.fault.isEmpty())
         return {written, {}};

@@ -5,6 +5,13 @@
 #include <QApplication>
 #include <QTest>
 
+// Qt gives a condition five seconds, which is little where every processor has other work. What comes is not waited for
+// any longer by this.
+#undef QTRY_VERIFY
+#define QTRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT((condition), 20000)
+#undef QTRY_COMPARE
+#define QTRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT((actual), expected, 20000)
+
 struct NamedRun {
     const char* name;
     int (*run)(int argc, char** argv);

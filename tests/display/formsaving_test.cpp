@@ -1,5 +1,6 @@
 // Saving an operator's changes into a form file: what comes back through a form loader, and what stays as it was.
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QColor>
 #include <QFile>
@@ -137,6 +138,7 @@ private slots:
     void changesThatAreTooDeepAreNotTakenOver();
     void strayTextInAPropertyGoesWithAnEditOfIt();
     void aPipeInThePlaceOfTheFormIsNotWaitedFor();
+    void theFileKeepsModeOwnerAndGroup();
     void missingFileIsToldAndKept();
     void savesUnderAnotherName();
     void savesThroughALink();
@@ -719,6 +721,24 @@ void FormSavingTest::aPipeInThePlaceOfTheFormIsNotWaitedFor() {
     QCOMPARE(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
     QCOMPARE(m_changes->save().fault, m_path + ": is no regular file; save the form under another name");
     QVERIFY(m_changes->isDirty());
+}
+
+void FormSavingTest::theFileKeepsModeOwnerAndGroup() {
+    constexpr uid_t somebody = 65534;
+    const QByteArray path = QFile::encodeName(m_path);
+    const bool isRoot = geteuid() == 0;
+    QCOMPARE(chmod(path.constData(), 0664), 0);
+    if (isRoot)
+        QCOMPARE(chown(path.constData(), somebody, somebody), 0);
+    set("title", "Torque");
+    const FormSaving saving = m_changes->save();
+    QVERIFY(saving.isComplete());
+    QCOMPARE(saving.remark, QString());
+    struct stat status {};
+    QCOMPARE(stat(path.constData(), &status), 0);
+    QCOMPARE(status.st_mode & 07777U, mode_t(0664));
+    QCOMPARE(status.st_uid, isRoot ? somebody : geteuid());
+    QCOMPARE(status.st_gid, isRoot ? gid_t(somebody) : getegid());
 }
 
 void FormSavingTest::missingFileIsToldAndKept() {

@@ -71,7 +71,7 @@ void CmdThreadTest::commandsRunOneAfterTheOther() {
     CmdThread thread(m_commands->meet("first", {"go"}) + ";;" + note("out") + " a;  " + note("out") + "   b  c", 20000,
                      false, nullptr);
     thread.start();
-    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
+    QTRY_VERIFY(m_commands->exists("first"));
     QVERIFY(!m_commands->exists("out"));
     m_commands->create("go");
     QVERIFY(thread.wait(20000));
@@ -90,10 +90,10 @@ void CmdThreadTest::itEnablesItsParentAtTheEnd() {
     button.setEnabled(false);
     auto* thread = new CmdThread(m_commands->meet("first", {"go"}), 20000, false, &button);
     thread->start();
-    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
+    QTRY_VERIFY(m_commands->exists("first"));
     QVERIFY(!button.isEnabled());
     m_commands->create("go");
-    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
+    QTRY_VERIFY(button.isEnabled());
 }
 
 void CmdThreadTest::withoutAParentItOnlyRuns() {
@@ -108,7 +108,7 @@ void CmdThreadTest::withoutAParentItOnlyRuns() {
 void CmdThreadTest::aCommandThatLastsTooLongIsKilled() {
     CmdThread thread(stubborn("endless") + ';' + note("out"), timeOut, false, nullptr);
     thread.start();
-    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("endless"), 20000);
+    QTRY_VERIFY(m_commands->exists("endless"));
     QVERIFY(isAlive("endless"));
     QVERIFY(!m_commands->exists("out"));
     QVERIFY(thread.wait(20000));
@@ -120,7 +120,7 @@ void CmdThreadTest::aCommandThatLastsTooLongIsKilled() {
 void CmdThreadTest::eachCommandHasTheTimeToItself() {
     CmdThread thread(stubborn("first") + ';' + stubborn("second") + ';' + note("out"), timeOut, false, nullptr);
     thread.start();
-    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("second"), 20000);
+    QTRY_VERIFY(m_commands->exists("second"));
     QVERIFY(!isAlive("first"));
     QVERIFY(isAlive("second"));
     QVERIFY(thread.wait(20000));
@@ -133,7 +133,7 @@ void CmdThreadTest::withoutATimeOutItWaitsOn() {
     CmdThread patient(m_commands->meet("first", {"go"}) + ';' + note("out"), -1, false, nullptr);
     CmdThread hasty(stubborn("endless"), timeOut, false, nullptr);
     patient.start();
-    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
+    QTRY_VERIFY(m_commands->exists("first"));
     hasty.start();
     QVERIFY(hasty.wait(20000));
     QVERIFY(patient.isRunning());
@@ -152,14 +152,14 @@ void CmdThreadTest::theTimeIsThatOfTheCommandsNotOfTheGui() {
     QVERIFY(thread->wait(20000));
     QVERIFY(!isAlive("endless"));
     QVERIFY(!button.isEnabled());
-    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
+    QTRY_VERIFY(button.isEnabled());
 }
 
 void CmdThreadTest::aDetachedCommandIsNotWaitedFor() {
     CmdThread thread(m_commands->meet("first", {"go"}) + ';' + note("out"), 20000, true, nullptr);
     thread.start();
     QVERIFY(thread.wait(20000));
-    QTRY_VERIFY_WITH_TIMEOUT(m_commands->exists("first"), 20000);
+    QTRY_VERIFY(m_commands->exists("first"));
     QCOMPARE(m_commands->told("out"), QByteArray("[]"));
     m_commands->create("go");
     QCOMPARE(childStates(), QByteArray());
@@ -170,7 +170,7 @@ void CmdThreadTest::aProgramThatIsNotThereIsPassedOver() {
     button.setEnabled(false);
     auto* thread = new CmdThread("no-such-program x;" + note("out"), 20000, false, &button);
     thread->start();
-    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
+    QTRY_VERIFY(button.isEnabled());
     QCOMPARE(m_commands->contents("out"), QByteArray("[]"));
 }
 
@@ -179,7 +179,7 @@ void CmdThreadTest::withoutCommandsItEndsAtOnce() {
     button.setEnabled(false);
     auto* thread = new CmdThread(" ; ;;", 20000, false, &button);
     thread->start();
-    QTRY_VERIFY_WITH_TIMEOUT(button.isEnabled(), 20000);
+    QTRY_VERIFY(button.isEnabled());
 }
 
 void CmdThreadTest::itsParentMayGoWhileItRuns() {

@@ -289,7 +289,7 @@ FormSaving FormChanges::save() {
         return saving;
     }
     if (written != *now)
-        saving.fault = replaceFormFile(d->path, written);
+        saving.fault = replaceFormFile(d->path, written, &saving.remark);
     if (!saving.fault.isEmpty())
         return saving;
     const bool wasDirty = isDirty();
@@ -307,13 +307,14 @@ FormSaving FormChanges::save() {
 FormSaving FormChanges::saveAs(const QString& path) {
     FormSaving saving;
     const QByteArray written = appliedTo(d->text, &saving.unplaced);
-    saving.fault = replaceFormFile(path, written);
+    saving.fault = replaceFormFile(path, written, &saving.remark);
     if (!saving.fault.isEmpty())
         return saving;
     d->path = path;
     const FormSaving rest = save();
     saving.fault = rest.fault;
     saving.refused = rest.refused;
+    saving.remark += rest.remark;
     return saving;
 }
 

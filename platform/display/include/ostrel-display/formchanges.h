@@ -30,6 +30,7 @@ struct FormSaving {
     QString fault;            // one line, empty when the file holds what it is to hold
     QStringList unplaced;     // the form has no such widget any more; they stay unsaved
     QStringList refused;      // no form can hold them; they stay unsaved
+    QString remark;           // what the saved file could not keep, such as its owner; empty where nothing
     QStringList overwritten;  // somebody else had changed them too; the file now has this display's value
 
     bool isComplete() const { return fault.isEmpty() && unplaced.isEmpty() && refused.isEmpty(); }
