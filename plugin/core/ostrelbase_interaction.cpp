@@ -48,12 +48,14 @@ QString firstItemText(const QMimeData* data) {
 // What the operator chose, or the former name where that is no variable.
 QString chosenName(QWidget* widget, const VariableSelectionDialog& dialog, const QString& former) {
     if (dialog.indexOfSelectedVarName() == -1) {
-        QMessageBox refusal(
+        // It goes with the widget, which may be closed meanwhile.
+        const QPointer<QMessageBox> refusal = new QMessageBox(
             QMessageBox::Warning, OstrelBase::tr("Invalid Variable"),
             OstrelBase::tr("An invalid variable name was entered.\n\nThe previous variable name will be used."),
             QMessageBox::Ok, widget);
-        refusal.setInformativeText(OstrelBase::tr("Not in the list: \"%1\"").arg(dialog.text()));
-        refusal.exec();
+        refusal->setInformativeText(OstrelBase::tr("Not in the list: \"%1\"").arg(dialog.text()));
+        refusal->exec();
+        delete refusal;
         return former;
     }
     const QString name = dialog.text() + dialog.subText();
@@ -106,8 +108,10 @@ void OstrelBase::chooseVariable() {
     const QPointer<VariableSelectionDialog> dialog = new VariableSelectionDialog(this, _varType, _name);
     changeVar = dialog;
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
+    const QString name = dialog && isAccepted ? chosenName(this, *dialog, origName) : QString();
+    // Without its dialog the widget is gone.
     if (dialog && isAccepted)
-        setName(chosenName(this, *dialog, origName));
+        setName(name);
     delete dialog;
 }
 

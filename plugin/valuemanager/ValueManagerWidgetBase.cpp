@@ -77,13 +77,17 @@ void ValueManagerWidgetBase::linkOstrelVariable(const QString& varToLink) {
         return;
     }
     // At the end of a reconfiguration the base has already found where the variable's record stands now.
-    if (status == VARIABLE_FOUND && recordOfKind() == _ptr)
+    const bool stays = status == VARIABLE_FOUND && recordOfKind() == _ptr;
+    // Also where it stays: its place may have been given another label.
+    const bool hasPointer = pointAtRecord();
+    if (stays)
         return;
-    pointAtRecord();
+    if (hasPointer)
+        update();
     updateUIName(status, varToLink, false);
 }
 
-void ValueManagerWidgetBase::pointAtRecord() {
+bool ValueManagerWidgetBase::pointAtRecord() {
     switch (_mem.vari_type) {
         case REAL_TYPE:
             point(_ptr, &rptr, &m_labels.real);
@@ -98,9 +102,9 @@ void ValueManagerWidgetBase::pointAtRecord() {
             point(_ptr, &sptr, &m_labels.string);
             break;
         default:
-            return;
+            return false;
     }
-    update();
+    return true;
 }
 
 // What the pointer of the bound variable's kind leads to.

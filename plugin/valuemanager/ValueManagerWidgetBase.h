@@ -68,7 +68,8 @@ private:
         QString logical;
     };
 
-    void pointAtRecord();
+    // False for a kind that has no pointer.
+    bool pointAtRecord();
     const void* recordOfKind() const;
 
     Labels m_labels;

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 
+#include "fabric/timermoderator.h"
 #include "ui_ZelToggleButton.h"
 #include "widgets/enablevariable.h"
 
@@ -16,12 +17,18 @@ ZelToggleButton::ZelToggleButton(QWidget* parent) : LogicalButton(parent), ui(st
 
 ZelToggleButton::~ZelToggleButton() = default;
 
+void ZelToggleButton::unbind() {
+    showNothing();
+    clearMem();
+    TimerModerator::releaseFromTimer(this, getSampleRate());
+}
+
 void ZelToggleButton::setName(const QString& name) {
     const Binding binding = bind(name);
     if (binding.isRebound)
         updateFirst_ = true;
     else if (binding.status == VARIABLE_NOTFOUND)
-        showNothing();
+        unbind();
     showBinding(binding);
     sample(true);
     update();

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void sample();
 
 private:
+    void unbind();
     BtnType m_buttonType = Beryl;
     std::unique_ptr<Ui::ZelToggleButton> ui;
 };

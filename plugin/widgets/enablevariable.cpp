@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include "variables/recordtext.h"
+
 namespace {
 
 bool isArray(int kind) {
@@ -29,6 +31,7 @@ bool EnableVariable::setName(const QString& name) {
 
 void EnableVariable::forget() {
     m_record = nullptr;
+    m_inForce.clear();
     m_name->clear();
     m_button->setEnabled(true);
 }
@@ -41,9 +44,19 @@ bool EnableVariable::find() {
     void* const record = get_vrbl_adr(m_handle);
     if (isArray(m_handle.vari_type) && record && !m_handle.member_adr)
         m_handle.member_adr = _MEMORY_LINK_SIZE(name.constData(), nullptr);
-    if (m_handle.vari_type == LOGI_TYPE)
+    if (m_handle.vari_type == LOGI_TYPE && record) {
         m_record = static_cast<const LOGICAL_VARIABLE*>(record);
+        m_inForce = recordText(m_record->label);
+    }
     return true;
+}
+
+// The variable in force may be a former one's, whose name is kept nowhere else.
+void EnableVariable::findInForce() {
+    SHARED_MEMORY mem{};
+    QByteArray name = m_inForce.toLatin1();
+    const bool isFound = !name.isEmpty() && find_variable(name.data(), &mem) == 0 && mem.vari_type == LOGI_TYPE;
+    m_record = isFound ? static_cast<const LOGICAL_VARIABLE*>(get_vrbl_adr(mem)) : nullptr;
 }
 
 // Where a reconfiguration took the variable away, its place may be another's by now.
@@ -51,6 +64,8 @@ void EnableVariable::follow() {
     if (!m_name->isEmpty() && m_count != m_counters->generic_reconfig_count) {
         m_record = nullptr;
         find();
+        if (!m_record)
+            findInForce();
     }
     apply();
 }

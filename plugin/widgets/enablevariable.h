@@ -25,6 +25,7 @@ public:
 
 private:
     bool find();
+    void findInForce();
     void apply();
 
     QWidget* m_button;
@@ -33,6 +34,7 @@ private:
     int m_count = 0;  // of reconfigurations at the last look-up
     SHARED_MEMORY m_handle{};
     const LOGICAL_VARIABLE* m_record = nullptr;
+    QString m_inForce;  // name of the variable of m_record, which is not always that of the name
 };
 
 #endif

@@ -9,6 +9,7 @@
 #include "variables/namechoice.h"
 #include "variables/names.h"
 #include "variables/notfoundmark.h"
+#include "variables/recordtext.h"
 #include "widgets/enablevariable.h"
 
 LogicalButton::LogicalButton(QWidget* parent) : OstrelBase(parent) {}
@@ -36,6 +37,8 @@ LogicalButton::Binding LogicalButton::bind(const QString& name) {
     m_mark->show(choice.isMissing);
     m_boundAt = Reconfig_data->generic_reconfig_count;
     const VAR_FIND_STATUS status = setupVariable(choice.name);
+    const LOGICAL_VARIABLE* const bound = status == VARIABLE_NOTFOUND ? nullptr : record();
+    m_variable = bound ? recordText(bound->label) : QString();
     const bool isRebound = status == VARIABLE_CHANGED || (status == VARIABLE_FOUND && lptr != _ptr);
     if (isRebound)
         rebind();
@@ -61,8 +64,6 @@ void LogicalButton::rebind() {
 
 void LogicalButton::showNothing() {
     m_parts.value->setText(QStringLiteral("-"));
-    TimerModerator::releaseFromTimer(this, getSampleRate());
-    clearMem();
 }
 
 void LogicalButton::showBinding(const Binding& binding) {
@@ -77,14 +78,15 @@ LOGICAL_VARIABLE* LogicalButton::record() const {
 }
 
 LOGICAL_VARIABLE* LogicalButton::recordToWrite() {
-    if (_ptr && m_boundAt != Reconfig_data->generic_reconfig_count)
-        setName(ownName());
     lptr = record();
-    return lptr;
+    return lptr && m_boundAt != Reconfig_data->generic_reconfig_count ? recordOf(m_variable) : lptr;
 }
 
-QString LogicalButton::ownName() const {
-    return _real_name.isEmpty() || _real_name == notSet ? _name : _real_name;
+LOGICAL_VARIABLE* LogicalButton::recordOf(const QString& variable) {
+    SHARED_MEMORY mem{};
+    if (find_variable(variable.toLatin1().data(), &mem) != 0 || mem.vari_type != LOGI_TYPE)
+        return nullptr;
+    return static_cast<LOGICAL_VARIABLE*>(get_vrbl_adr(mem));
 }
 
 void LogicalButton::showState(const LOGICAL_VARIABLE& record) {

@@ -56,16 +56,17 @@ protected:
 
     // setName() of a button: bind(), its own part, showBinding().
     Binding bind(const QString& name);
-    void showNothing();
+    void showNothing();  // and nothing else: the buttons let go of variable and timer in orders of their own
     void showBinding(const Binding& binding);
 
     // The bound record; null without one, and where the store has made a variable of another kind of it.
     LOGICAL_VARIABLE* record() const;
-    // The same for who writes: where the store was reconfigured since, the name is bound anew first, since the record's
-    // place may be another variable's by now. lptr has it too.
+    // The same, in lptr too, and the record for who writes: where the store was reconfigured since, the variable is looked
+    // up, since the record's place may be another variable's by now. The binding stays as it is.
     LOGICAL_VARIABLE* recordToWrite();
-    // The variable's own name, as a reconfiguration looks for it.
-    QString ownName() const;
+    // The bound variable, by the name that stands in its record; empty without one.
+    const QString& variable() const { return m_variable; }
+    static LOGICAL_VARIABLE* recordOf(const QString& variable);
     // Shows the state where it is not the one shown last.
     void showState(const LOGICAL_VARIABLE& record);
     EnableVariable& enableVariable() { return *m_enable; }
@@ -76,6 +77,7 @@ private:
     Parts m_parts{};
     std::unique_ptr<NotFoundMark> m_mark;
     std::unique_ptr<EnableVariable> m_enable;
+    QString m_variable;
     int m_boundAt = 0;  // reconfigurations of the store when the name was bound last
 };
 

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <utility>
 
+#include "fabric/timermoderator.h"
 #include "ui_zel_pushbutton.h"
 #include "widgets/enablevariable.h"
 
@@ -56,11 +57,14 @@ ZelPushButton::~ZelPushButton() {
 }
 
 void ZelPushButton::setName(const QString& name) {
-    if (name != _name)
-        letGo();
     const Binding binding = bind(name);
+    // The hand holds a variable, whatever it is called now.
+    if (m_held != variable())
+        letGo();
     if (binding.status == VARIABLE_NOTFOUND) {
         showNothing();
+        TimerModerator::releaseFromTimer(this, getSampleRate());
+        clearMem();
         enableVariable().forget();
     }
     showBinding(binding);
@@ -113,7 +117,7 @@ void ZelPushButton::pressed() {
     LOGICAL_VARIABLE* const bound = recordToWrite();
     if (!bound)
         return;
-    m_held = ownName();
+    m_held = variable();
     set_logical_variable(bound, 1, 0, nullptr);
 }
 
@@ -130,11 +134,7 @@ void ZelPushButton::released() {
 void ZelPushButton::letGo() {
     if (m_held.isEmpty())
         return;
-    QByteArray name = std::exchange(m_held, QString()).toLatin1();
-    SHARED_MEMORY mem{};
-    if (find_variable(name.data(), &mem) != 0 || mem.vari_type != LOGI_TYPE)
-        return;
-    if (auto* const held = static_cast<LOGICAL_VARIABLE*>(get_vrbl_adr(mem)))
+    if (LOGICAL_VARIABLE* const held = recordOf(std::exchange(m_held, QString())))
         set_logical_variable(held, 0, 0, nullptr);
 }
 

@@ -162,6 +162,8 @@ void CollectionTest::thePluginsStandInTheOrderOfThePalette() {
                               "ZelGroupPlugin_fl",    "ZelCmdButtonPlugin",      "ZelEventButtonPlugin"};
     int last = -1;
     const auto all = widgets();
+    QCOMPARE(all.size(), palette.size());
+    QCOMPARE(palette.size(), 24);
     for (auto* widget : all) {
         const QString plugin = dynamic_cast<QObject*>(widget)->metaObject()->className();
         const int place = palette.indexOf(plugin);

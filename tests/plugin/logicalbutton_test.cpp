@@ -63,6 +63,7 @@ private Q_SLOTS:
     void anEnableVariableThatTheStoreMovesIsFollowed();
     void anEnableVariableThatTheStoreTakesAwayIsLeft();
     void anEnableVariableThatComesLaterIsFound();
+    void theEnableVariableInForceSurvivesAReconfiguration();
     void withoutAVariableTheEnableVariableIsNotFollowed();
 
     void theFontIsThatOfBothLabels();
@@ -430,6 +431,20 @@ void LogicalButtonTest::anEnableVariableThatComesLaterIsFound() {
     panel.tick();
     QVERIFY(panel.button->isEnabled());
     ++platform().reconfiguration().generic_reconfig_count;
+    panel.tick();
+    QVERIFY(!panel.button->isEnabled());
+}
+
+// Under the name of one that the store does not know.
+void LogicalButtonTest::theEnableVariableInForceSurvivesAReconfiguration() {
+    const auto ready = platform().logical("READY").value(1);
+    Operated panel(m_kind.make());
+    panel.widget->setName("PUMP");
+    panel.setEnableVariable("READY");
+    panel.setEnableVariable("UNKNOWN");
+    ++platform().reconfiguration().generic_reconfig_count;
+    panel.tick();
+    ready.value(0);
     panel.tick();
     QVERIFY(!panel.button->isEnabled());
 }

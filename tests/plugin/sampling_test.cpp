@@ -602,6 +602,13 @@ void SamplingTest::blackIsTheTextColour() {
     // Black on black, darker, is black again and becomes the text colour.
     widget.checkStatus(false);
     QCOMPARE(widget.getColor(), QColor(Qt::black));
+    // So does what is nearly black, of which darker is black: here the two can be told apart.
+    const QColor nearlyBlack = QColor::fromRgba64(1, 1, 1);
+    palette.setColor(QPalette::Text, nearlyBlack);
+    palette.setColor(QPalette::Window, nearlyBlack);
+    widget.setPalette(palette);
+    widget.checkStatus(false);
+    QCOMPARE(widget.getColor(), nearlyBlack);
     palette.setColor(QPalette::Text, QColor(1, 2, 3));
     palette.setColor(QPalette::Window, Qt::white);
     widget.setPalette(palette);

@@ -139,8 +139,14 @@ void StringListEditorTest::deleteMakesTheNextOneCurrent() {
     click("deleteListItemButton");
     QCOMPARE(m_dialog->contents(), QStringList{"a"});
     QCOMPARE(current(), 0);
+    QCOMPARE(enabled(), QString("D--"));
     QCOMPARE(deleted.count(), 2);
     QCOMPARE(deleted[1].at(0).toInt(), 1);
+    open({"a", "b", "c"});
+    select(0);
+    click("deleteListItemButton");
+    QCOMPARE(current(), 0);
+    QCOMPARE(enabled(), QString("D-D"));
 }
 
 void StringListEditorTest::deletingTheOnlyOneLeavesNothingToDo() {

@@ -77,6 +77,7 @@ private Q_SLOTS:
     void nobodyAsksForATimer();
     void theOrderOfTheSignals();
     void aPlaceThatAnotherVariableTookIsLeftToIt();
+    void aRecordWithAnotherLabelIsReadOnceItIsNamedAgain();
 
     void anEventThatCannotBeRaisedIsTold();
     void theButtonsTalkToTheEventServiceFirst();
@@ -272,6 +273,21 @@ void ValManWidgetsTest::theOrderOfTheSignals() {
             [&](const QString& units) { order.append("units " + units); });
     emit SignalSlotSingleton::getInstance().readFromOstrel();
     QCOMPARE(order, QStringList({"value 1.000000", "units RPM"}));
+}
+
+// As where an alias leads to a variable that took the former one's place.
+void ValManWidgetsTest::aRecordWithAnotherLabelIsReadOnceItIsNamedAgain() {
+    const auto real = platform().real("REAL").value(1);
+    ValManNumericWidget number;
+    number.setName("REAL");
+    scripted::put(real->label, "SUCCESSOR");
+    real->value = 2;
+    number.setName("REAL");
+    emit SignalSlotSingleton::getInstance().readFromOstrel();
+    platform().forgetCalls();
+    emit SignalSlotSingleton::getInstance().commitToOstrel();
+    QCOMPARE(platform().calls({"set_real_variable"}).size(), 1);
+    QCOMPARE(number.findChild<QLineEdit*>()->text(), QString("2.000000"));
 }
 
 void ValManWidgetsTest::aPlaceThatAnotherVariableTookIsLeftToIt() {

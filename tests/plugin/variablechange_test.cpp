@@ -110,6 +110,7 @@ private Q_SLOTS:
     void aLockedWidgetSaysThatItsVariableIsLocked_data();
     void aLockedWidgetSaysThatItsVariableIsLocked();
     void aWidgetThatGoesMeanwhileTakesItsDialogWithIt();
+    void aWidgetThatGoesMeanwhileTakesItsRefusalWithIt();
 
     void theFittingUnitsAreOffered();
     void defaultIsOfferedOnceUnitsWereChosen();
@@ -249,6 +250,15 @@ void VariableChangeTest::aLockedWidgetSaysThatItsVariableIsLocked() {
 void VariableChangeTest::aWidgetThatGoesMeanwhileTakesItsDialogWithIt() {
     auto widget = boundProbe();
     const Operator worker({[&](QWidget*) { widget.reset(); }});
+    trigger(*widget, "Change Variable");
+    QVERIFY(worker.isDone());
+    QVERIFY(!widget);
+}
+
+// While the box stands that tells of a name that is none.
+void VariableChangeTest::aWidgetThatGoesMeanwhileTakesItsRefusalWithIt() {
+    auto widget = boundProbe();
+    const Operator worker({typeVariable("NO_SUCH"), [&](QWidget*) { widget.reset(); }});
     trigger(*widget, "Change Variable");
     QVERIFY(worker.isDone());
     QVERIFY(!widget);

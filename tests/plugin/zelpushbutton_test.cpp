@@ -78,6 +78,9 @@ private Q_SLOTS:
     void itLetsGoWhenItGetsAnotherMode();
     void itLetsGoOfARecordThatTheStoreMoved();
     void itLetsGoOfAnAlias();
+    void itLetsGoOfTheVariableThatWasPressedWhateverWasBoundBefore();
+    void anotherNameForTheHeldVariableEndsNoHold();
+    void aRefusedNameEndsNoHold();
     void aButtonThatIsNotHeldLetsNothingGo();
 
 private:
@@ -532,6 +535,44 @@ void ZelPushButtonTest::itLetsGoOfAnAlias() {
     panel.press();
     panel.push().hide();
     QCOMPARE(writes(), QStringList({pressed, released}));
+}
+
+void ZelPushButtonTest::itLetsGoOfTheVariableThatWasPressedWhateverWasBoundBefore() {
+    platform().logical("LIGHT").value(0);
+    platform().alias("LAMP", "LIGHT");
+    for (const char* between : {"LAMP", "not_set"}) {
+        const Panel panel(ZelPushButton::Momentary);
+        panel.push().setName("HORN");
+        panel.push().setName(between);
+        panel.push().setName("LAMP");
+        platform().forgetCalls();
+        panel.press();
+        panel.push().hide();
+        QCOMPARE(writes(), QStringList({"set_logical_variable LIGHT 1 0 null", "set_logical_variable LIGHT 0 0 null"}));
+    }
+}
+
+// As at the end of a reconfiguration, which names a variable by its own name where it was shown by its alias.
+void ZelPushButtonTest::anotherNameForTheHeldVariableEndsNoHold() {
+    platform().alias("SIGNAL", "HORN");
+    const Panel panel(ZelPushButton::Momentary);
+    panel.push().setName("SIGNAL");
+    panel.press();
+    platform().forgetCalls();
+    panel.push().setName("HORN");
+    panel.push().setName("SIGNAL");
+    QCOMPARE(writes(), QStringList());
+    panel.push().hide();
+    QCOMPARE(writes(), QStringList{released});
+}
+
+void ZelPushButtonTest::aRefusedNameEndsNoHold() {
+    platform().real("SPEED");
+    const Panel panel(ZelPushButton::Momentary);
+    panel.press();
+    platform().forgetCalls();
+    panel.push().setName("SPEED");
+    QCOMPARE(writes(), QStringList());
 }
 
 void ZelPushButtonTest::aButtonThatIsNotHeldLetsNothingGo() {

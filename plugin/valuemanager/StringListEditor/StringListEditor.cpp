@@ -77,10 +77,10 @@ void StringListEditor::on_deleteListItemButton_clicked() {
     }
     if (row == ui->listWidget->count())
         --row;
-    if (row < 0)
-        updateEditor();
-    else
+    if (row >= 0)
         ui->listWidget->setCurrentRow(row);
+    // The list moves its current row before the deleted one is gone, and then has nothing more to tell.
+    updateEditor();
 }
 
 void StringListEditor::moveItem(int from, int to) {
