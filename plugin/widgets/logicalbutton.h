@@ -61,8 +61,8 @@ protected:
 
     // The bound record; null without one, and where the store has made a variable of another kind of it.
     LOGICAL_VARIABLE* record() const;
-    // The same, in lptr too, and the record for who writes: where the store was reconfigured since, the variable is looked
-    // up, since the record's place may be another variable's by now. The binding stays as it is.
+    // The same, in lptr too, and the record for who writes: where the store was reconfigured since, the variable is
+    // looked up, since the record's place may be another variable's by now. The binding stays as it is.
     LOGICAL_VARIABLE* recordToWrite();
     // The bound variable, by the name that stands in its record; empty without one.
     const QString& variable() const { return m_variable; }

@@ -119,5 +119,5 @@ void StringListEditor::keyPressEvent(QKeyEvent* event) {
     if (isWindow())
         QDialog::keyPressEvent(event);
     else
-        QWidget::keyPressEvent(event);
+        QWidget::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call): a dialog would take Return and Escape
 }
