@@ -308,6 +308,7 @@ double ZelDialGauge::getValue() const {
 
 void ZelDialGauge::setToolTipString(const QString& toolTip) {
     remember("toolTip", toolTip);
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
 }
 

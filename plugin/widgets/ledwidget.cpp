@@ -170,6 +170,7 @@ void ZelLed::setHideName(bool hide) {
 }
 
 void ZelLed::setToolTipString(const QString& toolTip) {
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
     remember("toolTip", toolTip);
 }

@@ -123,6 +123,7 @@ QString LogicalButton::getToolTip() const {
 }
 
 void LogicalButton::setToolTipString(const QString& toolTip) {
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
     remember("toolTip", toolTip);
 }

@@ -107,6 +107,7 @@ void SimpleValueBase::setNameMaxWidth(int width) {
 }
 
 void SimpleValueBase::setToolTipString(const QString& toolTip) {
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
     if (!m_mark->isShown())
         showToolTip();

@@ -215,6 +215,7 @@ void ZelSlider::setNameFont(const QFont& font) {
 }
 
 void ZelSlider::setToolTipString(const QString& toolTip) {
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
     remember("toolTip", toolTip);
 }

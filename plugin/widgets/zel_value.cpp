@@ -199,6 +199,7 @@ void ZelValue::setReadOnly(bool readOnly) {
 }
 
 void ZelValue::setToolTip(const QString& toolTip) {
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
     remember("toolTip", toolTip);
 }

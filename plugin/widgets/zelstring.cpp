@@ -163,6 +163,7 @@ void ZelString::setReadOnlyString(bool readOnly) {
 }
 
 void ZelString::setToolTipString(const QString& toolTip) {
+    _toolTip = toolTip;
     m_mark->setToolTip(toolTip);
     remember("toolTip", toolTip);
 }

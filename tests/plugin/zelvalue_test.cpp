@@ -23,6 +23,7 @@ public:
         setObjectName(QStringLiteral("display"));
         platform().forgetCalls();
     }
+    QString ownToolTip() const { return _toolTip; }
     QLineEdit* value() const { return findChild<QLineEdit*>("value"); }
     QLabel* label() const { return findChild<QLabel*>("name"); }
     QLabel* unitsLabel() const { return findChild<FlashingLabel*>("units_label"); }
@@ -284,6 +285,8 @@ void ZelValueTest::anUnknownVariableIsMarked() {
     widget.setToolTip("another");
     QVERIFY(widget.isMarkedMissing());
     QCOMPARE(widget.getToolTip(), QString("another"));
+    // A subclass finds it there.
+    QCOMPARE(widget.ownToolTip(), QString("another"));
 }
 
 void ZelValueTest::anUnknownVariableTakesTheUnitsOfTheFormerWithIt() {
