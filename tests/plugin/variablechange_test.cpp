@@ -1,6 +1,7 @@
 // "Change Variable" and "Change Units" in the menu of any bound widget.
 #include <QDialogButtonBox>
 #include <QMessageBox>
+#include <algorithm>
 #include <memory>
 
 #include "qttests.h"
@@ -67,9 +68,12 @@ Operator::Step chooseUnits(const QString& units, QStringList* offered = nullptr)
 }
 
 void trigger(QWidget& widget, const QString& text) {
-    for (QAction* action : widget.actions())
-        if (action->text() == text)
-            action->trigger();
+    const QList<QAction*> actions = widget.actions();
+    const auto found =
+        std::find_if(actions.begin(), actions.end(), [&](const QAction* action) { return action->text() == text; });
+    // The widget may be gone when it comes back.
+    if (found != actions.end())
+        (*found)->trigger();
 }
 
 // A widget on the screen, bound to SPEED.
