@@ -2,9 +2,11 @@
 #ifndef OSTREL_TESTS_SMALLMEMORY_H
 #define OSTREL_TESTS_SMALLMEMORY_H
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/statvfs.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,6 +25,29 @@ inline bool mountOwn(int megabytes) {
 }
 
 }  // namespace smallmemory
+
+inline double freeMegabytes() {
+    struct statvfs room {};
+    EXPECT_EQ(statvfs("/dev/shm", &room), 0);
+    return static_cast<double>(room.f_bavail * room.f_frsize) / (1 << 20);
+}
+
+// Fills the shared memory but for so many megabytes, for as long as it lives.
+class Filler {
+public:
+    explicit Filler(double left = 0) : m_fd(open("/dev/shm/filler", O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+        EXPECT_EQ(posix_fallocate(m_fd, 0, static_cast<off_t>((freeMegabytes() - left) * (1 << 20))), 0);
+    }
+    ~Filler() {
+        unlink("/dev/shm/filler");
+        close(m_fd);
+    }
+    Filler(const Filler&) = delete;
+    Filler& operator=(const Filler&) = delete;
+
+private:
+    int m_fd;
+};
 
 // Runs the steps in the child; a failed expectation there fails the test. Skips the test where the system allows
 // nobody a file system of his own.

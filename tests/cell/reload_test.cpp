@@ -1,7 +1,5 @@
 // Reading the file again while the cell is served.
-#include <fcntl.h>
 #include <ostrel/events.h>
-#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -232,12 +230,6 @@ protected:
         return *static_cast<const RECONFIG_DATA*>(get_private_shrd_mem(block, sizeof(RECONFIG_DATA)));
     }
 
-    static double freeMegabytes() {
-        struct statvfs memory {};
-        EXPECT_EQ(statvfs("/dev/shm", &memory), 0);
-        return static_cast<double>(memory.f_bfree * memory.f_bsize) / (1 << 20);
-    }
-
     static std::string huge(const std::string& name) { return "[real_array." + name + "]\nsize = [1900, 1900]\n"; }
     // More arrays than the store was made for.
     static std::string many() {
@@ -290,24 +282,6 @@ TEST_F(RefusedReload, LeavesTheStoreAsItWasWhereItHadToGrow) {
     });
 }
 
-// Fills the shared memory but for so many megabytes.
-class Filler {
-public:
-    explicit Filler(double left, double free) : m_fd(memory("/dev/shm/filler")) {
-        EXPECT_EQ(posix_fallocate(m_fd, 0, static_cast<off_t>((free - left) * (1 << 20))), 0);
-    }
-    ~Filler() {
-        unlink("/dev/shm/filler");
-        close(m_fd);
-    }
-    Filler(const Filler&) = delete;
-    Filler& operator=(const Filler&) = delete;
-
-private:
-    static int memory(const char* path) { return open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0600); }
-    int m_fd;
-};
-
 // Whatever it is that the memory does not suffice for: records, what clients may write to them, or their names.
 TEST_F(RefusedReload, LeavesTheStoreAsItWasHoweverMuchIsLeft) {
     withSharedMemoryOf(128, [this] {
@@ -317,7 +291,7 @@ TEST_F(RefusedReload, LeavesTheStoreAsItWasHoweverMuchIsLeft) {
             many += "[integer.N" + std::to_string(i) + "]\n";
         std::set<std::string> culprits;
         for (const double left : {0.5, 3.0, 7.0, 1.0, 40.0}) {
-            const Filler filler(left, freeMegabytes());
+            const Filler filler(left);
             int status = 0;
             const std::string reason = withoutBytes(reload(many + other, status));
             if (status == 0)

@@ -227,8 +227,11 @@ void GroupRulesTest::aFlexibleFontAppliesTheTextColourAgain() {
     fill(plain);
     value = plain.findChild<ZelSimpleValue_fl*>();
     const QColor own = value->getColor();
+    QVERIFY(!value->getNameColor().isValid());
     plain.setGrpFont(QFont("Sans", 15));
     QCOMPARE(value->getColor(), own);
+    // The name was given the invalid colour too, which is its palette's.
+    QCOMPARE(value->getNameColor(), label(value, "name")->palette().text().color());
     QCOMPARE(label(value, "value")->styleSheet(), QString("QLabel { color: rgb(0,0,0);}"));
 }
 

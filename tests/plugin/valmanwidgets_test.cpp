@@ -376,6 +376,9 @@ void ValManWidgetsTest::whatEndsTheProcess_data() {
         << QStringList{"ok", "NONE", "exit"} << 0 << unknown.arg("NONE") + "\ncommit\n";
     QTest::newRow("cancel exits") << QStringList{"cancel", "", ""} << 0 << "";
     QTest::newRow("cancel tells and exits") << QStringList{"cancel", "NONE", ""} << 0 << unknown.arg("NONE") + "\n";
+    QTest::newRow("cancel raises and exits") << QStringList{"cancel", "KNOWN", ""} << 0 << "";
+    QTest::newRow("cancel tells of a refusal and exits")
+        << QStringList{"cancel", "REFUSED", ""} << 0 << failed.arg("REFUSED") + "\n";
 }
 
 void ValManWidgetsTest::whatEndsTheProcess() {
@@ -393,7 +396,9 @@ void ValManWidgetsTest::whatEndsTheProcess() {
 static int clickTheButton(int argc, char** argv) {
     QApplication application(argc, argv);
     startAsHost();
-    platform().alwaysAnswer("event_get_id", -251);
+    const QByteArray event = argv[2];
+    platform().alwaysAnswer("event_get_id", event == "NONE" ? -251 : 0);
+    platform().alwaysAnswer("event_set", event == "REFUSED" ? -3 : 0);
     platform().string("TEXT").text("before");
     ValManStringWidget text;
     text.setName("TEXT");

@@ -390,6 +390,11 @@ void VariableSelectionDialogTest::aFilterWithoutMembersNeverOffersThem() {
     opened.member->addItem("AV");
     opened.type("a.");
     QVERIFY(opened.offers({}));
+    // No keyboard types it, a host may set it.
+    opened.member->setEnabled(true);
+    opened.member->addItem("AV");
+    opened.variable->setEditText("a.b");
+    QVERIFY(opened.offers({}));
 }
 
 void VariableSelectionDialogTest::anEmptyBoxKeepsTheMembers() {

@@ -272,6 +272,9 @@ void ZelVariableTest::anEntryIsSelectedByItsText() {
     // Chosen by hand.
     emit loaded.box()->activated(1);
     QCOMPARE(loaded.widget.variable(), QString("CODES"));
+    Loaded bare(QT_OSTREL_REAL, true);
+    emit bare.box()->activated(bare.box()->findText("power"));
+    QCOMPARE(bare.widget.variable(), QString("power"));
 }
 
 void ZelVariableTest::whatIsTypedIsCompleted() {

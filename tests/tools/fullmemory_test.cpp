@@ -1,8 +1,4 @@
 // Programs while the shared memory is full: they may refuse what they are asked for, but no signal ends one.
-#include <fcntl.h>
-#include <sys/statvfs.h>
-#include <unistd.h>
-
 #include <csignal>
 #include <fstream>
 
@@ -11,25 +7,6 @@
 #include "toolstest.h"
 
 namespace {
-
-// Fills the shared memory to the last byte for as long as it lives.
-class Filler {
-public:
-    Filler() : m_fd(open("/dev/shm/filler", O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-        struct statvfs room {};
-        EXPECT_EQ(statvfs("/dev/shm", &room), 0);
-        EXPECT_EQ(posix_fallocate(m_fd, 0, static_cast<off_t>(room.f_bavail * room.f_frsize)), 0);
-    }
-    ~Filler() {
-        unlink("/dev/shm/filler");
-        close(m_fd);
-    }
-    Filler(const Filler&) = delete;
-    Filler& operator=(const Filler&) = delete;
-
-private:
-    int m_fd;
-};
 
 class FullMemory : public testing::Test {
 protected:
