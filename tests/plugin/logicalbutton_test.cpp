@@ -348,7 +348,10 @@ void LogicalButtonTest::anUnknownEnableVariableChangesNothing() {
     const auto ready = platform().logical("READY").value(0);
     Operated panel(m_kind.make());
     panel.widget->setName("PUMP");
+    const DebugLines debug;
     panel.setEnableVariable("NOBODY");
+    QCOMPARE(debug.lines(), QStringList());
+    QVERIFY(!QApplication::activeModalWidget());
     QVERIFY(panel.button->isEnabled());
     QCOMPARE(panel.enableVariable(), QString("NOBODY"));
     panel.setEnableVariable("READY");
@@ -380,10 +383,13 @@ void LogicalButtonTest::anEnableVariableOfAnotherKindChangesNothing() {
     const auto ready = platform().logical("READY").value(0);
     Operated panel(m_kind.make());
     panel.widget->setName("PUMP");
+    const DebugLines debug;
     panel.setEnableVariable(label);
     panel.tick();
     QVERIFY(panel.button->isEnabled());
     QCOMPARE(panel.enableVariable(), label);
+    QCOMPARE(debug.lines(), QStringList());
+    QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(
         platform().calls({"cacheProperty"}).last(),
         QStringLiteral("cacheProperty %1 button enableVariableName %2 loading").arg(QLatin1String(m_kind.name), label));

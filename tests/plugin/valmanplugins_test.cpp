@@ -9,7 +9,9 @@
 #include "collection/ostrelplugins.h"
 #include "plugintest.h"
 #include "qttests.h"
+#include "valuemanager/ComboBoxPlugin/ComboBoxContentsCommand.h"
 #include "valuemanager/ComboBoxPlugin/ValManComboBoxTaskMenu.h"
+#include "valuemanager/ComboBoxPlugin/ValManComboBoxWidget.h"
 #include "valuemanager/ValueManagerPluginBase.h"
 #include "valuemanager/ValueManagerWidgetBase.h"
 
@@ -199,6 +201,14 @@ void ValManPluginsTest::anEntryWithoutAFormDoesNothing() {
         menu->preferredEditAction()->trigger();
         QVERIFY(!QApplication::activeModalWidget());
     }
+    ValManComboBoxWidget widget(nullptr);
+    widget.setProperty("comboBoxContents", "a;b");
+    ComboBoxContentsCommand command(&widget, "a;b", "c");
+    command.redo();
+    QCOMPARE(widget.property("comboBoxContents").toString(), QString("a;b"));
+    widget.setProperty("comboBoxContents", "d");
+    command.undo();
+    QCOMPARE(widget.property("comboBoxContents").toString(), QString("d"));
 }
 
 void ValManPluginsTest::otherInterfacesAndWidgetsHaveNoMenu() {

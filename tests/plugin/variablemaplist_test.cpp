@@ -259,7 +259,8 @@ void VariableMapListTest::variablesStandInStoreOrderAndAliasesBehindThem() {
     areas.attributes().max_num_gu_real = 4;
     areas.put<REAL_VARIABLE>(GU_REAL_MEM, 0, "ZETA");
     areas.put<REAL_VARIABLE>(GU_REAL_MEM, 1, "RETIRED").active = 0;
-    areas.put<REAL_VARIABLE>(GU_REAL_MEM, 2, "BETA");
+    // Any number that is not zero counts as active here.
+    areas.put<REAL_VARIABLE>(GU_REAL_MEM, 2, "BETA").active = 2;
     areas.put<REAL_VARIABLE>(GU_REAL_MEM, 3, "ALPHA");
     platform().alias("A_BETA", "BETA");
     platform().alias("Z_ZETA", "ZETA");
